@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/Drives.h"
+#include "core/ReportError.h"
+#include "core/basGeneral.h"
+#include "datatree/basTree.h"
+
+namespace Dorvane {
+
+namespace {
+
+// True when the folder was missing; it is made then.
+bool MakeMissingFolder(Guard& guard, const std::string& path) {
+    std::string tested = path;
+    if (FolderExists(tested))
+        return false;
+    guard.Run([&] { Drives::CreateFolder(path); });
+    return true;
+}
+
+void Register(const SurveyAnswer& survey, const List1<std::string>& types) {
+    const std::string today = DashedDate(TheDesktop().Now());
+    for (const std::string& type : types) {
+        UpdatePthFileAdd(survey.Root, survey.Location, type, survey.Epoch);
+        UpdateHisFileAdd(survey.Root, survey.Location, type, survey.Epoch, survey.NewHistory, today);
+    }
+}
+
+void MakeCoordinateFiles(Guard& guard, const std::string& location, const SurveyServices& services) {
+    const std::string folder = Global().Coord_path + location;
+    if (MakeMissingFolder(guard, folder))
+        guard.Run([&] { services.WriteCoordNew(folder + "\\", location); });
+}
+
+void MakeEpochFolder(Guard& guard, const std::string& path, const std::string& epoch,
+                     const SurveyServices& services) {
+    MakeMissingFolder(guard, path);
+    const std::string index = epoch + ".IDX";
+    if (!FileExists(path + "\\" + index))
+        guard.Run([&] { services.WriteSrvNew(path + "\\", index); });
+}
+
+// Makes what is missing on the disk, each folder behind the one that holds it.
+void MakeFolders(Guard& guard, const SurveyAnswer& survey, const List1<std::string>& types,
+                 const SurveyServices& services) {
+    const std::string root = Global().Data_drive + survey.Root;
+    const std::string location = root + "\\" + survey.Location;
+    MakeMissingFolder(guard, root);
+    MakeMissingFolder(guard, location);
+    MakeCoordinateFiles(guard, survey.Location, services);
+    for (const std::string& type : types)
+        MakeMissingFolder(guard, location + "\\" + type);
+    MakeMissingFolder(guard, location + "\\ADJUST");
+    for (const std::string& type : types)
+        MakeEpochFolder(guard, location + "\\" + type + "\\" + survey.Epoch, survey.Epoch, services);
+    MakeMissingFolder(guard, location + "\\ADJUST\\" + survey.Epoch);
+}
+
+}  // namespace
+
+void AddSurvey(const SurveyAnswer& survey, const SurveyServices& services, TreeModel& tree) {
+    if (survey.Root.empty() || survey.Location.empty() || survey.TypeMulti.empty() || survey.Epoch.empty())
+        return;
+    Guarded("frmTree-cmdAdd_Click", [&](Guard& guard) {
+        List1<std::string> types;
+        ParseFields(types, survey.TypeMulti);
+        Register(survey, types);
+        MakeFolders(guard, survey, types, services);
+        ReloadPathRecords(services.Waiting, "Updating Tarvex data folders.");
+        tree.Clear();
+        TarvexTreeSetup(Global().PathRecords, Global().PathRecords.Count(), tree);
+    });
+}
+
+}  // namespace Dorvane
