@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "core/List1.h"
+#include "upload/DataTypes.h"
+
+// What the upload screen shows and remembers, and how it follows from the two folders.
+namespace Dorvane {
+
+/// The state of the upload screen. Folders end in a backslash once they were found to exist.
+struct UploadState {
+    std::string FromPath;          // lblFromPath, the collection folder
+    bool FromPathMissing = false;  // drawn in red
+    std::string ToPath;            // lblToPath, the survey folder
+    bool ToPathMissing = false;    // drawn in red
+    std::string DataTypeName;      // lblDataType; empty when the target path names no data type
+    DataType CurrentDataType;      // the one in force: the last that a target path named
+    List1<std::string> FileNames;  // lstFileNames: the patterns, then the files of the collection folder
+    std::string FileSelection;     // lblFileSelection: a file's name, or patterns separated by blanks
+    bool PrintUpload = false;      // chkPrintUpload
+    std::string WasteBin;          // picture of cmdDelete999, below the program's folder
+};
+
+/// Takes the folders and the print switch from section "Upload Select" of dv_tarvex.ini, and derives the
+/// rest. A print value whose number is neither 0 nor 1 leaves the switch as it is.
+void LoadUploadState(UploadState& state);
+
+/// Writes the folders that exist, and the print switch, back to that section.
+void SaveUploadState(UploadState& state);
+
+/// Derives the data type from the target path, then runs Update. Without a match the former type stays in
+/// force, though none is shown. Reports as "frmUploadMenu-TotalUpdate".
+void TotalUpdate(UploadState& state);
+
+/// Rebuilds the list of choices with its default selection, the first item, and the waste bin. All stays as
+/// it was when the collection folder does not exist. Reports as "frmUploadMenu-Update".
+void Update(UploadState& state);
+
+/// The animation of the meters, as a path: what key `FileCopy` names in the data type's section of
+/// "Datatype.ini" when the program's graphics folder holds it, else the one for all.
+std::string CopyAnimation(const std::string& dataTypeName);
+
+}  // namespace Dorvane

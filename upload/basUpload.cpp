@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "upload/basUpload.h"
+
+#include <fmt/format.h>
+
+#include <set>
+
+#include "core/Drives.h"
+#include "core/LineReader.h"
+#include "core/LineWriter.h"
+#include "core/ReportError.h"
+#include "core/Text.h"
+#include "core/basGeneral.h"
+#include "core/basPrint.h"
+#include "upload/Messages.h"
+
+namespace Dorvane {
+
+namespace {
+
+bool ListInIndex(const std::string& toPath, const std::string& fileName, const std::string& fileDate,
+                 const std::string& surveyIndexName) {
+    const int point = InStr(fileName, ".");
+    if (point == 0)
+        throw RunTimeError(InvalidProcedureCall);
+    const std::string base = Left(fileName, point - 1);
+    return UpdateSrvIdx(toPath, surveyIndexName, base, Mid(fileName, point + 1), base, fileDate);
+}
+
+bool PrintUploaded(const std::string& printProgram, const std::string& fromPath, const std::string& toPath,
+                   const std::string& fileName) {
+    if (printProgram == "GENERIC") {
+        // The heading thus shows the file's name twice, which is meant: what is shown ends with the name
+        // itself.
+        return PrintGenFile(fromPath, fileName, toPath + fileName) == 1;
+    }
+    RunAndWait(AppPath() + "Programs\\" + printProgram + " " + toPath + fileName);
+    return true;
+}
+
+std::set<std::string> NamesIn(const std::string& folder, const std::string& pattern) {
+    std::set<std::string> names;
+    for (const Drives::Entry& entry : Drives::List(folder, pattern))
+        names.insert(UpperCase(entry.Name));
+    return names;
+}
+
+}  // namespace
+
+bool UploadFile(const std::string& fromPath, const std::string& toPath, const std::string& fileName,
+                const std::string& fileDate, const std::string& surveyIndexName, std::int16_t printFlag,
+                const std::string& dataTypeName) {
+    bool uploaded = false;
+    Guarded("basUpload-UploadFile", [&](Guard& guard) {
+        const UploadKeys keys = ReadUploadKeys(dataTypeName, BehindFirstPoint(fileName));
+        const std::string target = toPath + fileName;
+        const bool targetExists = FileExists(target);
+        if (targetExists && !keys.Append) {
+            ShowWarning("File " + fileName + " already exists in " + toPath + " .  Can not upload",
+                        "File already exists");
+            return;
+        }
+        const bool placed = targetExists ? AppendDataFile(fromPath, toPath, fileName)
+                                         : guard.Run([&] { Drives::CopyFile(fromPath + fileName, target); });
+        if (!placed)
+            return;
+        if (keys.InSurveyIndex && !ListInIndex(toPath, fileName, fileDate, surveyIndexName))
+            return;
+        if (printFlag == 1 && !keys.PrintProgram.empty() &&
+            !PrintUploaded(keys.PrintProgram, fromPath, toPath, fileName))
+            return;
+        uploaded = UploadRename(fromPath, fileName);
+    });
+    return uploaded;
+}
+
+bool UploadRename(const std::string& fromPath, const std::string& fileName) {
+    return Guarded("basUpload-UploadRename", [&](Guard& guard) {
+        const std::string base = Left(fileName, InStr(fileName, "."));
+        const std::set<std::string> taken = NamesIn(fromPath, base + "*");
+        for (int n = 999; n >= 1; --n) {
+            const std::string candidate = fmt::format("{}{:03}", base, n);
+            if (taken.contains(UpperCase(candidate)))
+                continue;
+            guard.Run([&] { Drives::RenameFile(fromPath + fileName, fromPath + candidate); });
+            return;
+        }
+    });
+}
+
+bool AppendDataFile(const std::string& fromPath, const std::string& toPath, const std::string& fileName) {
+    bool appended = false;
+    Guarded("basUpload-AppendDataFile", [&](Guard& guard) {
+        appended = guard.Run([&] {
+            LineReader source(fromPath + fileName);
+            LineAppender target(toPath + fileName);
+            while (!source.AtEnd())
+                target.Line(source.ReadLine());
+            target.Close();
+        });
+    });
+    return appended;
+}
+
+}  // namespace Dorvane
