@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "programs/fieldbook/ProtocolText.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/Pattern.h"
+#include "core/Text.h"
+
+namespace Dorvane {
+
+std::string Fixed(double value, int decimals, int width) {
+    const std::string places(static_cast<std::size_t>(decimals), '0');
+    return Pattern(decimals == 0 ? "0" : "0." + places)(value, width);
+}
+
+std::string Fixed(const std::optional<double>& value, int decimals, int width) {
+    return value ? Fixed(*value, decimals, width) : RightJustify("-", width);
+}
+
+std::string Excerpt(std::string_view line) {
+    constexpr std::size_t longest = 60;
+    std::string text(line.substr(0, longest));
+    for (char& c : text)
+        if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F)
+            c = '.';
+    return line.size() > longest ? text + " ..." : text;
+}
+
+std::vector<std::string> RemarkLines(const std::vector<Remark>& remarks) {
+    long last = 0;
+    for (const Remark& remark : remarks)
+        last = std::max(last, remark.Line);
+    const std::size_t width = std::to_string(last).size();
+    std::vector<std::string> lines;
+    for (const Remark& remark : remarks) {
+        if (remark.Line > 0)
+            lines.push_back(
+                fmt::format("  {}, line {:>{}}: {}", remark.File, remark.Line, width, remark.Text));
+        else if (!remark.File.empty())
+            lines.push_back(fmt::format("  {}: {}", remark.File, remark.Text));
+        else
+            lines.push_back("  " + remark.Text);
+    }
+    return lines;
+}
+
+std::vector<std::string> Heading(const std::string& text) {
+    return {text, std::string(text.size(), '-')};
+}
+
+std::string FileOf(const std::string& path) {
+    return path.substr(path.find_last_of('\\') + 1);
+}
+
+std::optional<double> Spread(double squares, long freedom) {
+    if (freedom < 1)
+        return std::nullopt;
+    return std::sqrt(squares / static_cast<double>(freedom));
+}
+
+}  // namespace Dorvane
