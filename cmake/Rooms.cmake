@@ -1,0 +1,44 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# How every folder of the system is built: warnings are errors, the finished program is one folder
+# that can be carried away, and each folder's tests are one executable labelled with its name.
+
+set(DORVANE_FOLDER "${CMAKE_BINARY_DIR}/dorvane")
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # GCC 12 sees overlaps in std::string's operator+ that are not there (GCC bug 105651).
+  add_compile_options(-Wno-restrict)
+endif()
+if(DORVANE_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# dorvane_room(NAME USES libs...): the logic of one folder as a static library dorvane_NAME.
+function(dorvane_room name)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;USES" ${ARGN})
+  add_library(dorvane_${name} STATIC ${ROOM_SOURCES})
+  target_include_directories(dorvane_${name} PUBLIC "${PROJECT_SOURCE_DIR}")
+  target_link_libraries(dorvane_${name} PUBLIC ${ROOM_USES})
+endfunction()
+
+# dorvane_program(NAME FILE SOURCES ... USES ...): one outside program, built under its DOS-style file
+# name into Programs/, where the system looks for it on every platform.
+function(dorvane_program name file)
+  cmake_parse_arguments(PROGRAM "" "" "SOURCES;USES" ${ARGN})
+  add_executable(${name} ${PROGRAM_SOURCES})
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}")
+  target_link_libraries(${name} PRIVATE ${PROGRAM_USES})
+  set_target_properties(${name} PROPERTIES
+    OUTPUT_NAME "${file}" SUFFIX "" RUNTIME_OUTPUT_DIRECTORY "${DORVANE_FOLDER}/Programs")
+endfunction()
+
+# dorvane_tests(NAME SOURCES ... USES ...): the tests of one folder, each known to CTest by itself.
+function(dorvane_tests name)
+  cmake_parse_arguments(TESTS "" "" "SOURCES;USES" ${ARGN})
+  add_executable(test_${name} ${TESTS_SOURCES})
+  target_include_directories(test_${name} PRIVATE "${PROJECT_SOURCE_DIR}")
+  target_link_libraries(test_${name} PRIVATE ${TESTS_USES} GTest::gmock_main)
+  gtest_discover_tests(test_${name} TEST_PREFIX "${name}." PROPERTIES LABELS "${name}" TIMEOUT 300
+    DISCOVERY_TIMEOUT 60)
+endfunction()

@@ -1,0 +1,343 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/Drives.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "core/Globals.h"
+#include "core/Host.h"
+#include "core/RunTimeError.h"
+#include "core/Text.h"
+
+namespace Dorvane::Drives {
+
+namespace {
+
+// Files on their way to their place carry this ending and are never listed.
+constexpr std::string_view StagedEnding = ".dv~";
+
+bool EndsWith(std::string_view text, std::string_view ending) {
+    return text.size() >= ending.size() && text.substr(text.size() - ending.size()) == ending;
+}
+
+std::string LinkOf(char letter) {
+    return Global().DrivesFolder + static_cast<char>(letter | 0x20) + ":";
+}
+
+bool IsLetter(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+bool DriveIsThere(char letter) {
+    return Host::PathsAreDrivePaths() ? Host::Inspect(std::string(1, letter) + ":\\").Exists
+                                      : Host::Inspect(LinkOf(letter)).IsFolder;
+}
+
+// The host names in `folder` that a name of ours stands for: the one spelled alike, else the first that is
+// equal ignoring case. A "?" that stands for a character outside the code page is found this way, too.
+std::optional<std::string> HostNameIn(const std::string& folder, const std::string& name) {
+    std::string exact = Utf8FromText(name);
+    if (Host::Inspect(folder + exact).Exists)
+        return exact;
+    if (!Host::Inspect(folder).IsFolder)
+        return std::nullopt;
+    std::optional<std::string> found;
+    for (const std::string& candidate : Host::FolderNames(folder))
+        if (EqualIgnoringCase(TextFromUtf8(candidate), name) && (!found || candidate < *found))
+            found = candidate;
+    return found;
+}
+
+std::string FolderWhereWeAre() {
+    return Global().CurrentDrive == 0 ? Host::WorkingFolder() + "/" : LinkOf(Global().CurrentDrive) + "/";
+}
+
+// The host folder at which a path begins; what follows it stays in `path`.
+std::string StartOf(std::string_view& path) {
+    if (path.size() >= 2 && path[1] == ':') {
+        if (!IsLetter(path[0]))
+            throw RunTimeError(BadFileName, std::string(path));
+        if (!DriveIsThere(path[0]))
+            throw RunTimeError(DeviceUnavailable, std::string(path));
+        std::string start = LinkOf(path[0]) + "/";
+        path.remove_prefix(2);
+        return start;
+    }
+    if (!path.empty() && path.front() == '\\' && Global().CurrentDrive == 0)
+        return LinkOf('Z') + "/";
+    return FolderWhereWeAre();
+}
+
+void CheckCharacters(std::string_view path) {
+    if (path.empty() || path.find_first_of(std::string_view("\0<>|\"*?/", 8)) != std::string_view::npos)
+        throw RunTimeError(BadFileName, std::string(path));
+}
+
+// `path` with "/" for its links, found part by part. Parts that are not there stand as given.
+std::string FindParts(std::string host, std::string_view path) {
+    bool there = true;
+    while (!path.empty()) {
+        const std::size_t end = path.find('\\');
+        const std::string part(path.substr(0, end));
+        path.remove_prefix(end == std::string_view::npos ? path.size() : end + 1);
+        if (part.empty())
+            continue;
+        const std::optional<std::string> found = there ? HostNameIn(host, part) : std::nullopt;
+        there = found.has_value();
+        host += found.value_or(Utf8FromText(part));
+        if (end != std::string_view::npos)
+            host += '/';
+    }
+    return host;
+}
+
+bool MatchesFrom(std::string_view name, std::string_view pattern) {
+    if (pattern.empty())
+        return name.empty();
+    if (pattern.front() == '*') {
+        for (std::size_t skipped = 0; skipped <= name.size(); ++skipped)
+            if (MatchesFrom(name.substr(skipped), pattern.substr(1)))
+                return true;
+        return false;
+    }
+    if (pattern.front() == '?') {
+        // Before a point or the end of the name a question mark stands for nothing, as DOS has it.
+        if (name.empty() || name.front() == '.')
+            return MatchesFrom(name, pattern.substr(1));
+        return MatchesFrom(name.substr(1), pattern.substr(1));
+    }
+    return !name.empty() && name.front() == pattern.front() && MatchesFrom(name.substr(1), pattern.substr(1));
+}
+
+Entry EntryOf(std::string name, const Host::FileInfo& info) {
+    return {std::move(name), info.IsFolder, info.Size, info.Modified};
+}
+
+std::string WithoutTrailingSlash(std::string path) {
+    while (path.size() > 1 && path.back() == '/')
+        path.pop_back();
+    return path;
+}
+
+void LayOutDrives(const std::string& folder) {
+    if (Host::Inspect(folder + "z:").Exists)
+        return;
+    std::string made;
+    for (const char c : folder) {
+        made += c;
+        if (c == '/' && made.size() > 1 && !Host::Inspect(made).Exists)
+            Host::CreateFolder(made);
+    }
+    for (const char* name : {"c:", "c:/WINDOWS", "c:/TEMP"})
+        if (!Host::Inspect(folder + name).Exists)
+            Host::CreateFolder(folder + name);
+    Host::CreateLink(folder + "z:", "/");
+}
+
+}  // namespace
+
+void Open() {
+    const std::string named = Host::EnvironmentVariable("DORVANE_DRIVES");
+    Open(named.empty() ? Host::UserDataFolder() + "drives" : named);
+}
+
+void Open(const std::string& hostFolder) {
+    if (Host::PathsAreDrivePaths())
+        return;
+    std::string folder = WithoutTrailingSlash(hostFolder) + "/";
+    if (folder.front() != '/')
+        folder.insert(0, Host::WorkingFolder() + "/");
+    LayOutDrives(folder);
+    Global().DrivesFolder = folder;
+}
+
+std::string HostPath(std::string_view path) {
+    if (Host::PathsAreDrivePaths())
+        return Utf8FromText(path);
+    CheckCharacters(path);
+    if (Global().DrivesFolder.empty())
+        Open();
+    const bool folder = path.back() == '\\';
+    std::string start = StartOf(path);
+    const std::string host = FindParts(std::move(start), path);
+    return folder ? WithoutTrailingSlash(host) + "/" : host;
+}
+
+std::string DrivePath(const std::string& hostPath) {
+    if (Host::PathsAreDrivePaths())
+        return TextFromUtf8(hostPath);
+    if (Global().DrivesFolder.empty())
+        Open();
+    const bool folder = !hostPath.empty() && hostPath.back() == '/';
+    const std::string path = Host::RealPath(WithoutTrailingSlash(hostPath));
+    char nearest = 'Z';
+    std::size_t length = 0;
+    for (const char letter : DriveLetters()) {
+        const std::string root = WithoutTrailingSlash(Host::RealPath(LinkOf(letter)));
+        const bool above = path.compare(0, root.size(), root) == 0 &&
+                           (path.size() == root.size() || path[root.size()] == '/');
+        if (above && root.size() > length && root != "/") {
+            nearest = letter;
+            length = root.size();
+        }
+    }
+    std::string rest = TextFromUtf8(path.substr(length));
+    std::replace(rest.begin(), rest.end(), '/', '\\');
+    if (rest.empty() || rest.front() != '\\')
+        rest.insert(0, 1, '\\');
+    if (folder && rest.back() != '\\')
+        rest += '\\';
+    return std::string(1, nearest) + ":" + rest;
+}
+
+std::string DriveLetters() {
+    if (!Host::PathsAreDrivePaths() && Global().DrivesFolder.empty())
+        Open();
+    std::string letters;
+    for (char letter = 'A'; letter <= 'Z'; ++letter)
+        if (DriveIsThere(letter))
+            letters += letter;
+    return letters;
+}
+
+void ChangeDrive(char letter) {
+    if (!IsLetter(letter) || !DriveIsThere(letter))
+        throw RunTimeError(DeviceUnavailable, std::string(1, letter) + ":");
+    Global().CurrentDrive = static_cast<char>(letter & ~0x20);
+}
+
+std::string CurrentHostFolder() {
+    return FolderWhereWeAre();
+}
+
+std::vector<Entry> List(std::string_view folder, std::string_view pattern) {
+    const std::string host =
+        folder.empty() ? FolderWhereWeAre() : WithoutTrailingSlash(HostPath(folder)) + "/";
+    std::vector<Entry> entries;
+    if (!Host::Inspect(host).IsFolder)
+        return entries;
+    for (const std::string& hostName : Host::FolderNames(host)) {
+        std::string name = TextFromUtf8(hostName);
+        if (!Matches(name, pattern) || EndsWith(name, StagedEnding))
+            continue;
+        const Host::FileInfo info = Host::Inspect(host + hostName);
+        if (info.Exists)
+            entries.push_back(EntryOf(std::move(name), info));
+    }
+    std::vector<std::pair<std::string, std::size_t>> order;
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        order.emplace_back(UpperCase(entries[i].Name), i);
+    std::sort(order.begin(), order.end());
+    std::vector<Entry> sorted;
+    for (const auto& [key, i] : order)
+        sorted.push_back(std::move(entries[i]));
+    return sorted;
+}
+
+bool Matches(std::string_view name, std::string_view pattern) {
+    if (pattern == "*.*")
+        return true;
+    return MatchesFrom(UpperCase(name), UpperCase(pattern));
+}
+
+bool Find(std::string_view path, Entry& entry) {
+    const std::string host = HostPath(path);
+    const Host::FileInfo info = Host::Inspect(host);
+    if (info.Exists) {
+        const std::string name = WithoutTrailingSlash(host);
+        entry = EntryOf(TextFromUtf8(name.substr(name.find_last_of('/') + 1)), info);
+    }
+    return info.Exists;
+}
+
+std::string ReadFile(std::string_view path) {
+    return Host::ReadFile(HostPath(path));
+}
+
+std::int64_t FileLength(std::string_view path) {
+    Entry entry;
+    if (!Find(path, entry))
+        throw RunTimeError(FileNotFound, std::string(path));
+    return entry.Size;
+}
+
+void AppendFile(std::string_view path, std::string_view content) {
+    Host::AppendFile(HostPath(path), content);
+}
+
+void WriteFile(std::string_view path, std::string_view content) {
+    StagedFile file(path);
+    file.Write(content);
+    file.Commit();
+}
+
+void RenameFile(std::string_view from, std::string_view to) {
+    const std::string source = HostPath(from);
+    const std::string target = HostPath(to);
+    if (Host::Inspect(target).Exists && source != target)
+        throw RunTimeError(FileAlreadyExists, std::string(to));
+    Host::Rename(source, target);
+}
+
+void DeleteFile(std::string_view path) {
+    Host::Delete(HostPath(path));
+}
+
+void CreateFolder(std::string_view path) {
+    Host::CreateFolder(WithoutTrailingSlash(HostPath(path)));
+}
+
+struct StagedFile::State {
+    std::string Target;
+    std::string Staged;
+    std::intptr_t Handle = 0;
+    bool Committed = false;
+};
+
+StagedFile::StagedFile(std::string_view path) : Own(std::make_unique<State>()) {
+    // A link to a file elsewhere is followed, so that the link stays and its file is replaced.
+    Own->Target = Host::RealPath(HostPath(path));
+    Own->Staged = Own->Target + std::string(StagedEnding);
+    Own->Handle = Host::OpenStaged(Own->Staged, Own->Target);
+}
+
+StagedFile::~StagedFile() {
+    Host::CloseStaged(Own->Handle);
+    if (Own->Committed)
+        return;
+    try {
+        Host::Delete(Own->Staged);
+    } catch (const RunTimeError&) {
+        // What could not be taken away is not listed either, and the next write replaces it.
+    }
+}
+
+void StagedFile::Write(std::string_view content) {
+    Host::WriteStaged(Own->Handle, content);
+}
+
+void StagedFile::Commit() {
+    Host::CommitStaged(Own->Handle, Own->Staged, Own->Target);
+    Own->Committed = true;
+}
+
+void CopyFile(std::string_view from, std::string_view to) {
+    const std::string source = HostPath(from);
+    const std::string target = Host::RealPath(HostPath(to));
+    const std::string content = Host::ReadFile(source);
+    const std::string staged = target + std::string(StagedEnding);
+    const std::intptr_t handle = Host::OpenStaged(staged, target);
+    try {
+        Host::WriteStaged(handle, content);
+        Host::CopyTimeStamp(source, handle);
+        Host::CommitStaged(handle, staged, target);
+    } catch (const RunTimeError&) {
+        Host::CloseStaged(handle);
+        Host::Delete(staged);
+        throw;
+    }
+    Host::CloseStaged(handle);
+}
+
+}  // namespace Dorvane::Drives

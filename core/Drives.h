@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/DateText.h"
+
+// The only room that knows the host's files. Everything else speaks drive-letter paths with backslashes in
+// code page 1252. A path is found ignoring case. On Windows the mapping is the identity; elsewhere a folder
+// of links named "c:", "d:" ... "z:" leads to the host's folders, and a path without a letter lies on the
+// current drive. Host errors are raised as RunTimeError with the classic numbers: 53 no such file, 76 no such
+// path, 70 or 75 no permission, 61 disk full, 58 exists already, 67 too many files, 57 anything of the
+// device.
+namespace Dorvane::Drives {
+
+/// One entry of a folder.
+struct Entry {
+    std::string Name;  // as it stands on the disk
+    bool IsFolder = false;
+    std::int64_t Size = 0;  // bytes
+    DateTime Modified;      // local time
+};
+
+/// Takes the folder of links named by DORVANE_DRIVES or, without it, the one in the user's data folder, and
+/// lays out a first one: "c:" with WINDOWS\ and TEMP\ inside, "z:" the host's root.
+void Open();
+
+/// Takes a given host folder as the folder of links, laid out in the same way.
+void Open(const std::string& hostFolder);
+
+/// The host's name of a drive path, in the host's encoding. Each part is found ignoring case; parts that do
+/// not exist stand as given. Error 68 for a drive that is not there, 52 for an illegal path.
+std::string HostPath(std::string_view path);
+
+/// The drive path of a host path, by the drive whose folder is nearest above it.
+std::string DrivePath(const std::string& hostPath);
+
+/// The letters of the drives that are there, in upper case, rising.
+std::string DriveLetters();
+
+/// Makes a drive the current one; the current folder on it stays. Error 68 when it is not there.
+void ChangeDrive(char letter);
+
+/// The host folder in which an outside program is started: the current drive's, or the process's own.
+std::string CurrentHostFolder();
+
+/// Entries of a folder that match a DOS pattern ("*.*" matches every name), "." and ".." left out, by name
+/// ignoring case. Empty when the folder does not exist. Errors other than a missing folder are raised.
+std::vector<Entry> List(std::string_view folder, std::string_view pattern = "*.*");
+
+/// True when a name matches a DOS pattern, ignoring case.
+bool Matches(std::string_view name, std::string_view pattern);
+
+/// The entry that a path names, if there is one. A missing folder on the way is not an error.
+bool Find(std::string_view path, Entry& entry);
+
+std::string ReadFile(std::string_view path);
+std::int64_t FileLength(std::string_view path);
+
+/// Appends in one write, making the file when absent. What a full disk cut is taken back, so that the file
+/// holds all of `content` or none of it.
+void AppendFile(std::string_view path, std::string_view content);
+
+/// Replaces or makes a file as a whole (see StagedFile).
+void WriteFile(std::string_view path, std::string_view content);
+
+/// Copies byte for byte, time stamp included, replacing the target as a whole.
+void CopyFile(std::string_view from, std::string_view to);
+
+/// Error 58 when the new name exists.
+void RenameFile(std::string_view from, std::string_view to);
+void DeleteFile(std::string_view path);
+
+/// Makes one folder; a parent is never made. Error 75 when it exists, 76 when the parent is missing.
+void CreateFolder(std::string_view path);
+
+/// A file that is written beside its place and takes it only when it is whole and on disk. Opening already
+/// fails where the file could not be written. Without Commit the former file stays as it was.
+class StagedFile {
+  public:
+    explicit StagedFile(std::string_view path);
+    ~StagedFile();
+    StagedFile(const StagedFile&) = delete;
+    StagedFile& operator=(const StagedFile&) = delete;
+
+    void Write(std::string_view content);
+    void Commit();
+
+  private:
+    struct State;
+    std::unique_ptr<State> Own;
+};
+
+}  // namespace Dorvane::Drives

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/DateText.h"
+
+// What differs between hosts, each procedure once per host (Host_posix.cpp, Host_windows.cpp). Paths are host
+// paths in the host's encoding (UTF-8). Failures are RunTimeError.
+namespace Dorvane::Host {
+
+bool PathsAreDrivePaths();  // true where the host itself has drive letters
+
+std::string EnvironmentVariable(const std::string& name);
+std::string UserDataFolder();  // ends in a separator
+std::string ProgramFolder();   // folder of the running executable, ends in a separator
+std::string WorkingFolder();   // the process's current folder
+
+struct FileInfo {
+    bool Exists = false;
+    bool IsFolder = false;
+    std::int64_t Size = 0;
+    DateTime Modified;
+};
+FileInfo Inspect(
+    const std::string& path);  // a link counts as what it leads to; errors but absence are raised
+
+std::vector<std::string> FolderNames(
+    const std::string& folder);                 // without "." and ".."; raises 76 when missing
+std::string RealPath(const std::string& path);  // links followed; the path itself if it fails
+void CreateFolder(const std::string& path);
+void CreateLink(const std::string& link, const std::string& target);
+
+std::string ReadFile(const std::string& path);
+void AppendFile(const std::string& path, std::string_view content);
+
+/// Makes a new file for writing beside `target`, with the target's permissions where there is one; raises
+/// where the target could not be written. Returns a handle.
+std::intptr_t OpenStaged(const std::string& staged, const std::string& target);
+void WriteStaged(std::intptr_t handle, std::string_view content);
+void CloseStaged(std::intptr_t handle);  // drops the handle, nothing else
+void CommitStaged(std::intptr_t handle, const std::string& staged, const std::string& target);
+void CopyTimeStamp(const std::string& from, std::intptr_t handle);
+
+void Rename(const std::string& from, const std::string& to);
+void Delete(const std::string& path);
+
+DateTime Now();
+
+/// Starts a program with its arguments, no shell between, in a folder. Raises 53 when it cannot be started.
+/// Waits for its end when asked to.
+void Start(const std::string& program, const std::vector<std::string>& arguments, const std::string& folder,
+           bool wait);
+
+/// Claims a name for this process on this workstation, across users. A handle that lasts as long as the
+/// process, or -1 when another process holds the claim. However a process ends, its claim ends with it.
+std::intptr_t ClaimSingleInstance(const std::string& name);
+
+/// A library loaded at run time; 0 where it or the export is not there.
+std::intptr_t LoadLibrary(const std::string& path, std::string& reason);
+std::intptr_t FindExport(std::intptr_t library, const std::string& name);
+void FreeLibrary(std::intptr_t library);
+
+}  // namespace Dorvane::Host

@@ -1,0 +1,343 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <dirent.h>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+
+#include "core/Host.h"
+#include "core/HostError.h"
+
+namespace Dorvane::Host {
+
+namespace {
+
+// A file descriptor that closes itself.
+class Descriptor {
+  public:
+    explicit Descriptor(int descriptor) : Number(descriptor) {}
+    ~Descriptor() {
+        if (Number >= 0)
+            close(Number);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    int Number;
+};
+
+DateTime LocalTime(std::time_t seconds) {
+    std::tm parts{};
+    localtime_r(&seconds, &parts);
+    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min, parts.tm_sec};
+}
+
+std::string ParentOf(const std::string& path) {
+    const std::size_t slash = path.find_last_of('/');
+    return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
+}
+
+bool FolderIsThere(const std::string& folder) {
+    struct stat info {};
+    return stat(folder.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+// A missing file in a missing folder is a path that was not found.
+[[noreturn]] void Raise(int code, HostAction action, const std::string& path) {
+    if (code == ENOENT && !FolderIsThere(ParentOf(path)))
+        throw HostError(code, HostAction::Folder, path);
+    throw HostError(code, action, path);
+}
+
+void WriteAll(int descriptor, std::string_view content, const std::string& path) {
+    while (!content.empty()) {
+        const ssize_t written = write(descriptor, content.data(), content.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written < 0)
+            Raise(errno, HostAction::Write, path);
+        content.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+void Flush(int descriptor, const std::string& path) {
+    if (fsync(descriptor) != 0 && errno != EINVAL && errno != ENOTSUP)
+        Raise(errno, HostAction::Write, path);
+}
+
+// A rename is only on disk when the folder that holds the name is.
+void FlushFolder(const std::string& folder) {
+    const Descriptor directory(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (directory.Number >= 0)
+        fsync(directory.Number);
+}
+
+}  // namespace
+
+bool PathsAreDrivePaths() {
+    return false;
+}
+
+std::string EnvironmentVariable(const std::string& name) {
+    const char* value = std::getenv(name.c_str());
+    return value == nullptr ? "" : value;
+}
+
+std::string UserDataFolder() {
+    std::string folder = EnvironmentVariable("XDG_DATA_HOME");
+    if (folder.empty())
+        folder = EnvironmentVariable("HOME") + "/.local/share";
+    return folder + "/dorvane/";
+}
+
+std::string ProgramFolder() {
+    std::string path(PATH_MAX, '\0');
+    const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
+    if (length < 0)
+        throw HostError(errno, HostAction::Read, "/proc/self/exe");
+    path.resize(static_cast<std::size_t>(length));
+    return ParentOf(path) + "/";
+}
+
+std::string WorkingFolder() {
+    std::error_code failure;
+    return std::filesystem::current_path(failure).string();
+}
+
+FileInfo Inspect(const std::string& path) {
+    struct stat info {};
+    FileInfo result;
+    if (stat(path.c_str(), &info) != 0) {
+        if (errno == ENOENT || errno == ENOTDIR)
+            return result;
+        Raise(errno, HostAction::Read, path);
+    }
+    result.Exists = true;
+    result.IsFolder = S_ISDIR(info.st_mode);
+    result.Size = info.st_size;
+    result.Modified = LocalTime(info.st_mtime);
+    return result;
+}
+
+std::vector<std::string> FolderNames(const std::string& folder) {
+    DIR* directory = opendir(folder.c_str());
+    if (directory == nullptr)
+        throw HostError(errno, HostAction::Folder, folder);
+    std::vector<std::string> names;
+    errno = 0;
+    while (const dirent* entry = readdir(directory)) {
+        const std::string name = entry->d_name;
+        if (name != "." && name != "..")
+            names.push_back(name);
+        errno = 0;
+    }
+    const int failure = errno;
+    closedir(directory);
+    if (failure != 0)
+        throw HostError(failure, HostAction::Folder, folder);
+    return names;
+}
+
+std::string RealPath(const std::string& path) {
+    std::error_code failure;
+    const std::filesystem::path real = std::filesystem::canonical(path, failure);
+    return failure ? path : real.string();
+}
+
+void CreateFolder(const std::string& path) {
+    if (mkdir(path.c_str(), 0777) != 0)
+        throw HostError(errno, HostAction::Folder, path);
+}
+
+void CreateLink(const std::string& link, const std::string& target) {
+    if (symlink(target.c_str(), link.c_str()) != 0)
+        throw HostError(errno, HostAction::Folder, link);
+}
+
+std::string ReadFile(const std::string& path) {
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (file.Number < 0)
+        Raise(errno, HostAction::Read, path);
+    struct stat info {};
+    if (fstat(file.Number, &info) != 0)
+        Raise(errno, HostAction::Read, path);
+    if (S_ISDIR(info.st_mode))
+        throw HostError(EISDIR, HostAction::Read, path);
+    std::string content(static_cast<std::size_t>(info.st_size), '\0');
+    std::size_t filled = 0;
+    for (;;) {
+        if (filled == content.size())
+            content.resize(content.size() + 4096);
+        const ssize_t count = read(file.Number, content.data() + filled, content.size() - filled);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            Raise(errno, HostAction::Read, path);
+        if (count == 0)
+            break;
+        filled += static_cast<std::size_t>(count);
+    }
+    content.resize(filled);
+    return content;
+}
+
+void AppendFile(const std::string& path, std::string_view content) {
+    const Descriptor file(open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666));
+    if (file.Number < 0)
+        Raise(errno, HostAction::Write, path);
+    struct stat former {};
+    if (fstat(file.Number, &former) != 0)
+        Raise(errno, HostAction::Write, path);
+    try {
+        WriteAll(file.Number, content, path);
+        Flush(file.Number, path);
+    } catch (const RunTimeError&) {
+        if (ftruncate(file.Number, former.st_size) != 0)
+            throw HostError(errno, HostAction::Write, path);
+        throw;
+    }
+}
+
+std::intptr_t OpenStaged(const std::string& staged, const std::string& target) {
+    struct stat former {};
+    const bool replaces = stat(target.c_str(), &former) == 0;
+    if (replaces && S_ISDIR(former.st_mode))
+        throw HostError(EISDIR, HostAction::Write, target);
+    if (replaces && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
+        throw HostError(errno, HostAction::Write, target);
+    const int file = open(staged.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    if (file < 0)
+        Raise(errno == ENOENT ? ENOTDIR : errno, HostAction::Write, target);
+    if (replaces)
+        fchmod(file, former.st_mode & 07777);
+    return file;
+}
+
+void WriteStaged(std::intptr_t handle, std::string_view content) {
+    WriteAll(static_cast<int>(handle), content, "");
+}
+
+void CloseStaged(std::intptr_t handle) {
+    close(static_cast<int>(handle));
+}
+
+void CommitStaged(std::intptr_t handle, const std::string& staged, const std::string& target) {
+    Flush(static_cast<int>(handle), target);
+    if (rename(staged.c_str(), target.c_str()) != 0)
+        Raise(errno, HostAction::Write, target);
+    FlushFolder(ParentOf(target));
+}
+
+void CopyTimeStamp(const std::string& from, std::intptr_t handle) {
+    struct stat info {};
+    if (stat(from.c_str(), &info) != 0)
+        Raise(errno, HostAction::Read, from);
+    const timespec times[2] = {info.st_atim, info.st_mtim};
+    if (futimens(static_cast<int>(handle), times) != 0)
+        Raise(errno, HostAction::Write, from);
+}
+
+void Rename(const std::string& from, const std::string& to) {
+    if (rename(from.c_str(), to.c_str()) != 0)
+        Raise(errno, HostAction::Write, from);
+}
+
+void Delete(const std::string& path) {
+    if (unlink(path.c_str()) != 0)
+        Raise(errno, HostAction::Write, path);
+}
+
+DateTime Now() {
+    return LocalTime(std::time(nullptr));
+}
+
+void Start(const std::string& program, const std::vector<std::string>& arguments, const std::string& folder,
+           bool wait) {
+    std::vector<char*> words;
+    words.push_back(const_cast<char*>(program.c_str()));
+    for (const std::string& argument : arguments)
+        words.push_back(const_cast<char*>(argument.c_str()));
+    words.push_back(nullptr);
+
+    // The pipe closes at a successful exec and carries the error number of a failed one.
+    int channel[2];
+    if (pipe2(channel, O_CLOEXEC) != 0)
+        throw HostError(errno, HostAction::Read, program);
+    const Descriptor reading(channel[0]);
+    Descriptor writing(channel[1]);
+    const pid_t child = fork();
+    if (child < 0)
+        throw HostError(errno, HostAction::Read, program);
+    if (child == 0) {
+        // A program that is not awaited must not stay behind as a dead child: its parent is an intermediate
+        // one.
+        if (!wait && fork() != 0)
+            _exit(0);
+        int failure = 0;
+        if (!folder.empty() && chdir(folder.c_str()) != 0)
+            failure = errno;
+        if (failure == 0) {
+            execv(program.c_str(), words.data());
+            failure = errno;
+        }
+        const ssize_t told = write(writing.Number, &failure, sizeof failure);
+        _exit(told == sizeof failure ? 127 : 126);
+    }
+    close(writing.Number);
+    writing.Number = -1;
+    int failure = 0;
+    ssize_t told = 0;
+    do
+        told = read(reading.Number, &failure, sizeof failure);
+    while (told < 0 && errno == EINTR);
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    if (told == sizeof failure)
+        throw RunTimeError(FileNotFound, program);
+}
+
+std::intptr_t ClaimSingleInstance(const std::string& name) {
+    const std::string path = std::filesystem::temp_directory_path().string() + "/." + name + ".lock";
+    // The lock goes with the process, however it ends; the empty file may stay. It is opened for reading so
+    // that another user's copy finds it too.
+    int file = open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666);
+    if (file < 0)
+        file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0)
+        throw HostError(errno, HostAction::Write, path);
+    if (flock(file, LOCK_EX | LOCK_NB) == 0)
+        return file;
+    const int failure = errno;
+    close(file);
+    if (failure != EWOULDBLOCK)
+        throw HostError(failure, HostAction::Write, path);
+    return -1;
+}
+
+std::intptr_t LoadLibrary(const std::string& path, std::string& reason) {
+    void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr) {
+        const char* text = dlerror();
+        reason = text == nullptr ? "" : text;
+    }
+    return reinterpret_cast<std::intptr_t>(library);
+}
+
+std::intptr_t FindExport(std::intptr_t library, const std::string& name) {
+    return reinterpret_cast<std::intptr_t>(dlsym(reinterpret_cast<void*>(library), name.c_str()));
+}
+
+void FreeLibrary(std::intptr_t library) {
+    dlclose(reinterpret_cast<void*>(library));
+}
+
+}  // namespace Dorvane::Host

@@ -1,0 +1,295 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#define WIN32_LEAN_AND_MEAN
+#define NOMINMAX
+#include <fcntl.h>
+#include <io.h>
+#include <sys/stat.h>
+#include <windows.h>
+#undef LoadLibrary
+
+#include <cerrno>
+#include <ctime>
+#include <filesystem>
+
+#include "core/Host.h"
+#include "core/HostError.h"
+
+namespace Dorvane::Host {
+
+namespace {
+
+std::wstring Wide(const std::string& utf8) {
+    const int length =
+        MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(length), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), wide.data(), length);
+    return wide;
+}
+
+std::string Narrow(const std::wstring& wide) {
+    const int length = WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()), nullptr, 0,
+                                           nullptr, nullptr);
+    std::string utf8(static_cast<std::size_t>(length), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()), utf8.data(), length, nullptr,
+                        nullptr);
+    return utf8;
+}
+
+int ErrnoOf(DWORD code) {
+    switch (code) {
+        case ERROR_FILE_NOT_FOUND: return ENOENT;
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_BAD_NETPATH: return ENOTDIR;
+        case ERROR_ACCESS_DENIED: return EACCES;
+        case ERROR_WRITE_PROTECT: return EROFS;
+        case ERROR_SHARING_VIOLATION:
+        case ERROR_LOCK_VIOLATION: return EBUSY;
+        case ERROR_DISK_FULL:
+        case ERROR_HANDLE_DISK_FULL: return ENOSPC;
+        case ERROR_FILE_EXISTS:
+        case ERROR_ALREADY_EXISTS: return EEXIST;
+        case ERROR_TOO_MANY_OPEN_FILES: return EMFILE;
+        case ERROR_NOT_READY: return ENXIO;
+        case ERROR_NOT_SAME_DEVICE: return EXDEV;
+        case ERROR_INVALID_NAME:
+        case ERROR_FILENAME_EXCED_RANGE: return EINVAL;
+        case ERROR_DIR_NOT_EMPTY: return ENOTEMPTY;
+        default: return EIO;
+    }
+}
+
+[[noreturn]] void RaiseLast(HostAction action, const std::string& path) {
+    throw HostError(ErrnoOf(GetLastError()), action, path);
+}
+
+DateTime LocalTime(const FILETIME& stamp) {
+    SYSTEMTIME universal{};
+    SYSTEMTIME local{};
+    FileTimeToSystemTime(&stamp, &universal);
+    SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local);
+    return {local.wYear, local.wMonth, local.wDay, local.wHour, local.wMinute, local.wSecond};
+}
+
+HANDLE HandleOf(std::intptr_t handle) {
+    return reinterpret_cast<HANDLE>(handle);
+}
+
+void WriteAll(HANDLE file, std::string_view content, const std::string& path) {
+    while (!content.empty()) {
+        const DWORD wanted = static_cast<DWORD>(content.size() < (1u << 30) ? content.size() : (1u << 30));
+        DWORD written = 0;
+        if (WriteFile(file, content.data(), wanted, &written, nullptr) == 0)
+            RaiseLast(HostAction::Write, path);
+        content.remove_prefix(written);
+    }
+}
+
+std::wstring Quoted(const std::string& word) {
+    return L"\"" + Wide(word) + L"\"";
+}
+
+}  // namespace
+
+bool PathsAreDrivePaths() {
+    return true;
+}
+
+std::string EnvironmentVariable(const std::string& name) {
+    const wchar_t* value = _wgetenv(Wide(name).c_str());
+    return value == nullptr ? "" : Narrow(value);
+}
+
+std::string UserDataFolder() {
+    return EnvironmentVariable("APPDATA") + "\\Dorvane\\";
+}
+
+std::string ProgramFolder() {
+    std::wstring path(32768, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return Narrow(path.substr(0, path.find_last_of(L'\\') + 1));
+}
+
+std::string WorkingFolder() {
+    std::error_code failure;
+    return Narrow(std::filesystem::current_path(failure).wstring());
+}
+
+FileInfo Inspect(const std::string& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    FileInfo result;
+    if (GetFileAttributesExW(Wide(path).c_str(), GetFileExInfoStandard, &data) == 0) {
+        const int code = ErrnoOf(GetLastError());
+        if (code == ENOENT || code == ENOTDIR || code == EINVAL)
+            return result;
+        throw HostError(code, HostAction::Read, path);
+    }
+    result.Exists = true;
+    result.IsFolder = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    result.Size = (static_cast<std::int64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
+    result.Modified = LocalTime(data.ftLastWriteTime);
+    return result;
+}
+
+std::vector<std::string> FolderNames(const std::string& folder) {
+    WIN32_FIND_DATAW data{};
+    const HANDLE search = FindFirstFileW((Wide(folder) + L"\\*").c_str(), &data);
+    if (search == INVALID_HANDLE_VALUE)
+        RaiseLast(HostAction::Folder, folder);
+    std::vector<std::string> names;
+    do {
+        const std::string name = Narrow(data.cFileName);
+        if (name != "." && name != "..")
+            names.push_back(name);
+    } while (FindNextFileW(search, &data) != 0);
+    FindClose(search);
+    return names;
+}
+
+std::string RealPath(const std::string& path) {
+    return path;
+}
+
+void CreateFolder(const std::string& path) {
+    if (CreateDirectoryW(Wide(path).c_str(), nullptr) == 0)
+        RaiseLast(HostAction::Folder, path);
+}
+
+void CreateLink(const std::string& link, const std::string&) {
+    throw HostError(EINVAL, HostAction::Folder, link);
+}
+
+std::string ReadFile(const std::string& path) {
+    const HANDLE file = CreateFileW(Wide(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        RaiseLast(HostAction::Read, path);
+    std::string content;
+    std::string block(1 << 20, '\0');
+    DWORD count = 0;
+    BOOL read = TRUE;
+    while ((read = ::ReadFile(file, block.data(), static_cast<DWORD>(block.size()), &count, nullptr)) != 0 &&
+           count > 0)
+        content.append(block, 0, count);
+    const DWORD failure = GetLastError();
+    CloseHandle(file);
+    if (read == 0)
+        throw HostError(ErrnoOf(failure), HostAction::Read, path);
+    return content;
+}
+
+void AppendFile(const std::string& path, std::string_view content) {
+    const HANDLE file = CreateFileW(Wide(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        RaiseLast(HostAction::Write, path);
+    LARGE_INTEGER former{};
+    SetFilePointerEx(file, {}, &former, FILE_END);
+    try {
+        WriteAll(file, content, path);
+        if (FlushFileBuffers(file) == 0)
+            RaiseLast(HostAction::Write, path);
+    } catch (const RunTimeError&) {
+        SetFilePointerEx(file, former, nullptr, FILE_BEGIN);
+        SetEndOfFile(file);
+        CloseHandle(file);
+        throw;
+    }
+    CloseHandle(file);
+}
+
+std::intptr_t OpenStaged(const std::string& staged, const std::string& target) {
+    const DWORD attributes = GetFileAttributesW(Wide(target).c_str());
+    const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
+    if (exists && (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0)
+        throw HostError(EISDIR, HostAction::Write, target);
+    const HANDLE file =
+        CreateFileW(Wide(staged).c_str(), GENERIC_WRITE | FILE_WRITE_ATTRIBUTES, FILE_SHARE_DELETE, nullptr,
+                    CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        RaiseLast(HostAction::Write, target);
+    return reinterpret_cast<std::intptr_t>(file);
+}
+
+void WriteStaged(std::intptr_t handle, std::string_view content) {
+    WriteAll(HandleOf(handle), content, "");
+}
+
+void CloseStaged(std::intptr_t handle) {
+    CloseHandle(HandleOf(handle));
+}
+
+void CommitStaged(std::intptr_t handle, const std::string& staged, const std::string& target) {
+    if (FlushFileBuffers(HandleOf(handle)) == 0)
+        RaiseLast(HostAction::Write, target);
+    if (MoveFileExW(Wide(staged).c_str(), Wide(target).c_str(),
+                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0)
+        RaiseLast(HostAction::Write, target);
+}
+
+void CopyTimeStamp(const std::string& from, std::intptr_t handle) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (GetFileAttributesExW(Wide(from).c_str(), GetFileExInfoStandard, &data) == 0)
+        RaiseLast(HostAction::Read, from);
+    if (SetFileTime(HandleOf(handle), nullptr, &data.ftLastAccessTime, &data.ftLastWriteTime) == 0)
+        RaiseLast(HostAction::Write, from);
+}
+
+void Rename(const std::string& from, const std::string& to) {
+    if (MoveFileExW(Wide(from).c_str(), Wide(to).c_str(), MOVEFILE_WRITE_THROUGH) == 0)
+        RaiseLast(HostAction::Write, from);
+}
+
+void Delete(const std::string& path) {
+    if (DeleteFileW(Wide(path).c_str()) == 0)
+        RaiseLast(HostAction::Write, path);
+}
+
+DateTime Now() {
+    SYSTEMTIME local{};
+    GetLocalTime(&local);
+    return {local.wYear, local.wMonth, local.wDay, local.wHour, local.wMinute, local.wSecond};
+}
+
+void Start(const std::string& program, const std::vector<std::string>& arguments, const std::string& folder,
+           bool wait) {
+    std::wstring line = Quoted(program);
+    for (const std::string& argument : arguments)
+        line += L" " + Quoted(argument);
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    const std::wstring place = Wide(folder);
+    if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, NORMAL_PRIORITY_CLASS, nullptr,
+                       place.empty() ? nullptr : place.c_str(), &start, &process) == 0)
+        throw RunTimeError(FileNotFound, program);
+    if (wait)
+        WaitForSingleObject(process.hProcess, INFINITE);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+}
+
+std::intptr_t ClaimSingleInstance(const std::string& name) {
+    const HANDLE claim = CreateMutexW(nullptr, FALSE, Wide("Global\\" + name).c_str());
+    if (claim != nullptr && GetLastError() != ERROR_ALREADY_EXISTS)
+        return reinterpret_cast<std::intptr_t>(claim);
+    if (claim != nullptr)
+        CloseHandle(claim);
+    return -1;
+}
+
+std::intptr_t LoadLibrary(const std::string& path, std::string& reason) {
+    const HMODULE library = LoadLibraryW(Wide(path).c_str());
+    if (library == nullptr)
+        reason = "error " + std::to_string(GetLastError());
+    return reinterpret_cast<std::intptr_t>(library);
+}
+
+std::intptr_t FindExport(std::intptr_t library, const std::string& name) {
+    return reinterpret_cast<std::intptr_t>(GetProcAddress(reinterpret_cast<HMODULE>(library), name.c_str()));
+}
+
+void FreeLibrary(std::intptr_t library) {
+    ::FreeLibrary(reinterpret_cast<HMODULE>(library));
+}
+
+}  // namespace Dorvane::Host

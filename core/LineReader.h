@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace Dorvane {
+
+/// Reads a text file line by line. A line ends in CR LF, LF or CR; the last needs no end. An end-of-file mark
+/// (Ctrl-Z) that old programs leave as the very last character is no part of the text.
+class LineReader {
+  public:
+    /// Opens a file; raises what Drives::ReadFile raises.
+    explicit LineReader(std::string_view path);
+
+    /// Reads from a text in memory.
+    static LineReader OfText(std::string text);
+
+    bool AtEnd() const { return Position >= Text.size(); }
+
+    /// The next line without its end, valid as long as the reader. Error 62 past the end of the file.
+    std::string_view ReadLine();
+
+    /// The number of lines read so far: that of the line returned last.
+    long LineNumber() const { return Lines; }
+
+  private:
+    LineReader() = default;
+
+    std::string Text;
+    std::size_t Position = 0;
+    long Lines = 0;
+};
+
+}  // namespace Dorvane

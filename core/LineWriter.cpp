@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/LineWriter.h"
+
+namespace Dorvane {
+
+namespace {
+
+constexpr std::string_view LineEnd = "\r\n";
+constexpr std::size_t BufferSize = 1 << 16;
+
+}  // namespace
+
+LineWriter::LineWriter(std::string_view path) : File(path) {}
+
+void LineWriter::Line(std::string_view text) {
+    Buffer.append(text).append(LineEnd);
+    if (Buffer.size() >= BufferSize) {
+        File.Write(Buffer);
+        Buffer.clear();
+    }
+}
+
+void LineWriter::Close() {
+    File.Write(Buffer);
+    Buffer.clear();
+    File.Commit();
+}
+
+void LineAppender::Line(std::string_view text) {
+    Buffer.append(text).append(LineEnd);
+}
+
+void LineAppender::Close() {
+    Drives::AppendFile(Path, Buffer);
+    Buffer.clear();
+}
+
+}  // namespace Dorvane

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/Drives.h"
+
+namespace Dorvane {
+
+/// Writes a whole text file with lines that end in CR LF. The former file stays until Close; a writer that is
+/// dropped without Close leaves it as it was.
+class LineWriter {
+  public:
+    /// Opens the file for output; raises at once where it could not be written.
+    explicit LineWriter(std::string_view path);
+
+    void Line(std::string_view text);
+    void Line() { Line(""); }
+
+    /// Puts the file in its place, whole and on disk.
+    void Close();
+
+  private:
+    Drives::StagedFile File;
+    std::string Buffer;
+};
+
+/// Collects lines ended by CR LF and appends them to a file in one write at Close.
+class LineAppender {
+  public:
+    explicit LineAppender(std::string_view path) : Path(path) {}
+
+    void Line(std::string_view text);
+    void Close();
+
+  private:
+    std::string Path;
+    std::string Buffer;
+};
+
+}  // namespace Dorvane

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/ProfileStore.h"
+
+#include <vector>
+
+#include "core/Drives.h"
+#include "core/LineReader.h"
+#include "core/LineWriter.h"
+#include "core/RunTimeError.h"
+#include "core/Text.h"
+#include "core/basGeneral.h"
+
+namespace Dorvane {
+
+namespace {
+
+constexpr int LongestValue = 127;
+
+std::string TrimGaps(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(" \t");
+    if (first == std::string_view::npos)
+        return "";
+    return std::string(text.substr(first, text.find_last_not_of(" \t") - first + 1));
+}
+
+bool IsSection(std::string_view line, std::string_view section) {
+    const std::string text = TrimGaps(line);
+    return text.size() >= 2 && text.front() == '[' && text.back() == ']' &&
+           EqualIgnoringCase(TrimGaps(std::string_view(text).substr(1, text.size() - 2)), TrimGaps(section));
+}
+
+bool IsAnySection(std::string_view line) {
+    const std::string text = TrimGaps(line);
+    return !text.empty() && text.front() == '[';
+}
+
+// A line `key=value` of this key; `value` takes the text behind the equals sign.
+bool IsKey(std::string_view line, std::string_view key, std::string& value) {
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos ||
+        !EqualIgnoringCase(TrimGaps(line.substr(0, equals)), TrimGaps(key)))
+        return false;
+    value = TrimGaps(line.substr(equals + 1));
+    return true;
+}
+
+std::string WithoutQuotes(const std::string& value) {
+    const bool quoted =
+        value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front();
+    return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+std::vector<std::string> LinesOf(const std::string& path) {
+    std::vector<std::string> lines;
+    if (!FileExists(path))
+        return lines;
+    LineReader reader(path);
+    while (!reader.AtEnd())
+        lines.emplace_back(reader.ReadLine());
+    return lines;
+}
+
+void SetKey(std::vector<std::string>& lines, std::string_view section, std::string_view key,
+            std::string_view value) {
+    const std::string setting = std::string(key) + "=" + std::string(value);
+    std::size_t place = 0;
+    while (place < lines.size() && !IsSection(lines[place], section))
+        ++place;
+    if (place == lines.size()) {
+        lines.push_back("[" + std::string(section) + "]");
+        lines.push_back(setting);
+        return;
+    }
+    std::size_t behindLastText = ++place;
+    for (; place < lines.size() && !IsAnySection(lines[place]); ++place) {
+        std::string former;
+        if (IsKey(lines[place], key, former)) {
+            lines[place] = setting;
+            return;
+        }
+        if (!TrimGaps(lines[place]).empty())
+            behindLastText = place + 1;
+    }
+    lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(behindLastText), setting);
+}
+
+std::string FindValue(const std::string& path, std::string_view section, std::string_view key) {
+    if (!FileExists(path))
+        return "";
+    LineReader reader(path);
+    bool inside = false;
+    std::string value;
+    while (!reader.AtEnd()) {
+        const std::string_view line = reader.ReadLine();
+        if (IsAnySection(line)) {
+            if (inside)
+                return "";
+            inside = IsSection(line, section);
+        } else if (inside && IsKey(line, key, value)) {
+            return WithoutQuotes(value);
+        }
+    }
+    return "";
+}
+
+}  // namespace
+
+std::string IniReadString(std::string_view file, std::string_view section, std::string_view key) {
+    try {
+        return StripAtNul(Left(FindValue(GetWindowsPath() + std::string(file), section, key), LongestValue));
+    } catch (const RunTimeError&) {
+        return "";  // the profile layer reports nothing: what cannot be read is absent
+    }
+}
+
+void IniWriteString(std::string_view file, std::string_view section, std::string_view key,
+                    std::string_view value) {
+    try {
+        const std::string path = GetWindowsPath() + std::string(file);
+        std::vector<std::string> lines = LinesOf(path);
+        SetKey(lines, section, key, value);
+        LineWriter writer(path);
+        for (const std::string& line : lines)
+            writer.Line(line);
+        writer.Close();
+    } catch (const RunTimeError&) {
+        // The profile layer reports nothing; the former file stands.
+    }
+}
+
+}  // namespace Dorvane

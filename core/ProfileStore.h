@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace Dorvane {
+
+/// The value of a key in a section of a profile file, a bare name in the Windows folder. Section and key
+/// ignore case, and the first match counts. Blanks around a value and one pair of quotes around it are no
+/// part of it. At most 127 characters arrive, cut at the first NUL; what is absent reads as empty. Raises
+/// nothing.
+std::string IniReadString(std::string_view file, std::string_view section, std::string_view key);
+
+/// Sets a key, adding it, its section or the file when absent; all other lines stay as they are. Raises
+/// nothing: a profile that cannot be written keeps what it held.
+void IniWriteString(std::string_view file, std::string_view section, std::string_view key,
+                    std::string_view value);
+
+}  // namespace Dorvane

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/ProfileStore.h"
+
+#include <gtest/gtest.h>
+
+#include "core/Drives.h"
+#include "tests/support/TestSite.h"
+
+namespace Dorvane {
+
+using namespace Testing;
+
+class ProfileStore : public testing::Test {
+  protected:
+    TestSite Site;
+    static constexpr const char* Path = "C:\\WINDOWS\\dv_test.ini";
+};
+
+TEST_F(ProfileStore, FindsAKeyInItsSectionIgnoringCase) {
+    PutFile(Path, "[One]\r\nKey=first\r\n[Tarvex Info]\r\nData_drive=D:\\TARVEX\\\r\n");
+    EXPECT_EQ(IniReadString("dv_test.ini", "tarvex INFO", "DATA_DRIVE"), "D:\\TARVEX\\");
+    EXPECT_EQ(IniReadString("DV_Test.INI", "one", "kEY"), "first");
+    EXPECT_EQ(IniReadString("dv_test.ini", "One", "Data_drive"), "");
+}
+
+TEST_F(ProfileStore, TakesTheFirstMatch) {
+    PutFile(Path, "[A]\r\nK=1\r\nK=2\r\n[B]\r\n[A]\r\nL=3\r\n");
+    EXPECT_EQ(IniReadString("dv_test.ini", "A", "K"), "1");
+    EXPECT_EQ(IniReadString("dv_test.ini", "A", "L"), "");
+}
+
+TEST_F(ProfileStore, GivesTheEmptyTextForWhatIsAbsent) {
+    EXPECT_EQ(IniReadString("none.ini", "A", "K"), "");
+    PutFile(Path, "K=no section\r\n[A]\r\nempty=\r\n; K=comment\r\n");
+    EXPECT_EQ(IniReadString("dv_test.ini", "A", "K"), "");
+    EXPECT_EQ(IniReadString("dv_test.ini", "A", "empty"), "");
+}
+
+TEST_F(ProfileStore, CutsAValueAt127Characters) {
+    PutFile(Path, "[User Database]\r\nNames1=" + std::string(126, 'P') + " 1\r\n");
+    const std::string value = IniReadString("dv_test.ini", "User Database", "Names1");
+    EXPECT_EQ(value, std::string(126, 'P') + " ");
+}
+
+TEST_F(ProfileStore, CutsAValueAtTheFirstNul) {
+    PutFile(Path, std::string("[A]\r\nK=ab\0cd\r\n", 16));
+    EXPECT_EQ(IniReadString("dv_test.ini", "A", "K"), "ab");
+}
+
+TEST_F(ProfileStore, TakesAwayBlanksAndOnePairOfQuotes) {
+    PutFile(Path, "[A]\n  K  =   some value  \nQ=\" kept \"\nE=a=b\n");
+    EXPECT_EQ(IniReadString("dv_test.ini", "A", "K"), "some value");
+    EXPECT_EQ(IniReadString("dv_test.ini", "A", "Q"), " kept ");
+    EXPECT_EQ(IniReadString("dv_test.ini", "A", "E"), "a=b");
+}
+
+TEST_F(ProfileStore, ReplacesAKeyAndLeavesAllOtherLines) {
+    PutFile(Path, "; head\r\n[A]\r\nK=1\r\nL=2\r\n\r\n[B]\r\nK=3\r\n");
+    IniWriteString("dv_test.ini", "a", "k", "new");
+    EXPECT_EQ(FileContent(Path), "; head\r\n[A]\r\nk=new\r\nL=2\r\n\r\n[B]\r\nK=3\r\n");
+}
+
+TEST_F(ProfileStore, AddsAKeyAtTheEndOfItsSection) {
+    PutFile(Path, "[A]\r\nK=1\r\n\r\n[B]\r\nK=3\r\n");
+    IniWriteString("dv_test.ini", "A", "L", "2");
+    EXPECT_EQ(FileContent(Path), "[A]\r\nK=1\r\nL=2\r\n\r\n[B]\r\nK=3\r\n");
+}
+
+TEST_F(ProfileStore, AddsASectionAndAFile) {
+    IniWriteString("dv_new.ini", "A", "K", "1");
+    IniWriteString("dv_new.ini", "B", "K", "2");
+    EXPECT_EQ(FileContent("C:\\WINDOWS\\dv_new.ini"), "[A]\r\nK=1\r\n[B]\r\nK=2\r\n");
+}
+
+TEST_F(ProfileStore, ReadsABlankAsEmpty) {
+    IniWriteString("dv_test.ini", "User Database", "Names2", " ");
+    EXPECT_EQ(IniReadString("dv_test.ini", "User Database", "Names2"), "");
+}
+
+TEST_F(ProfileStore, RaisesNothingOnADamagedOrUnreadableProfile) {
+    PutFile(Path, std::string("\0\xFF[[[\r\n=\r\n[A\r\n]", 15) + std::string(1000000, 'x'));
+    EXPECT_EQ(IniReadString("dv_test.ini", "A", "K"), "");
+    Drives::CreateFolder("C:\\WINDOWS\\dv_dir.ini");
+    EXPECT_EQ(IniReadString("dv_dir.ini", "A", "K"), "");
+    IniWriteString("dv_dir.ini", "A", "K", "1");
+}
+
+TEST_F(ProfileStore, KeepsTheFormerProfileWhenItCannotBeWritten) {
+    PutFile(Path, "[A]\r\nK=1\r\n");
+    AsNobody([] {
+        IniWriteString("dv_test.ini", "A", "K", "2");
+        EXPECT_EQ(IniReadString("dv_test.ini", "A", "K"), "1");
+    });
+}
+
+}  // namespace Dorvane

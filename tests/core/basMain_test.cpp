@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/basMain.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "core/Drives.h"
+#include "core/Globals.h"
+#include "core/RunTimeError.h"
+#include "core/basGeneral.h"
+#include "tests/support/ScriptedDesktop.h"
+#include "tests/support/TestSite.h"
+
+namespace Dorvane {
+
+using namespace Testing;
+
+class StartUp : public testing::Test {
+  protected:
+    StartUp() {
+        for (const char* name : {"datatype", "input", "main", "tarvex", "download", "special"})
+            PutFile(std::string("P:\\DORVANE\\system\\dv_") + name + ".ini",
+                    std::string("; shipped ") + name + "\r\n");
+    }
+
+    static void PutPaths(const std::string& lastPath = "D:\\TARVEX\\DOWNLOAD\\") {
+        PutLines("C:\\WINDOWS\\dv_tarvex.ini",
+                 {"[Tarvex Info]", "Data_drive=D:\\TARVEX", "Calib_path=D:\\TARVEX\\CALIB\\",
+                  "Coord_path=D:\\TARVEX\\COORD\\", "Init_path=D:\\TARVEX\\INIT\\",
+                  "Param_path=C:\\TARVEX\\PARAM\\", "Temp_path=C:\\TARVEX\\TEMP\\",
+                  "Work_path=C:\\TARVEX\\WORK\\", "Download_path=" + lastPath, "Path_type=2"});
+    }
+
+    StartUpScreens Screens(std::string& order) {
+        return {[&order] { order += "splash "; }, [&order] { order += "init "; },
+                [&order] { order += "main "; }};
+    }
+
+    TestSite Site;
+    ScriptedDesktop Screen;
+};
+
+TEST_F(StartUp, CopiesTheShippedProfilesThatAreMissing) {
+    InstallProfiles("C:\\WINDOWS\\");
+    EXPECT_EQ(AllFiles("C:\\WINDOWS\\"),
+              (std::vector<std::string>{"dv_datatype.ini", "dv_download.ini", "dv_input.ini", "dv_main.ini",
+                                        "dv_special.ini", "dv_tarvex.ini"}));
+    EXPECT_EQ(FileContent("C:\\WINDOWS\\dv_input.ini"), "; shipped input\r\n");
+}
+
+TEST_F(StartUp, RenamesAnOlderProfile) {
+    PutFile("C:\\WINDOWS\\datatype.ini", "old content");
+    InstallProfiles("C:\\WINDOWS\\");
+    EXPECT_EQ(FileContent("C:\\WINDOWS\\dv_datatype.ini"), "old content");
+    EXPECT_FALSE(FileExists("C:\\WINDOWS\\datatype.ini"));
+}
+
+TEST_F(StartUp, LeavesTheOlderProfileBesideANewOne) {
+    PutFile("C:\\WINDOWS\\datatype.ini", "old");
+    PutFile("C:\\WINDOWS\\dv_datatype.ini", "new");
+    InstallProfiles("C:\\WINDOWS\\");
+    EXPECT_EQ(FileContent("C:\\WINDOWS\\dv_datatype.ini"), "new");
+    EXPECT_EQ(FileContent("C:\\WINDOWS\\datatype.ini"), "old");
+}
+
+TEST_F(StartUp, TheSpecialProfileHasNoOlderName) {
+    PutFile("C:\\WINDOWS\\special.ini", "old");
+    InstallProfiles("C:\\WINDOWS\\");
+    EXPECT_EQ(FileContent("C:\\WINDOWS\\dv_special.ini"), "; shipped special\r\n");
+    EXPECT_TRUE(FileExists("C:\\WINDOWS\\special.ini"));
+}
+
+TEST_F(StartUp, ReadsTheGlobalsAndAppendsTheBackslash) {
+    Site.LayOut();
+    Global().Data_drive.clear();
+    PutPaths();
+    EXPECT_TRUE(InitializeGolbals());
+    EXPECT_EQ(Global().Data_drive, "D:\\TARVEX\\");
+    EXPECT_EQ(Global().Work_path, "C:\\TARVEX\\WORK\\");
+    EXPECT_EQ(Global().Path_type, 2);
+    EXPECT_TRUE(Global().PrinterPresent);
+}
+
+TEST_F(StartUp, RunsWithOneForAnyOtherPathTypeAndKeepsTheFile) {
+    Site.LayOut();
+    for (const char* value : {"7", "3", "", "x", "0"}) {
+        PutLines("C:\\WINDOWS\\dv_tarvex.ini", {"[Tarvex Info]", std::string("Path_type=") + value});
+        InitializeGolbals();
+        EXPECT_EQ(Global().Path_type, 1) << value;
+    }
+    PutLines("C:\\WINDOWS\\dv_tarvex.ini", {"[Tarvex Info]", "Path_type=7"});
+    InitializeGolbals();
+    EXPECT_EQ(FileContent("C:\\WINDOWS\\dv_tarvex.ini"), "[Tarvex Info]\r\nPath_type=7\r\n");
+}
+
+TEST_F(StartUp, EmptiesTheOnePathThatLeadsNowhere) {
+    Site.LayOut();
+    PutPaths("D:\\NOWHERE\\");
+    EXPECT_FALSE(InitializeGolbals());
+    EXPECT_EQ(Global().Download_path, "");
+    EXPECT_EQ(Global().Work_path, "C:\\TARVEX\\WORK\\");
+    EXPECT_EQ(Global().Data_drive, "D:\\TARVEX\\");
+}
+
+TEST_F(StartUp, NoPrinterIsNoFailure) {
+    Site.LayOut();
+    PutPaths();
+    Screen.Printers = 0;
+    EXPECT_TRUE(InitializeGolbals());
+    EXPECT_FALSE(Global().PrinterPresent);
+}
+
+TEST_F(StartUp, ReportsAnErrorInsideAsFailed) {
+    Site.LayOut();
+    PutLines("C:\\WINDOWS\\dv_tarvex.ini", {"[Tarvex Info]", "Path_type=99999"});
+    Screen.ExpectMessage(
+        "Program Error",
+        "Error : 6\r\n\r\nDescription : Overflow\r\n\r\nSource : Dorvane-basMain-InitializeGolbals");
+    EXPECT_FALSE(InitializeGolbals());
+}
+
+TEST_F(StartUp, CreatesTheDefaultFoldersAndWritesTheKeysInOrder) {
+    CreateDefaultFolders("d: [DATA]", "c:");
+    EXPECT_EQ(FileLines("C:\\WINDOWS\\dv_tarvex.ini"),
+              (std::vector<std::string>{"[Tarvex Info]", "Data_drive=d:\\TARVEX\\",
+                                        "Calib_path=d:\\TARVEX\\CALIB\\", "Coord_path=d:\\TARVEX\\COORD\\",
+                                        "Init_path=d:\\TARVEX\\INIT\\", "Param_path=c:\\TARVEX\\PARAM\\",
+                                        "Temp_path=c:\\TARVEX\\TEMP\\", "Work_path=c:\\TARVEX\\WORK\\",
+                                        "Download_path=d:\\TARVEX\\DOWNLOAD\\"}));
+    EXPECT_FALSE(Global().InitFailed);
+    for (const std::string* path :
+         {&Global().Data_drive, &Global().Calib_path, &Global().Coord_path, &Global().Init_path,
+          &Global().Param_path, &Global().Temp_path, &Global().Work_path, &Global().Download_path}) {
+        std::string folder = *path;
+        EXPECT_TRUE(FolderExists(folder)) << folder;
+        EXPECT_EQ(folder, *path);
+        EXPECT_TRUE(AllFiles(folder).empty());
+    }
+}
+
+TEST_F(StartUp, KeepsDefaultFoldersThatExist) {
+    PutFile("D:\\TARVEX\\INIT\\CHOICES.SYS", "kept");
+    CreateDefaultFolders("D:", "C:");
+    EXPECT_EQ(FileContent("D:\\TARVEX\\INIT\\CHOICES.SYS"), "kept");
+}
+
+TEST_F(StartUp, AFolderThatCannotBeMadeLeavesInitFailed) {
+    PutFile("D:\\TARVEX", "a file in the way");
+    EXPECT_THROW(CreateDefaultFolders("D:", "C:"), RunTimeError);
+    EXPECT_TRUE(Global().InitFailed);
+    EXPECT_FALSE(FileExists("C:\\WINDOWS\\dv_tarvex.ini"));
+}
+
+TEST_F(StartUp, RenamesALibraryOnlyWhenItStandsAlone) {
+    PutFile("P:\\DORVANE\\Keld\\feedback2.dll", "f2");
+    PutFile("P:\\DORVANE\\Keld\\varn2.dll", "v2");
+    PutFile("P:\\DORVANE\\Keld\\varn.dll", "v");
+    PutFile("P:\\DORVANE\\Keld\\project.dll", "p");
+    const std::vector<std::string> after{"feedback.dll", "project.dll", "varn.dll", "varn2.dll"};
+    RenameKeldLibraries();
+    EXPECT_EQ(AllFiles("P:\\DORVANE\\Keld\\"), after);
+    EXPECT_EQ(FileContent("P:\\DORVANE\\Keld\\feedback.dll"), "f2");
+    RenameKeldLibraries();
+    EXPECT_EQ(AllFiles("P:\\DORVANE\\Keld\\"), after);
+}
+
+TEST_F(StartUp, MainRunsItsStepsInOrder) {
+    Site.LayOut();
+    PutPaths();
+    Global().InitFailed = true;
+    std::string order;
+    EXPECT_TRUE(Main(Screens(order)));
+    EXPECT_EQ(order, "splash main ");
+    EXPECT_FALSE(Global().InitFailed);
+    EXPECT_TRUE(FileExists("C:\\WINDOWS\\dv_main.ini"));
+}
+
+TEST_F(StartUp, MainOffersTheDirectoryDialogWhenFoldersAreMissing) {
+    std::string order;
+    EXPECT_TRUE(Main(Screens(order)));
+    EXPECT_EQ(order, "splash init main ");
+}
+
+TEST_F(StartUp, MainTellsOfAMissingWindowsFolderAndGoesOn) {
+    Drives::RenameFile("C:\\WINDOWS", "C:\\OTHER");
+    Screen.ExpectMessage("Windows Path Not Found", "Could not locate Windows directory.");
+    std::string order;
+    EXPECT_TRUE(Main(Screens(order)));
+    EXPECT_EQ(order, "splash init main ");
+    EXPECT_EQ(Screen.Shown[0].Picture, Icon::Stop);
+    EXPECT_FALSE(FileExists("C:\\OTHER\\dv_main.ini"));
+}
+
+TEST_F(StartUp, AMissingShippedCopyIsReportedAndLeavesMain) {
+    Drives::DeleteFile("P:\\DORVANE\\system\\dv_input.ini");
+    Screen.ExpectMessageTitled("Program Error");
+    std::string order;
+    EXPECT_TRUE(Main(Screens(order)));
+    EXPECT_EQ(order, "splash ");
+    EXPECT_NE(Screen.Shown[0].Text.find("Source : Dorvane-basMain-Main"), std::string::npos);
+    EXPECT_NE(Screen.Shown[0].Text.find("Error : 53"), std::string::npos);
+}
+
+TEST_F(StartUp, ASecondCopyIsToldSoAndTouchesNothing) {
+    int ready[2];
+    int done[2];
+    ASSERT_EQ(pipe(ready), 0);
+    ASSERT_EQ(pipe(done), 0);
+    const pid_t first = fork();
+    if (first == 0) {
+        char byte = ClaimOnlyCopy() ? '1' : '0';
+        close(done[1]);
+        if (write(ready[1], &byte, 1) != 1 || read(done[0], &byte, 1) != 1)
+            _exit(1);
+        _exit(0);
+    }
+    close(done[0]);
+    char claimed = 0;
+    ASSERT_EQ(read(ready[0], &claimed, 1), 1);
+    ASSERT_EQ(claimed, '1');
+    Screen.ExpectMessage("Tarvex Already Running",
+                         "Cannot load program agian.  The requested application is already open");
+    std::string order;
+    EXPECT_FALSE(Main(Screens(order)));
+    EXPECT_EQ(order, "");
+    EXPECT_EQ(Screen.Shown[0].Picture, Icon::Exclamation);
+    EXPECT_TRUE(AllFiles("C:\\WINDOWS\\").empty());
+    // A copy that ends in whatever way makes room for the next one.
+    ASSERT_EQ(write(done[1], "x", 1), 1);
+    int status = 0;
+    waitpid(first, &status, 0);
+    EXPECT_TRUE(ClaimOnlyCopy());
+}
+
+}  // namespace Dorvane
