@@ -20,7 +20,6 @@ int NumberOf(int code, HostAction action) {
         case ETXTBSY: return PermissionDenied;
         case EEXIST: return action == HostAction::Folder ? PathFileAccess : FileAlreadyExists;
         case ENOSPC:
-        case EDQUOT:
         case EFBIG: return DiskFull;
         case EMFILE:
         case ENFILE: return TooManyFiles;

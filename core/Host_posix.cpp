@@ -52,6 +52,8 @@ bool FolderIsThere(const std::string& folder) {
 
 // A missing file in a missing folder is a path that was not found.
 [[noreturn]] void Raise(int code, HostAction action, const std::string& path) {
+    if (code == EDQUOT)
+        code = ENOSPC;  // a used-up quota is a full disk to the operator
     if (code == ENOENT && !FolderIsThere(ParentOf(path)))
         throw HostError(code, HostAction::Folder, path);
     throw HostError(code, action, path);

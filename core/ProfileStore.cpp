@@ -118,7 +118,10 @@ void IniWriteString(std::string_view file, std::string_view section, std::string
     try {
         const std::string path = GetWindowsPath() + std::string(file);
         std::vector<std::string> lines = LinesOf(path);
+        const std::vector<std::string> former = lines;
         SetKey(lines, section, key, value);
+        if (lines == former)
+            return;  // a list of settings saved whole costs a write only for what changed
         LineWriter writer(path);
         for (const std::string& line : lines)
             writer.Line(line);

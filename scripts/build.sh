@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# What run, test and bench have in common: install what is missing, configure, build. Sourced, not run.
+
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+say() { printf '== %s\n' "$*"; }
+
+packages=(g++ cmake ninja-build libfmt-dev libsuitesparse-dev libmetis-dev libeigen3-dev libgtest-dev libgmock-dev
+    libbenchmark-dev)
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then
+        "$@"
+    else
+        sudo "$@"
+    fi
+}
+
+install_missing() {
+    local missing=()
+    for package in "${packages[@]}"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+    done
+    if [ ${#missing[@]} -eq 0 ]; then
+        return
+    fi
+    say "Installing ${missing[*]}"
+    as_root apt-get update -qq
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}"
+}
+
+# build PRESET [TARGET...]
+build() {
+    local preset=$1
+    shift
+    install_missing
+    say "Configuring build/$preset"
+    local log
+    log=$(mktemp)
+    cmake --preset "$preset" >"$log" 2>&1 || {
+        cat "$log"
+        exit 1
+    }
+    rm -f "$log"
+    say "Building build/$preset"
+    cmake --build --preset "$preset" "${@/#/--target=}"
+}
