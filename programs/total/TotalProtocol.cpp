@@ -37,9 +37,7 @@ void AddHead(Lines& lines, const TotalProtocolHead& head) {
     lines.push_back("Reduced          " + GeneralDate(head.Moment));
     lines.push_back("Survey folder    " + head.Folder);
     lines.push_back("Survey index     " + head.Index);
-    lines.push_back(fmt::format(
-        "Result file      {} ({} lines: station, target, direction, zenith angle, slope distance)",
-        head.Result, head.ResultLines));
+    lines.push_back(fmt::format("Result file      {} ({} lines)", head.Result, head.ResultLines));
     lines.emplace_back();
     lines.push_back(
         "Directions and zenith angles in gons, distances in meters, from mark to mark. s set is the "

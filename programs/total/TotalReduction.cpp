@@ -8,7 +8,7 @@
 #include <map>
 #include <numbers>
 
-#include "core/ColumnLine.h"
+#include "core/Text.h"
 
 namespace Dorvane {
 
@@ -274,18 +274,21 @@ class StationReduction {
     std::vector<Remark>& Warnings;
 };
 
-void NameUnreduced(TotalResult& result) {
+// Whether a target has all that a kind of result file takes of it.
+bool Has(const TargetResult& target, ResultKind kind) {
+    return target.Zenith && (kind == ResultKind::Angle || target.Distance);
+}
+
+void NameUnreduced(TotalResult& result, ResultKind kind) {
     for (const StationResult& station : result.Stations) {
         for (const TargetResult& target : station.Targets) {
-            if (!target.Zenith)
-                result.Warnings.push_back(
-                    {"", 0,
-                     fmt::format("{} to {}: no distance and unequal heights, cannot be reduced to the marks",
-                                 station.Name, target.Name)});
-            else if (!target.Distance)
-                result.Warnings.push_back({"", 0,
-                                           fmt::format("{} to {}: no distance, not in the result file",
-                                                       station.Name, target.Name)});
+            if (Has(target, kind))
+                continue;
+            const char* const reason =
+                target.Zenith ? "no distance, not in the result file"
+                              : "no distance and unequal heights, cannot be reduced to the marks";
+            result.Warnings.push_back(
+                {"", 0, fmt::format("{} to {}: {}", station.Name, target.Name, reason)});
         }
     }
 }
@@ -305,6 +308,11 @@ void NameLongNames(TotalResult& result) {
         for (const TargetResult& target : station.Targets)
             tell(target.Name);
     }
+}
+
+std::string DirectionText(double direction) {
+    const std::string text = Fixed(direction, 6, 12);
+    return Trim(text) == "400.000000" ? Fixed(0, 6, 12) : text;
 }
 
 void CompareBothEnds(TotalResult& result) {
@@ -376,7 +384,7 @@ void PoolSpreads(TotalResult& result) {
 
 }  // namespace
 
-TotalResult ReduceBook(const FieldBook& book) {
+TotalResult ReduceBook(const FieldBook& book, ResultKind kind) {
     TotalResult result;
     std::vector<std::vector<const SetUp*>> stations;  // the set-ups of each, in the order of the book
     std::map<std::string, std::size_t> places;
@@ -392,25 +400,26 @@ TotalResult ReduceBook(const FieldBook& book) {
             station.Add(*setUp);
         result.Stations.push_back(station.Finish());
     }
-    NameUnreduced(result);
+    NameUnreduced(result, kind);
     NameLongNames(result);
     CompareBothEnds(result);
     PoolSpreads(result);
     return result;
 }
 
-std::vector<std::string> TotalResLines(const TotalResult& result) {
+std::vector<std::string> ResultLines(const TotalResult& result, ResultKind kind) {
     std::vector<std::string> lines;
     for (const StationResult& station : result.Stations) {
         for (const TargetResult& target : station.Targets) {
-            if (!target.Zenith || !target.Distance)
+            if (!Has(target, kind))
                 continue;
-            std::string direction = Fixed(target.Direction.Value, 6, 12);
-            if (direction == "  400.000000")
-                direction = Fixed(0, 6, 12);
-            lines.push_back(fmt::format("{:<16} {:<16} {} {} {}", station.Name, target.Name, direction,
-                                        Fixed(target.Zenith->Value, 6, 12),
-                                        Fixed(target.Distance->Value, 5, 12)));
+            std::string line = fmt::format("{:<16} {:<16}", station.Name, target.Name);
+            if (kind != ResultKind::Distance)
+                line +=
+                    " " + DirectionText(target.Direction.Value) + " " + Fixed(target.Zenith->Value, 6, 12);
+            if (kind != ResultKind::Angle)
+                line += " " + Fixed(target.Distance->Value, 5, 12);
+            lines.push_back(line);
         }
     }
     return lines;

@@ -92,16 +92,19 @@ struct TotalResult {
     std::vector<Remark> Warnings;
 };
 
+/// What a result file takes of each target: direction, zenith angle and distance; the two angles; or the
+/// distance. A target that lacks one of them is not in it and is named in the warnings.
+enum class ResultKind { Total, Angle, Distance };
+
 /// Reduces a book. A later set-up on a station is oriented on the ones before by the median turn of their
 /// common targets; a common target that is off by more than DirectionLimit is left out of it, and without
 /// a common target that fits the set-up is left out as a whole: its directions would be false under the one
 /// orientation that a station has. A set without a distance is reduced with the mean of the target's others
 /// in the set-up; without any, only between equal heights. All of it is told in the warnings.
-TotalResult ReduceBook(const FieldBook& book);
+TotalResult ReduceBook(const FieldBook& book, ResultKind kind = ResultKind::Total);
 
-/// The result file's lines: station, target, direction, zenith angle, slope distance of each target that has
-/// all three, the angles with 6 decimals, the distance with 5. A direction that rounds to 400 is written as
-/// 0.
-std::vector<std::string> TotalResLines(const TotalResult& result);
+/// The result file's lines: station, target, and what the kind says, angles with 6 decimals, the distance
+/// with 5. A direction that rounds to 400 is written as 0.
+std::vector<std::string> ResultLines(const TotalResult& result, ResultKind kind = ResultKind::Total);
 
 }  // namespace Dorvane

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "programs/total/TotalRun.h"
 
+#include <algorithm>
+
 #include "core/Host.h"
 #include "core/LineReader.h"
 #include "core/RunTimeError.h"
@@ -32,19 +34,22 @@ void ReadFieldFiles(const ReductionFiles& files, FieldBook& book, std::vector<st
 
 }  // namespace
 
-std::vector<std::string> RunTotalReduction() {
-    const ReductionFiles files = ReadReductionFiles("TOTAL.PAR", 3);
-    const std::string resultPath = files.Line(3);
+std::vector<std::string> RunBookReduction(const BookProgram& program) {
+    const ReductionFiles files =
+        ReadReductionFiles(program.ParameterFile, std::max(program.ResultLine, program.ProtocolLine));
+    const std::string resultPath = files.Line(program.ResultLine);
+    const std::string protocolPath =
+        program.ProtocolLine == 0 ? ProtocolPath(resultPath) : files.Line(program.ProtocolLine);
     FieldBook book;
     std::vector<std::string> errors;
     ReadFieldFiles(files, book, errors);
-    const TotalResult result = ReduceBook(book);
-    const std::vector<std::string> lines = TotalResLines(result);
+    const TotalResult result = ReduceBook(book, program.Kind);
+    const std::vector<std::string> lines = ResultLines(result, program.Kind);
     WriteResult(resultPath, lines, errors);
 
     const TotalProtocolHead head{Host::Now(), files.Folder(), FileOf(files.Index()), FileOf(resultPath),
                                  static_cast<long>(lines.size())};
-    WriteProtocol(ProtocolPath(resultPath), TotalProtocol(head, book, result, errors), errors);
+    WriteProtocol(protocolPath, TotalProtocol(head, book, result, errors), errors);
     return errors;
 }
 

@@ -1,15 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
+#include "programs/total/TotalReduction.h"
+
 namespace Dorvane {
 
-/// The total-station reduction from its parameter file TOTAL.PAR to the result file of line 3 and the
-/// protocol beside it (extension PRO). The field files are those with the extension GSI in the survey index.
-/// Returns the errors; each stands in the protocol too. A run without any result leaves no result file, not
-/// even an old one. Raises what keeps it from knowing where its protocol belongs.
-std::vector<std::string> RunTotalReduction();
+/// One program on total-station books: where its parameter file names what it writes.
+struct BookProgram {
+    std::string Name;           // as it signs its errors
+    std::string ParameterFile;  // bare name in Param_path
+    std::size_t ResultLine;     // of the parameter file, from 1
+    std::size_t ProtocolLine;   // 0: beside the result file, with the extension PRO
+    ResultKind Kind;
+};
+
+inline const BookProgram TotalProgram{"TOTRED", "TOTAL.PAR", 3, 0, ResultKind::Total};
+inline const BookProgram AngleProgram{"ANGRED", "ANGLE.PAR", 3, 4, ResultKind::Angle};
+inline const BookProgram DistanceProgram{"DISTRED", "DIST.PAR", 9, 10, ResultKind::Distance};
+
+/// Reduces the field files with the extension GSI of the survey index to the program's result file and
+/// protocol. Returns the errors; each stands in the protocol too. A run without any result leaves no result
+/// file, not even an old one. Raises what keeps it from knowing where its protocol belongs.
+std::vector<std::string> RunBookReduction(const BookProgram& program);
 
 }  // namespace Dorvane

@@ -4,8 +4,8 @@
 #include "programs/total/TotalRun.h"
 
 int main() {
-    return Dorvane::RunProgram("TOTRED", [] {
+    return Dorvane::RunProgram(Dorvane::AngleProgram.Name, [] {
         Dorvane::Drives::Open();
-        return Dorvane::RunTotalReduction();
+        return Dorvane::RunBookReduction(Dorvane::AngleProgram);
     });
 }
