@@ -33,8 +33,9 @@ void AddProjectFolders(List1<std::string>& lines) {
         const std::string root = Name(lines[i], RootColumn);
         GetDirectories(folders, Global().Data_drive + root + "\\" + location + "\\ADJUST\\");
         const std::string head = " *       " + PadRight(root, 10) + PadRight(location, 10) + "ADJUST    ";
+        // What of a long name reached the last column would be read as a deeper folder.
         for (const std::string& folder : folders)
-            lines.Add(head + folder);
+            lines.Add(head + Left(folder, SurveyColumn - EpochColumn));
     }
 }
 

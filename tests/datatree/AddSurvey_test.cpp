@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/basGeneral.h"
+#include "datatree/basTree.h"
+#include "tests/datatree/DataSite.h"
+
+namespace Dorvane::Testing {
+
+namespace {
+
+class AddSurvey : public DataSite {
+  protected:
+    AddSurvey() {
+        PutFile(Init("CHOICES.SYS"), "DAM      1 Main dam\r\n");
+        PutFile(Init("DAM.STR"),
+                "DAM      Main dam\r\n\r\nNORTH    North\r\n\r\nLEVEL    Levelling\r\nTOTAL    "
+                "Total\r\n\r\nSRV12    Twelfth\r\n");
+        Services.WriteSrvNew = [this](const std::string& folder, const std::string& name) {
+            Indexes.push_back(folder + name);
+            Drives::WriteFile(folder + name, "INDEX\r\n");
+        };
+        Services.WriteCoordNew = [this](const std::string& folder, const std::string& location) {
+            CoordinateFiles.push_back(folder + "|" + location);
+        };
+        Services.Waiting.Show = [this](const std::string& text) { Waiting.push_back(text); };
+        Services.Waiting.Close = [this] { Waiting.push_back("closed"); };
+    }
+
+    void Add(const SurveyAnswer& survey) { Dorvane::AddSurvey(survey, Services, Tree); }
+    static bool Exists(std::string folder) { return FolderExists(folder); }
+
+    SurveyServices Services;
+    TreeModel Tree;
+    std::vector<std::string> Indexes;
+    std::vector<std::string> CoordinateFiles;
+    std::vector<std::string> Waiting;
+};
+
+const SurveyAnswer TwoTypes{"DAM", "NORTH", "LEVEL TOTAL ", "SRV12", "First survey"};
+
+}  // namespace
+
+TEST_F(AddSurvey, RegistersTwoTypesOfOneEpoch) {
+    Add(TwoTypes);
+    EXPECT_EQ(FileContent(Init("DAM.PTH")),
+              " *       DAM       NORTH     LEVEL     SRV12\r\n"
+              " *       DAM       NORTH     TOTAL     SRV12\r\n");
+    EXPECT_EQ(FileContent(Init("DAM.HIS")),
+              "             DATA FILESYSTEM HISTORY\r\n"
+              "\r\n"
+              "Subdirectory                  Usage\r\n"
+              "----------------------        ---------------------------\r\n"
+              "DAM\\NORTH\\LEVEL\\SRV12\r\n"
+              "    Created     11-20-26      First survey\r\n"
+              "DAM\\NORTH\\TOTAL\\SRV12\r\n"
+              "    Created     11-20-26      First survey\r\n");
+}
+
+TEST_F(AddSurvey, MakesTheFoldersTheirIndexesAndOneProjectFolder) {
+    Add(TwoTypes);
+    EXPECT_TRUE(Exists(Data("DAM\\NORTH\\LEVEL\\SRV12")));
+    EXPECT_TRUE(Exists(Data("DAM\\NORTH\\TOTAL\\SRV12")));
+    EXPECT_TRUE(Exists(Data("DAM\\NORTH\\ADJUST\\SRV12")));
+    EXPECT_EQ(Indexes, (std::vector<std::string>{Data("DAM\\NORTH\\LEVEL\\SRV12\\SRV12.IDX"),
+                                                 Data("DAM\\NORTH\\TOTAL\\SRV12\\SRV12.IDX")}));
+}
+
+TEST_F(AddSurvey, ReadsTheTreeAnewUnderAWaitingWindow) {
+    Tree.Add({"OLD", "", "", "", "", false});
+    Add(TwoTypes);
+    EXPECT_EQ(Waiting, (std::vector<std::string>{"Updating Tarvex data folders.", "closed"}));
+    EXPECT_EQ(Desk.Yields, 1);
+    EXPECT_EQ(Global().PathRecords.Count(), 3);
+    EXPECT_EQ(Tree.Find("OLD"), nullptr);
+    ASSERT_NE(Tree.Find(Data("DAM\\NORTH\\TOTAL\\SRV12\\")), nullptr);
+    EXPECT_EQ(Tree.Find(Data("DAM\\NORTH\\TOTAL\\SRV12\\"))->Caption, "Twelfth");
+    EXPECT_NE(Tree.Find(Data("DAM\\NORTH\\ADJUST\\SRV12\\")), nullptr);
+}
+
+TEST_F(AddSurvey, KeepsAnExistingFolderAndItsIndex) {
+    PutFile(Data("DAM\\NORTH\\LEVEL\\SRV12\\SRV12.IDX"), "KEPT");
+    Add(TwoTypes);
+    EXPECT_EQ(Indexes, (std::vector<std::string>{Data("DAM\\NORTH\\TOTAL\\SRV12\\SRV12.IDX")}));
+    EXPECT_EQ(FileContent(Data("DAM\\NORTH\\LEVEL\\SRV12\\SRV12.IDX")), "KEPT");
+}
+
+TEST_F(AddSurvey, MakesTheCoordinateFilesOfALocationOnlyOnce) {
+    Add(TwoTypes);
+    Add({"DAM", "NORTH", "LEVEL ", "SRV13", "Second survey"});
+    EXPECT_TRUE(Exists("D:\\TARVEX\\COORD\\NORTH"));
+    EXPECT_EQ(CoordinateFiles, (std::vector<std::string>{"D:\\TARVEX\\COORD\\NORTH\\|NORTH"}));
+}
+
+TEST_F(AddSurvey, SharesTheCoordinateFilesOfALocationBetweenSystems) {
+    Add(TwoTypes);
+    Add({"WEIR", "NORTH", "LEVEL ", "SRV1", ""});
+    EXPECT_EQ(CoordinateFiles.size(), 1u);
+    EXPECT_TRUE(Exists(Data("WEIR\\NORTH\\LEVEL\\SRV1")));
+}
+
+TEST_F(AddSurvey, WritesAnEmptyUsageForAnEmptyHistory) {
+    Add({"DAM", "NORTH", "LEVEL ", "SRV12", ""});
+    EXPECT_EQ(FileLines(Init("DAM.HIS")).back(), "    Created     11-20-26      ");
+}
+
+TEST_F(AddSurvey, DoesNothingWithoutEachOfTheFourNames) {
+    Add({"", "NORTH", "LEVEL ", "SRV12", "x"});
+    Add({"DAM", "", "LEVEL ", "SRV12", "x"});
+    Add({"DAM", "NORTH", "", "SRV12", "x"});
+    Add({"DAM", "NORTH", "LEVEL ", "", "x"});
+    EXPECT_EQ(AllFiles("D:\\TARVEX\\"), (std::vector<std::string>{"INIT\\CHOICES.SYS", "INIT\\DAM.STR"}));
+    EXPECT_TRUE(Waiting.empty());
+    EXPECT_TRUE(Tree.Nodes().empty());
+}
+
+TEST_F(AddSurvey, ReportsAFolderThatCannotBeMadeWithTheRegistriesAheadOfTheDisk) {
+    PutFile(Data("DAM"), "a file in the way");
+    ExpectReport(Desk, 75, "Path/File access error: " + Drives::HostPath(Data("DAM")),
+                 "frmTree-cmdAdd_Click");
+    Add(TwoTypes);
+    EXPECT_EQ(FileLines(Init("DAM.PTH")).size(), 2u);
+    EXPECT_EQ(FileLines(Init("DAM.HIS")).size(), 8u);
+    EXPECT_TRUE(Waiting.empty());
+}
+
+TEST_F(AddSurvey, ReportsTheFailureOfASurveyIndex) {
+    Services.WriteSrvNew = [](const std::string&, const std::string&) {
+        throw RunTimeError(PermissionDenied);
+    };
+    ExpectReport(Desk, 70, "Permission denied", "frmTree-cmdAdd_Click");
+    Add(TwoTypes);
+    EXPECT_TRUE(Exists(Data("DAM\\NORTH\\LEVEL\\SRV12")));
+    EXPECT_FALSE(Exists(Data("DAM\\NORTH\\ADJUST\\SRV12")));
+}
+
+TEST_F(AddSurvey, TriesASurveyIndexAgainWhenTheOperatorMadeRoom) {
+    int calls = 0;
+    Services.WriteSrvNew = [&](const std::string& folder, const std::string& name) {
+        if (++calls == 1)
+            throw RunTimeError(DiskFull);
+        Drives::WriteFile(folder + name, "");
+    };
+    ExpectDiskFull(Desk, "frmTree-cmdAdd_Click", Answer::Yes);
+    Add(TwoTypes);
+    EXPECT_EQ(calls, 3);
+    EXPECT_TRUE(Exists(Data("DAM\\NORTH\\ADJUST\\SRV12")));
+}
+
+}  // namespace Dorvane::Testing
