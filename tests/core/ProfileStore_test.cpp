@@ -85,6 +85,19 @@ TEST_F(ProfileStore, RaisesNothingOnADamagedOrUnreadableProfile) {
     IniWriteString("dv_dir.ini", "A", "K", "1");
 }
 
+TEST_F(ProfileStore, DoesNotWriteAValueThatStandsAlready) {
+    PutFile(Path, "[A]\r\nK=1\r\nBlank= \r\n");
+    SetTimeStamp(Path, {2001, 2, 3, 4, 5, 6});
+    IniWriteString("dv_test.ini", "A", "K", "1");
+    IniWriteString("dv_test.ini", "A", "Blank", " ");
+    Drives::Entry entry;
+    ASSERT_TRUE(Drives::Find(Path, entry));
+    EXPECT_EQ(entry.Modified, (DateTime{2001, 2, 3, 4, 5, 6}));
+    IniWriteString("dv_test.ini", "A", "K", "2");
+    ASSERT_TRUE(Drives::Find(Path, entry));
+    EXPECT_NE(entry.Modified, (DateTime{2001, 2, 3, 4, 5, 6}));
+}
+
 TEST_F(ProfileStore, KeepsTheFormerProfileWhenItCannotBeWritten) {
     PutFile(Path, "[A]\r\nK=1\r\n");
     AsNobody([] {
