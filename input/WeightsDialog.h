@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "input/ObservationModel.h"
+
+// What the weights dialog shows and what its OK writes. Lists count from 1.
+namespace Dorvane {
+
+/// A title with its value field; both are available or not together.
+struct WeightField {
+    std::string Title;
+    std::string Text;
+    bool Available = false;
+};
+
+/// One tab of the dialog.
+struct WeightsTab {
+    InputType Entry;            // its Name is the tab's caption
+    std::string Picture;        // path of the tab's picture
+    List1<WeightField> Fields;  // five, those that the kind does not have never available
+    bool HasLinear = false;     // the box "Calculate Angular Weights" is available
+    bool Linear = false;        // it is checked
+};
+
+/// The tabs as the dialog opens, one per input type, from types and weights read anew. A field shows its
+/// value as plain decimal text. Reports as "frmObsWeights-Form_Load".
+List1<WeightsTab> OpenWeightsDialog();
+
+/// The click of the box: with it on the linear errors and the distance are available, otherwise the angular
+/// errors and the distance.
+void ClickLinear(WeightsTab& tab, bool on);
+
+/// The click of OK: writes the texts as typed, without a check, tab by tab. Fields that are not available
+/// keep their old values in the profile.
+void SaveWeights(const List1<WeightsTab>& tabs);
+
+/// A number in decimal digits without an exponent, as short as it can be.
+std::string PlainDecimal(double value);
+
+}  // namespace Dorvane
