@@ -1,0 +1,256 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "adjustment/basVarn.h"
+#include "core/Drives.h"
+#include "core/RunTimeError.h"
+#include "tests/support/ScriptedDesktop.h"
+#include "tests/support/TestSite.h"
+
+namespace Dorvane {
+namespace {
+
+using testing::ElementsAre;
+using Testing::FileContent;
+using testing::HasSubstr;
+using Testing::PutFile;
+using Testing::PutLines;
+
+// A package that records its calls and, in Go, leaves a listing where it is told to.
+class RecordedPackage : public AdjustmentPackage {
+  public:
+    explicit RecordedPackage(std::vector<std::string>& steps) : Steps(steps) {}
+
+    std::int16_t Start(std::string& inputPath) override {
+        Steps.push_back("start " + inputPath);
+        if (!LeavesInPath.empty())
+            inputPath = LeavesInPath;
+        return StartResult;
+    }
+    std::int16_t Go(std::int32_t type) override {
+        Steps.push_back("go " + std::to_string(type));
+        if (!Listing.empty())
+            PutFile(Listing, "the listing\r\n");
+        return GoResult;
+    }
+    void Stop() override { Steps.push_back("stop"); }
+
+    std::int16_t StartResult = 0;
+    std::int16_t GoResult = 0;
+    std::string Listing;
+    std::string LeavesInPath;
+
+  private:
+    std::vector<std::string>& Steps;
+};
+
+class VarnRun : public testing::Test {
+  protected:
+    VarnRun() {
+        LoadVarn(State);
+        PutLines(Net, {"NORL", "", "  PROJECT = P", "     TASK = T"});
+        ChangeInput(State, Net);
+        View.BeginWait = [this] { Steps.push_back("begin wait"); };
+        View.ShowNumbers = [this] {
+            Steps.push_back("show " + State.lblStartReturn + "/" + State.lblGoReturn);
+        };
+        View.StopAnimation = [this] { Steps.push_back("stop animation"); };
+        View.EndWait = [this] { Steps.push_back("end wait"); };
+    }
+
+    void Run() { RunVarn(State, Package, View); }
+    int ErrorOfRun() {
+        try {
+            Run();
+        } catch (const RunTimeError& error) {
+            return error.Number;
+        }
+        return 0;
+    }
+    void ExpectSuccess() { Desktop.ExpectMessage("Varn Successful", "Varn completed successfully!"); }
+
+    const std::string Net = "D:\\ADJ\\NET.INP";
+    const std::string Output = "D:\\ADJ\\NET.OUT";
+    Testing::TestSite Site;
+    Testing::ScriptedDesktop Desktop;
+    VarnState State;
+    std::vector<std::string> Steps;
+    RecordedPackage Package{Steps};
+    VarnRunView View;
+};
+
+TEST_F(VarnRun, CallsThePackageInOrderAndTellsOfSuccess) {
+    Package.Listing = Output;
+    ExpectSuccess();
+    Run();
+    EXPECT_THAT(Steps, ElementsAre("begin wait", "start " + Net, "show 0/", "go 1", "show 0/0", "stop",
+                                   "stop animation", "end wait"));
+    EXPECT_EQ(Desktop.Shown[0].Picture, Icon::Information);
+    const std::string content = FileContent(Output);
+    EXPECT_THAT(content, HasSubstr("VARN Adjustment Output"));
+    EXPECT_THAT(content, testing::EndsWith("___\r\nthe listing\r\n"));
+}
+
+TEST_F(VarnRun, HandsOverTheNumberOfTheTypeNotItsPosition) {
+    const std::vector<std::string> expected = {"go 0", "go 1", "go -1", "go 7"};
+    Package.GoResult = 1;
+    for (int position = 0; position < 4; ++position) {
+        Desktop.ExpectMessageTitled("Varn Error");
+        State.cmbVarn.Selected = position + 1;
+        Steps.clear();
+        Run();
+        EXPECT_THAT(Steps, testing::Contains(expected[static_cast<std::size_t>(position)]));
+    }
+}
+
+TEST_F(VarnRun, WithoutATypeDoesNotCallGoAndCountsAsSuccess) {
+    PutFile(Output, "an older listing\r\n");
+    State.cmbVarn.Selected = 0;
+    ExpectSuccess();
+    Run();
+    EXPECT_THAT(Steps, ElementsAre("begin wait", "start " + Net, "show 0/", "show 0/0", "stop",
+                                   "stop animation", "end wait"));
+    EXPECT_THAT(FileContent(Output), HasSubstr("VARN Adjustment Output"));
+}
+
+TEST_F(VarnRun, GoesOnWhateverStartGave) {
+    Package.StartResult = 3;
+    Package.Listing = Output;
+    ExpectSuccess();
+    Run();
+    EXPECT_EQ(State.lblStartReturn, "3");
+    EXPECT_EQ(State.lblGoReturn, "0");
+}
+
+TEST_F(VarnRun, TellsThePackagesErrorNumberAndLeavesTheListingWithoutBanner) {
+    Package.GoResult = -12;
+    Package.Listing = Output;
+    Desktop.ExpectMessage("Varn Error", "Varn completed.  Error -12 returned.");
+    Run();
+    EXPECT_EQ(Desktop.Shown[0].Picture, Icon::Information);
+    EXPECT_EQ(FileContent(Output), "the listing\r\n");
+    EXPECT_EQ(State.lblGoReturn, "-12");
+}
+
+TEST_F(VarnRun, ThatFailedLeavesAnOlderListingToBeExported) {
+    PutFile(Output, "an older listing\r\n");
+    Package.GoResult = 5;
+    Desktop.ExpectMessageTitled("Varn Error");
+    Run();
+    EXPECT_TRUE(State.mnuXyz.Enabled);
+    EXPECT_TRUE(State.mnuInu.Enabled);
+    EXPECT_TRUE(State.mnuKeld.Enabled);
+    EXPECT_TRUE(State.chkOutputFile.Enabled);
+    EXPECT_EQ(State.lblOutput.Colour, LabelColour::Black);
+}
+
+TEST_F(VarnRun, ThatMadeAListingOpensTheExports) {
+    EXPECT_FALSE(State.mnuXyz.Enabled);
+    Package.Listing = Output;
+    ExpectSuccess();
+    Run();
+    EXPECT_TRUE(State.mnuXyz.Enabled);
+    EXPECT_TRUE(State.mnuInu.Enabled);
+    EXPECT_TRUE(State.mnuKeld.Enabled);
+    EXPECT_TRUE(State.chkOutputFile.Enabled);
+    EXPECT_EQ(State.lblOutput.Colour, LabelColour::Black);
+}
+
+TEST_F(VarnRun, ThatFailedWithoutListingClosesTheExports) {
+    PutFile(Output, "");
+    ChangeInput(State, Net);
+    Drives::DeleteFile(Output);
+    Package.GoResult = 5;
+    Desktop.ExpectMessageTitled("Varn Error");
+    Run();
+    EXPECT_FALSE(State.mnuXyz.Enabled);
+    EXPECT_FALSE(State.mnuInu.Enabled);
+    EXPECT_FALSE(State.mnuKeld.Enabled);
+    EXPECT_FALSE(State.chkOutputFile.Enabled);
+    EXPECT_EQ(State.lblOutput.Colour, LabelColour::LightRed);
+}
+
+TEST_F(VarnRun, OfAVersionTakesThatVersionsInputAndListing) {
+    PutLines("D:\\ADJ\\NET_v02.INP", {"", "PROJECT = version", "TASK = T"});
+    ChangeInput(State, Net);
+    ClickVersion(State, 2);
+    Package.Listing = "D:\\ADJ\\NET_v02.OUT";
+    ExpectSuccess();
+    Run();
+    EXPECT_EQ(Steps[1], "start D:\\ADJ\\NET_v02.INP");
+    EXPECT_THAT(FileContent("D:\\ADJ\\NET_v02.OUT"), HasSubstr("  Project  =  version\r\n"));
+    EXPECT_EQ(State.lblOutput.Caption, Output);
+    EXPECT_EQ(State.lblOutput.Colour, LabelColour::Black);
+}
+
+TEST_F(VarnRun, OfAVersionCutsAtAPointInAFolderName) {
+    const std::string input = "D:\\JOB.1\\NET.INP";
+    PutFile(input, "");
+    PutFile("D:\\JOB.1\\NET_v02.INP", "");
+    ChangeInput(State, input);
+    ClickVersion(State, 2);
+    Package.GoResult = 1;
+    Desktop.ExpectMessageTitled("Varn Error");
+    Run();
+    EXPECT_EQ(Steps[1], "start D:\\JOB_v02.INP");
+}
+
+TEST_F(VarnRun, OfAMasterCopyHandsItOverAsItWasChosen) {
+    PutLines("D:\\ADJ\\NET.ORG", {"", "PROJECT = P", "TASK = T"});
+    ChangeInput(State, "D:\\ADJ\\NET.ORG");
+    Package.Listing = Output;
+    ExpectSuccess();
+    Run();
+    EXPECT_EQ(Steps[1], "start D:\\ADJ\\NET.ORG");
+}
+
+TEST_F(VarnRun, WithoutInputHandsOverTheEmptyPath) {
+    ChangeInput(State, "");
+    Package.GoResult = 1;
+    Desktop.ExpectMessage("Varn Error", "Varn completed.  Error 1 returned.");
+    Run();
+    EXPECT_EQ(Steps[1], "start ");
+}
+
+TEST_F(VarnRun, DoesNotDependOnWhatThePackageLeavesInThePath) {
+    Package.Listing = Output;
+    Package.LeavesInPath = "Q:\\NOWHERE.INP";
+    ExpectSuccess();
+    Run();
+    EXPECT_THAT(FileContent(Output), HasSubstr("  Project  =  P\r\n"));
+    EXPECT_EQ(State.txtInput, Net);
+}
+
+TEST_F(VarnRun, WithSuccessButNoListingRaises) {
+    EXPECT_EQ(ErrorOfRun(), FileNotFound);
+    EXPECT_EQ(Steps.back(), "end wait");
+    EXPECT_EQ(State.lblGoReturn, "0");
+    EXPECT_EQ(Testing::AllFiles("D:\\"), std::vector<std::string>{"ADJ\\NET.INP"});
+}
+
+TEST_F(VarnRun, WithoutProjectAndTaskRaisesAndLeavesTheListing) {
+    PutLines(Net, {"NORL", "Theodolite Stations", "END"});
+    Package.Listing = Output;
+    EXPECT_EQ(ErrorOfRun(), InputPastEnd);
+    EXPECT_EQ(Steps.back(), "end wait");
+    EXPECT_EQ(FileContent(Output), "the listing\r\n");
+    EXPECT_TRUE(State.mnuXyz.Enabled);
+}
+
+TEST_F(VarnRun, WithoutPackageRaisesAndEndsTheWait) {
+    PutFile("P:\\DORVANE\\" + KrennPackage::LibraryName(), "no library");
+    KrennPackage broken;
+    EXPECT_THROW(RunVarn(State, broken, View), RunTimeError);
+    EXPECT_THAT(Steps, ElementsAre("begin wait", "end wait"));
+}
+
+TEST_F(VarnRun, NeedsNoView) {
+    Package.GoResult = 1;
+    Desktop.ExpectMessageTitled("Varn Error");
+    RunVarn(State, Package, {});
+    EXPECT_THAT(Steps, ElementsAre("start " + Net, "go 1", "stop"));
+}
+
+}  // namespace
+}  // namespace Dorvane
