@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "krenn/Approximate.h"
+#include "krenn/Datum.h"
+
+namespace Krenn {
+
+// The four ways to adjust; the numbers are those that go receives.
+enum class Type { Sparse = 0, SparseInverse = 1, Dense = 7, L1Norm = -1 };
+
+struct Options {
+    int mostIterations = 50;
+    double largestCorrection = 1e-8;  // meters; the iterations end when no coordinate moves by more
+};
+
+struct Iteration {
+    double largest = 0;     // largest coordinate correction, meters
+    int unknown = -1;       // whose it is
+    double step = 1;        // part of the correction that was taken; below 1 when the whole was too long
+    double target = 0;      // sum of (v / sigma)^2, or of |v / sigma| for type -1, after the step
+};
+
+// Cofactors a priori: variances and covariances of the unknowns for m0 = 1, in square meters and radians.
+struct Cofactors {
+    std::vector<std::array<double, 6>> point;  // per point xx, xy, yy, xz, yz, zz
+    std::vector<double> orientation;           // per point
+    std::vector<double> measure;               // per measure: of the adjusted observation, a Q a'
+    std::vector<std::array<double, 6>> pair;   // per relative pair: of the coordinate differences
+};
+
+struct Adjustment {
+    Type type = Type::SparseInverse;
+    Structure structure;
+    Unknowns unknowns;
+    Datum datum;
+    State start;
+    State state;
+    std::vector<int> computedStarts;           // points that started from the observations
+    std::vector<Iteration> iterations;
+    std::vector<double> residual;              // per measure: adjusted minus observed, radians or meters
+    double sumOfSquares = 0;                   // of v / sigma
+    bool hasCofactors = false;
+    Cofactors cofactors;
+    std::vector<std::string> notes;
+
+    // Observations minus unknowns plus defect.
+    int Redundancy() const {
+        return static_cast<int>(structure.measures.size()) - unknowns.Count() + datum.Defect();
+    }
+};
+
+// Adjusts a network. Throws Failure with the numbers 20 to 42 of ErrorNumber.
+Adjustment Adjust(const Network& network, Type type, const Options& options = {});
+
+}  // namespace Krenn

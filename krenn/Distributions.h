@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace Krenn {
+
+// Probability that a chi-square value of `freedom` degrees stays below `value` (regularised incomplete gamma
+// function; Abramowitz and Stegun 6.5.29 and 26.4). Freedom >= 1, value >= 0.
+double ChiSquareProbability(double value, double freedom);
+
+// The value that a chi-square of `freedom` degrees stays below with `probability`, 0 < probability < 1.
+double ChiSquareQuantile(double probability, double freedom);
+
+// The value that a standard normal variable stays below with `probability`, 0 < probability < 1.
+double NormalQuantile(double probability);
+
+// The value that F(2, freedom) stays below with `probability`; in closed form because of the 2.
+double FisherQuantileOfTwo(double probability, double freedom);
+
+}  // namespace Krenn

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "krenn/Errors.h"
+
+namespace Krenn {
+
+// One whole run: reads the input file, adjusts it, writes the listing beside it. Never throws: whatever goes
+// wrong becomes the number returned and, where the folder can be written, the listing of a failed run.
+ErrorNumber RunAdjustment(const std::string& inputPath, int type) noexcept;
+
+// Good, NoInputPath or InputNotReadable: what can be said before a run.
+ErrorNumber CheckInput(const std::string& inputPath) noexcept;
+
+}  // namespace Krenn
