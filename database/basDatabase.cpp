@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/basDatabase.h"
+
+#include <vector>
+
+#include "core/Drives.h"
+#include "core/Globals.h"
+#include "core/ReportError.h"
+#include "core/Text.h"
+#include "core/basGeneral.h"
+#include "database/DatabaseFiles.h"
+#include "datatree/GuardedReader.h"
+
+namespace Dorvane {
+
+namespace {
+
+constexpr int KeyLength = 8;
+constexpr int BiasCount = 4;
+
+const char* const DefaultKey = "STDBIAS";
+
+// Files are made type by type in this order, all data files before all indexes.
+constexpr std::int32_t OrderOfMaking[] = {ThreeDimensionalCode, BenchmarkCode, IdealCode, MonumentCode};
+
+bool FindBias(Guard& guard, const std::string& key, List1<double>& biasValues) {
+    GuardedReader file(guard, Global().Init_path + "BIAS.STR");
+    while (!file.AtEnd()) {
+        const std::string& line = file.ReadLine();
+        if (line.empty() || line.front() == ' ' || line.front() == ';')
+            continue;
+        if (Trim(UpperCase(Left(line, KeyLength))) != key)
+            continue;
+        List1<std::string> words;
+        if (ParseFields(words, line) < BiasCount + 1)
+            continue;
+        biasValues.Resize(BiasCount);
+        for (int i = 1; i <= BiasCount; ++i)
+            biasValues[i] = LeadingNumber(words[i + 1]);
+        return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+void WriteCoordNew(const std::string& folder, const std::string& location) {
+    for (const std::int32_t code : OrderOfMaking) {
+        const DatabaseType& type = DatabaseTypeOf(code);
+        Drives::WriteFile(folder + type.DataFile(), RecordHeader(type.DataShape(), 0));
+    }
+    for (const std::int32_t code : OrderOfMaking)
+        Drives::WriteFile(folder + DatabaseTypeOf(code).IndexFile(), RecordHeader(IndexShape, 0));
+    for (const std::int32_t code : OrderOfMaking)
+        Drives::WriteFile(folder + DatabaseTypeOf(code).ListFile(), "");
+    Drives::WriteFile(folder + location + ".REF", RecordHeader(ReferenceShape, 0));
+}
+
+bool MakeCoordBackups(const std::string& folder, std::int32_t typeCode) {
+    return Guarded("basDatabase-MakeCoordBackups", [&](Guard& guard) {
+        if (typeCode < BenchmarkCode || typeCode > IdealCode)
+            return;
+        // The ideals' files are asked for without their "S"; that they are then missing is meant to be so.
+        const std::string word = typeCode == IdealCode ? "IDEAL" : DatabaseTypeOf(typeCode).Word;
+        for (const std::string& file :
+             {word + ".LST", word + ".IDX", word + ".DAT", LocationOfFolder(folder) + ".REF"})
+            guard.Run([&] { Drives::CopyFile(folder + file, folder + "Backup " + file); });
+    });
+}
+
+bool ReadBiasFile(const std::string& location, List1<double>& biasValues) {
+    bool found = false;
+    Guarded("basRead-ReadBiasFile", [&](Guard& guard) {
+        found =
+            FindBias(guard, UpperCase(Trim(location)), biasValues) || FindBias(guard, DefaultKey, biasValues);
+    });
+    return found;
+}
+
+std::int16_t ReadWorkListFile(List1<std::string>& names) {
+    names.Clear();
+    const std::string path = Global().Work_path + "WORK.LST";
+    const bool read = Guarded("basRead-ReadWorkListFile", [&](Guard& guard) {
+        if (!FileExists(path))
+            return;
+        GuardedReader file(guard, path);
+        while (!file.AtEnd())
+            names.Add(Trim(Left(file.ReadLine(), NameLength)));
+    });
+    if (!read)
+        names.Clear();
+    return names.Count();
+}
+
+}  // namespace Dorvane
