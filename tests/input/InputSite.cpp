@@ -43,20 +43,20 @@ InputSite::InputSite() {
 }
 
 void InputSite::PutProfiles() {
-    PutProfile("dv_datatype.ini", {"[Data Types]", "Epochs=TOTAL ANGLES DIST LEVEL", "[TOTAL]",
-                                   "Extension=GSI", "GSI_Reduce=REDTOT.EXE TOTAL.RES"});
+    PutProfile("dv_datatype.ini", {"[Data Types]", "Epochs=TPS ANGLES DIST LEVEL", "[TPS]", "Extension=GSI",
+                                   "GSI_Reduce=REDTOT.EXE TOTAL.RES"});
     PutProfile("dv_input.ini", {"[Tracker]",
                                 "Number=1",
                                 "Name1=Laser",
                                 "Icon1=laser.bmp",
-                                "Location1=TOTAL",
+                                "Location1=TPS",
                                 "HAngle1=0.0005",
                                 "ZAngle1=0.0006",
                                 "SDist1=0.0001",
                                 "[Total]",
                                 "Number=1",
                                 "Name1=Totalstation",
-                                "Location1=TOTAL ANGLES DIST",
+                                "Location1=TPS ANGLES DIST",
                                 "HAngle1=0.001",
                                 "ZAngle1=0.002",
                                 "SDist1=0.003",
@@ -76,7 +76,7 @@ void InputSite::PutProfiles() {
                                 "Name1=Distances",
                                 "Location1=DIST",
                                 "SDist1=0.005",
-                                "[TOTAL]",
+                                "[TPS]",
                                 "3dResFile=TOTALRES TOTAL.RES",
                                 "[ANGLES]",
                                 "3dResFile=ANGLERES REDIR.RES ZENITH.RES",
@@ -121,6 +121,13 @@ std::string InputSite::LastReport() const {
 std::string InputSite::LastMessage() const {
     return Desktop.Shown.empty() ? "no message"
                                  : Desktop.Shown.back().Title + ": " + Desktop.Shown.back().Text;
+}
+
+PathRecord Located(const std::string& location) {
+    PathRecord record;
+    record.Root = "DAM";
+    record.Location = location;
+    return record;
 }
 
 void PutProfile(const std::string& file, const std::vector<std::string>& lines) {

@@ -62,6 +62,9 @@ class InputSite : public ::testing::Test {
     std::vector<std::string> Signs;     // hourglass and animation, in order
 };
 
+/// The record of a folder of system DAM at a location.
+PathRecord Located(const std::string& location);
+
 /// One profile file from its lines.
 void PutProfile(const std::string& file, const std::vector<std::string>& lines);
 
