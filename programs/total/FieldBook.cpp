@@ -81,7 +81,7 @@ class GsiBookReader {
         HeightWarned = false;
         LastTargetHeight.reset();
         HeightsTaken.clear();
-        Open = SetUp{name, File, LineNumber, {}};
+        Open = StationSetUp{name, File, LineNumber, {}};
         ++Count.SetUps;
     }
 
@@ -184,7 +184,7 @@ class GsiBookReader {
     std::string File;
     FileCount Count;
     long LineNumber = 0;
-    std::optional<SetUp> Open;
+    std::optional<StationSetUp> Open;
     std::optional<double> Height;
     bool HeightWarned = false;
     std::optional<double> LastTargetHeight;

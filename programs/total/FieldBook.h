@@ -25,7 +25,7 @@ struct Sight {
     int Face() const { return Zenith <= 200 ? 1 : 2; }
 };
 
-struct SetUp {
+struct StationSetUp {
     std::string Station;
     std::string File;  // without its folder
     long Line = 0;     // of the block that opens it
@@ -44,7 +44,7 @@ struct FileCount {
 };
 
 struct FieldBook {
-    std::vector<SetUp> SetUps;
+    std::vector<StationSetUp> SetUps;
     std::vector<FileCount> Files;
     std::vector<Remark> Unreadable;
     std::vector<Remark> Warnings;

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <map>
 #include <numbers>
+#include <set>
+#include <utility>
 
 namespace Dorvane {
 
@@ -24,12 +26,14 @@ struct PlacedSight {
     const Sight* Of;
     double Direction;  // of face 1, or of face 2 less 200
     int Position;
+    int Round;
 };
 
 /// Brings the sights of a set-up into one frame, whatever the circle did.
 class CirclePlacer {
   public:
-    CirclePlacer(const SetUp& setUp, std::vector<Remark>& warnings) : Book(setUp), Warnings(warnings) {}
+    CirclePlacer(const StationSetUp& setUp, std::vector<Remark>& warnings)
+        : Book(setUp), Warnings(warnings) {}
 
     std::vector<PlacedSight> Place() {
         std::vector<PlacedSight> placed;
@@ -46,8 +50,13 @@ class CirclePlacer {
                 }
                 Turn = turn;
                 ++Position;
+                EndRound();
             }
-            placed.push_back({&sight, Circle(FaceOne(sight) - Turn), Position});
+            if (!InRound.insert({sight.Target, sight.Face()}).second) {
+                EndRound();
+                InRound.insert({sight.Target, sight.Face()});
+            }
+            placed.push_back({&sight, Circle(FaceOne(sight) - Turn), Position, Round});
         }
         return placed;
     }
@@ -73,17 +82,24 @@ class CirclePlacer {
         return false;
     }
 
+    void EndRound() {
+        ++Round;
+        InRound.clear();
+    }
+
     void LeaveOut(const Sight& sight, double off) {
         Warnings.push_back({Book.File, sight.Line,
                             fmt::format("the direction from {} to {} is off by {} gon, the sight is left out",
                                         Book.Station, sight.Target, Fixed(off, 4, 0))});
     }
 
-    const SetUp& Book;
+    const StationSetUp& Book;
     std::vector<Remark>& Warnings;
     std::map<std::string, double> First;  // first direction of each target, in the frame of position 0
     double Turn = 0;                      // of the present position against the first
     int Position = 0;
+    int Round = 0;
+    std::set<std::pair<std::string, int>> InRound;  // targets and faces
 };
 
 /// One target's set in the making: one face, until its other one comes.
@@ -178,7 +194,7 @@ FaceSet SingleFaceSet(const PlacedSight& sight, const SetUpFrame& frame) {
     return set;
 }
 
-void CheckFaces(const SetUp& setUp, const Faces& faces, const SetUpFrame& frame,
+void CheckFaces(const StationSetUp& setUp, const Faces& faces, const SetUpFrame& frame,
                 std::vector<Remark>& warnings) {
     const double zenithOff = faces.Index() - frame.Index.Mean;
     const double directionOff = (faces.Collimation() - frame.Collimation.Mean);
@@ -197,7 +213,7 @@ void CheckFaces(const SetUp& setUp, const Faces& faces, const SetUpFrame& frame,
         warn("in distance by " + Fixed((*one - *second.Distance) * 1000, 1, 0) + " mm");
 }
 
-void WarnSingle(const SetUp& setUp, const FaceSet& set, const SetUpFrame& frame,
+void WarnSingle(const StationSetUp& setUp, const FaceSet& set, const SetUpFrame& frame,
                 std::vector<Remark>& warnings) {
     const bool corrected = frame.Index.Pairs > 0;
     warnings.push_back({setUp.File, set.Line,
@@ -213,7 +229,7 @@ double DirectionDifference(double a, double b) {
     return difference > 200 ? difference - 400 : difference;
 }
 
-SetUpFrame WorkOutSetUp(const SetUp& setUp, std::vector<Remark>& warnings) {
+SetUpFrame WorkOutSetUp(const StationSetUp& setUp, std::vector<Remark>& warnings) {
     SetUpFrame frame;
     CirclePlacer placer(setUp, warnings);
     const std::vector<PlacedSight> sights = placer.Place();
@@ -231,7 +247,6 @@ SetUpFrame WorkOutSetUp(const SetUp& setUp, std::vector<Remark>& warnings) {
     frame.Collimation = MeanError(collimations);
     frame.Index = MeanError(indices);
 
-    std::map<std::pair<std::string, int>, int> rounds;
     for (const Candidate& candidate : candidates) {
         const Faces faces(candidate);
         FaceSet set = faces.Both() ? BothFacesSet(faces) : SingleFaceSet(*candidate.First, frame);
@@ -239,7 +254,7 @@ SetUpFrame WorkOutSetUp(const SetUp& setUp, std::vector<Remark>& warnings) {
         set.Target = first.Target;
         set.Line = first.Line;
         set.Position = candidate.First->Position;
-        set.Round = rounds[{set.Target, set.Position}]++;
+        set.Round = candidate.First->Round;
         set.Distance = MeanDistance(faces);
         set.InstrumentHeight = first.InstrumentHeight;
         set.TargetHeight = first.TargetHeight;

@@ -15,7 +15,7 @@ struct FaceSet {
     std::string Target;
     long Line = 0;     // of its first sight
     int Position = 0;  // circle position, from 0
-    int Round = 0;     // within the position, from 0: the target's how-many-eth set
+    int Round = 0;     // of the set-up, from 0; that of its first sight
     bool BothFaces = false;
     int Face = 0;  // of a single face; 0 for both
     double Direction =
@@ -60,12 +60,14 @@ double DirectionDifference(double a, double b);
 /// begins there, turned back by that difference; when nothing behind it agrees, the sight is left out with a
 /// warning.
 ///
+/// A round ends where a target is sighted in the same face again, and where the circle was moved.
+///
 /// Within a position a sight pairs with the nearest earlier one to the target in the other face, with the
 /// same heights. With u1 the direction of face 1, u2 that of face 2 less 200, z1 and z2 the zenith angles:
 ///   collimation c = (u1 - u2) / 2 sin z,  index i = (z1 + z2 - 400) / 2,
 ///   direction = u1 - c / sin z,           zenith = z1 - i.
 /// A sight left alone is corrected by the means of c and i of the set-up, and named in the warnings; a set-up
 /// without any pair leaves its sights uncorrected, which is said too.
-SetUpFrame WorkOutSetUp(const SetUp& setUp, std::vector<Remark>& warnings);
+SetUpFrame WorkOutSetUp(const StationSetUp& setUp, std::vector<Remark>& warnings);
 
 }  // namespace Dorvane

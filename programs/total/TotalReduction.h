@@ -6,65 +6,11 @@
 #include <vector>
 
 #include "programs/total/FieldBook.h"
-#include "programs/total/SetUpFrame.h"
+#include "programs/total/StationReduction.h"
 
-// The reduction of a whole book: all set-ups on a station in one orientation, every sight reduced from mark
-// to mark, the mean of all sets. Angles in gons, lengths in meters.
-//
-// A set with slope distance S, zenith angle z, instrument height i and target height t is reduced by
-//   h = S sin z,  dv = S cos z + i - t,  S' = hypot(h, dv),  z' = atan2(h, dv).
-// The directions d(r, T) of the rounds r to the targets T are adjusted as d(r, T) = D(T) + o(r), o of the
-// first round 0, by least squares; so a target missing in a round disturbs no other, and the means stand on
-// the mean orientation of the first round.
+// The reduction of a whole book, and what the protocol and the result file make of it. Angles in gons,
+// lengths in meters.
 namespace Dorvane {
-
-/// One set of a target, reduced. A round counts through all set-ups of the station, from 0.
-struct ReducedSet {
-    int Round = 0;
-    bool BothFaces = false;
-    double Direction = 0;            // in the frame of the station's first set-up
-    std::optional<double> Zenith;    // mark to mark; nothing when it cannot be reduced
-    std::optional<double> Distance;  // mark to mark
-};
-
-/// A mean with the standard deviations of one set and of the mean.
-struct MeanValue {
-    double Value = 0;
-    long Count = 0;
-    double Squares = 0;  // of the deviations, for pooling
-    std::optional<double> SetDeviation;
-    std::optional<double> MeanDeviation;
-};
-
-struct TargetResult {
-    std::string Name;
-    std::vector<ReducedSet> Sets;
-    long SingleFaces = 0;
-    MeanValue Direction;
-    std::optional<MeanValue> Zenith;
-    std::optional<MeanValue> Distance;
-};
-
-struct SetUpResult {
-    std::string File;
-    long Line = 0;
-    std::vector<double> InstrumentHeights;  // each that occurs
-    long Sights = 0;
-    InstrumentError Collimation;
-    InstrumentError Index;
-    int Positions = 1;
-    bool Used = true;  // false: could not be oriented on the station's first set-up
-};
-
-struct StationResult {
-    std::string Name;
-    std::vector<SetUpResult> SetUps;
-    std::vector<TargetResult> Targets;  // in the order of first sight
-    int Rounds = 0;
-    std::optional<double> DirectionDeviation;  // of one set, pooled over the targets, free of orientation
-    std::optional<double> ZenithDeviation;
-    std::optional<double> DistanceDeviation;
-};
 
 /// A line measured from both of its ends: forward less backward.
 struct BothEnds {
@@ -96,11 +42,8 @@ struct TotalResult {
 /// distance. A target that lacks one of them is not in it and is named in the warnings.
 enum class ResultKind { Total, Angle, Distance };
 
-/// Reduces a book. A later set-up on a station is oriented on the ones before by the median turn of their
-/// common targets; a common target that is off by more than DirectionLimit is left out of it, and without
-/// a common target that fits the set-up is left out as a whole: its directions would be false under the one
-/// orientation that a station has. A set without a distance is reduced with the mean of the target's others
-/// in the set-up; without any, only between equal heights. All of it is told in the warnings.
+/// Reduces a book, station by station (ReduceStation). Set-ups of one station are taken together wherever
+/// they stand in the book. What the result file will not hold is told in the warnings.
 TotalResult ReduceBook(const FieldBook& book, ResultKind kind = ResultKind::Total);
 
 /// The result file's lines: station, target, and what the kind says, angles with 6 decimals, the distance
