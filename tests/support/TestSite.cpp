@@ -31,7 +31,7 @@ std::string NewTemporaryFolder() {
 TestSite::TestSite() : Folder(NewTemporaryFolder()), Former(Global()) {
     Global() = Globals();
     Global().OwnDesktop = Former.OwnDesktop;
-    Global().InstanceName = std::filesystem::path(Folder).parent_path().filename().string();
+    Global().InstanceName = OwnName();
     std::filesystem::create_directories(Folder + "d:");
     std::filesystem::create_directories(Folder + "p:/DORVANE");
     Drives::Open(Folder);
@@ -44,7 +44,10 @@ TestSite::~TestSite() {
     Global().OwnDesktop = desktop;
     std::error_code ignored;
     std::filesystem::remove_all(Folder, ignored);
+    std::filesystem::remove(std::filesystem::temp_directory_path() / ("." + OwnName() + ".lock"), ignored);
 }
+
+std::string TestSite::OwnName() const { return std::filesystem::path(Folder).parent_path().filename().string(); }
 
 void TestSite::LayOut() {
     for (const char* folder : {"CALIB", "COORD", "INIT", "DOWNLOAD"})

@@ -26,6 +26,8 @@ class TestSite {
     const std::string& HostFolder() const { return Folder; }
 
   private:
+    std::string OwnName() const;
+
     std::string Folder;
     Globals Former;
 };
