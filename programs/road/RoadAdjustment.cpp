@@ -53,16 +53,14 @@ int LinesThatHold(const std::string& path, const std::string& text) {
     return count;
 }
 
-// The word behind a text on the first line of a listing that begins with it, blanks aside; empty when there
-// is no such line.
+// The word behind a text, on the first line of a listing that holds both; empty when there is no such line.
 std::string WordBehind(const std::string& path, const std::string& text) {
     LineReader reader(path);
     while (!reader.AtEnd()) {
-        const std::string line = Trim(reader.ReadLine());
-        if (line.substr(0, text.size()) != text)
-            continue;
+        const std::string_view line = reader.ReadLine();
+        const std::size_t found = line.find(text);
         List1<std::string> words;
-        if (ParseFields(words, line.substr(text.size())) > 0)
+        if (found != std::string_view::npos && ParseFields(words, line.substr(found + text.size())) > 0)
             return words[1];
     }
     return "";
