@@ -8,6 +8,10 @@ namespace Dorvane {
 
 namespace {
 
+std::string Below(const std::string& folder, const std::string& name) {
+    return folder + "\\" + name;
+}
+
 // True when the folder was missing; it is made then.
 bool MakeMissingFolder(Guard& guard, const std::string& path) {
     std::string tested = path;
@@ -31,28 +35,30 @@ void MakeCoordinateFiles(Guard& guard, const std::string& location, const Survey
         guard.Run([&] { services.WriteCoordNew(folder + "\\", location); });
 }
 
-void MakeEpochFolder(Guard& guard, const std::string& path, const std::string& epoch,
+void MakeEpochFolder(Guard& guard, const std::string& typeFolder, const std::string& epoch,
                      const SurveyServices& services) {
-    MakeMissingFolder(guard, path);
+    const std::string folder = Below(typeFolder, epoch);
+    MakeMissingFolder(guard, folder);
     const std::string index = epoch + ".IDX";
-    if (!FileExists(path + "\\" + index))
-        guard.Run([&] { services.WriteSrvNew(path + "\\", index); });
+    if (!FileExists(Below(folder, index)))
+        guard.Run([&] { services.WriteSrvNew(folder + "\\", index); });
 }
 
 // Makes what is missing on the disk, each folder behind the one that holds it.
 void MakeFolders(Guard& guard, const SurveyAnswer& survey, const List1<std::string>& types,
                  const SurveyServices& services) {
     const std::string root = Global().Data_drive + survey.Root;
-    const std::string location = root + "\\" + survey.Location;
+    const std::string location = Below(root, survey.Location);
+    const std::string projects = Below(location, "ADJUST");
     MakeMissingFolder(guard, root);
     MakeMissingFolder(guard, location);
     MakeCoordinateFiles(guard, survey.Location, services);
     for (const std::string& type : types)
-        MakeMissingFolder(guard, location + "\\" + type);
-    MakeMissingFolder(guard, location + "\\ADJUST");
+        MakeMissingFolder(guard, Below(location, type));
+    MakeMissingFolder(guard, projects);
     for (const std::string& type : types)
-        MakeEpochFolder(guard, location + "\\" + type + "\\" + survey.Epoch, survey.Epoch, services);
-    MakeMissingFolder(guard, location + "\\ADJUST\\" + survey.Epoch);
+        MakeEpochFolder(guard, Below(location, type), survey.Epoch, services);
+    MakeMissingFolder(guard, Below(projects, survey.Epoch));
 }
 
 }  // namespace

@@ -19,6 +19,15 @@ std::string Name(std::string_view line, int column) {
     return UpperCase(Trim(Mid(line, column, 8)));
 }
 
+std::string ProjectsFolder(const std::string& root, const std::string& location) {
+    return Global().Data_drive + root + "\\" + location + "\\ADJUST\\";
+}
+
+std::string EpochFolder(std::string_view line) {
+    return Global().Data_drive + Name(line, RootColumn) + "\\" + Name(line, LocationColumn) + "\\" +
+           Name(line, TypeColumn) + "\\" + Name(line, EpochColumn) + "\\";
+}
+
 // Adds a line for each folder in the ADJUST folder of each location. Lines of one location stand together, so
 // each location is listed once.
 void AddProjectFolders(List1<std::string>& lines) {
@@ -31,17 +40,12 @@ void AddProjectFolders(List1<std::string>& lines) {
             continue;
         lastLocation = location;
         const std::string root = Name(lines[i], RootColumn);
-        GetDirectories(folders, Global().Data_drive + root + "\\" + location + "\\ADJUST\\");
+        GetDirectories(folders, ProjectsFolder(root, location));
         const std::string head = " *       " + PadRight(root, 10) + PadRight(location, 10) + "ADJUST    ";
         // What of a long name reached the last column would be read as a deeper folder.
         for (const std::string& folder : folders)
             lines.Add(head + Left(folder, SurveyColumn - EpochColumn));
     }
-}
-
-std::string EpochFolder(std::string_view line) {
-    return Global().Data_drive + Name(line, RootColumn) + "\\" + Name(line, LocationColumn) + "\\" +
-           Name(line, TypeColumn) + "\\" + Name(line, EpochColumn) + "\\";
 }
 
 // Adds a line for each folder below an epoch or a project; what is added here is not looked into.

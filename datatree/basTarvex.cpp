@@ -15,28 +15,27 @@ namespace {
 
 constexpr int StampWidth = 20;
 
-// Splits a time stamp at its first blank. A stamp of midnight has none and is meant to be split at the blank
-// of the file before it, which `blank` carries over; the first file has nothing to go by and raises error 5.
-void SplitStamp(const std::string& stamp, int& blank, FileEntry& file) {
-    const int found = InStr(Left(stamp, StampWidth), " ");
-    if (found > 0)
-        blank = found;
-    if (blank < 1)
-        throw RunTimeError(InvalidProcedureCall);
-    if (blank < StampWidth) {
-        file.Date = Trim(Left(stamp, blank));
-        file.Time = Trim(Mid(stamp, blank, StampWidth));
-    } else {
-        file.Date = stamp;
-    }
-}
-
 std::int32_t SizeOf(const Drives::Entry& found) {
     constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
     return static_cast<std::int32_t>(std::min(found.Size, most));
 }
 
 }  // namespace
+
+void SplitTimeStamp(const std::string& stamp, int& blank, std::string& date, std::string& time) {
+    const int found = InStr(Left(stamp, StampWidth), " ");
+    if (found > 0)
+        blank = found;
+    if (blank < 1)
+        throw RunTimeError(InvalidProcedureCall);
+    if (blank < StampWidth) {
+        date = Trim(Left(stamp, blank));
+        time = Trim(Mid(stamp, blank, StampWidth));
+    } else {
+        date = stamp;
+        time = "";
+    }
+}
 
 std::int16_t GetFiles(List1<FileEntry>& entries, const std::string& folder, const std::string& pattern) {
     entries.Clear();
@@ -49,7 +48,7 @@ std::int16_t GetFiles(List1<FileEntry>& entries, const std::string& folder, cons
                 continue;
             FileEntry file;
             file.Name = UpperCase(found.Name);
-            SplitStamp(GeneralDate(found.Modified), blank, file);
+            SplitTimeStamp(GeneralDate(found.Modified), blank, file.Date, file.Time);
             file.Size = SizeOf(found);
             entries.Add(std::move(file));
         }

@@ -19,6 +19,12 @@ struct FileEntry {
     bool operator==(const FileEntry&) const = default;
 };
 
+/// Splits a time stamp of the general format into its date and its time at the first blank of its first 20
+/// characters, whose position goes into `blank`. A stamp without one, as midnight has it, is meant to be
+/// split at the position that `blank` still holds from the stamp before; error 5 when that is 0. From
+/// position 20 on the whole stamp is the date.
+void SplitTimeStamp(const std::string& stamp, int& blank, std::string& date, std::string& time);
+
 /// Lists the files (no folders) of a folder that ends in a backslash, those whose names match a DOS pattern,
 /// and returns their number. A folder that is not there has no files. A failure is reported as
 /// "basTarvex-GetFiles" and leaves an empty listing: error 6 past 32767 files, error 5 when the first file is

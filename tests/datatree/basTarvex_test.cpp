@@ -12,6 +12,36 @@ using GetDirectories = DataSite;
 
 constexpr DateTime Afternoon{2026, 11, 20, 15, 4, 5};
 
+TEST(SplitTimeStamp, CutsAtTheFirstBlankAndTellsItsPosition) {
+    int blank = 0;
+    std::string date;
+    std::string time;
+    SplitTimeStamp("1/5/2026 3:04:05 PM", blank, date, time);
+    EXPECT_EQ(blank, 9);
+    EXPECT_EQ(date, "1/5/2026");
+    EXPECT_EQ(time, "3:04:05 PM");
+}
+
+TEST(SplitTimeStamp, LeavesTheTimeEmptyFromPosition20On) {
+    int blank = 0;
+    std::string date;
+    std::string time = "before";
+    SplitTimeStamp("1234567890123456789 12", blank, date, time);
+    EXPECT_EQ(blank, 20);
+    EXPECT_EQ(date, "1234567890123456789 12");
+    EXPECT_EQ(time, "");
+}
+
+TEST(SplitTimeStamp, SeesNoBlankBehindThe20thCharacter) {
+    int blank = 4;
+    std::string date;
+    std::string time;
+    SplitTimeStamp("12345678901234567890 1", blank, date, time);
+    EXPECT_EQ(blank, 4);
+    EXPECT_EQ(date, "1234");
+    EXPECT_EQ(time, "45678901234567890 1");
+}
+
 TEST_F(GetFiles, GivesUpperCaseNamesStampsAndSizes) {
     PutFile(Data("F\\night.gsi"), "12345");
     SetTimeStamp(Data("F\\night.gsi"), Afternoon);
