@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include <cmath>
+#include <map>
 #include <set>
 
 #include "programs/fieldbook/Gsi.h"
@@ -79,8 +80,6 @@ class GsiBookReader {
         const GsiWord* const height = line.Find(CodeHeight);
         Height = height ? GsiTypedLength(*height) : std::nullopt;
         HeightWarned = false;
-        LastTargetHeight.reset();
-        HeightsTaken.clear();
         Open = StationSetUp{name, File, LineNumber, {}};
         ++Count.SetUps;
     }
@@ -148,17 +147,42 @@ class GsiBookReader {
         }
         const GsiWord* const target = line.Find(TargetHeight);
         const std::optional<double> read = target ? GsiTypedLength(*target) : std::nullopt;
-        sight.TargetHeight = read ? *read : LastTargetHeight.value_or(0);
-        if (!read && HeightsTaken.insert(sight.Target).second)
-            Warn(fmt::format("no target height for {} at {}, taken as {}", sight.Target, Open->Station,
-                             Fixed(sight.TargetHeight, 4, 0)));
-        if (read)
-            LastTargetHeight = read;
+        TargetHeights.push_back(read);
+    }
+
+    // A target height that could not be read is that of the target's other sights in the set-up, the nearest
+    // earlier one or else a later one; then that of the sight before, whatever its target.
+    void FillTargetHeights() {
+        std::map<std::string, double> own;
+        for (std::size_t i = TargetHeights.size(); i-- > 0;)
+            if (TargetHeights[i])
+                own[Open->Sights[i].Target] = *TargetHeights[i];
+        std::set<std::string> warned;
+        double last = 0;
+        for (std::size_t i = 0; i < TargetHeights.size(); ++i) {
+            Sight& sight = Open->Sights[i];
+            if (TargetHeights[i]) {
+                last = *TargetHeights[i];
+                own[sight.Target] = last;
+                sight.TargetHeight = last;
+                continue;
+            }
+            const auto known = own.find(sight.Target);
+            sight.TargetHeight = known == own.end() ? last : known->second;
+            if (warned.insert(sight.Target).second)
+                Book.Warnings.push_back(
+                    {File, sight.Line,
+                     fmt::format("no target height for {} at {}, taken as {}", sight.Target, Open->Station,
+                                 Fixed(sight.TargetHeight, 4, 0))});
+        }
+        TargetHeights.clear();
     }
 
     void EndSetUp() {
-        if (Open)
-            Book.SetUps.push_back(std::move(*Open));
+        if (!Open)
+            return;
+        FillTargetHeights();
+        Book.SetUps.push_back(std::move(*Open));
         Open.reset();
     }
 
@@ -187,8 +211,7 @@ class GsiBookReader {
     std::optional<StationSetUp> Open;
     std::optional<double> Height;
     bool HeightWarned = false;
-    std::optional<double> LastTargetHeight;
-    std::set<std::string> HeightsTaken;
+    std::vector<std::optional<double>> TargetHeights;  // as read, of the open set-up's sights
     long Stray = 0;
     long FirstStray = 0;
     long LastStray = 0;

@@ -53,9 +53,10 @@ struct FieldBook {
 /// Reads one GSI file behind what the book holds already. A block of word 41 with code 21 opens a set-up:
 /// word 42 is its station, word 43 the instrument height (none: 0, with a warning, unless sights bring word
 /// 88). A line of words 11, 21 and 22 is a sight; word 31 its slope distance (0 is none), 87 its target
-/// height, 88 an instrument height for this sight. Without a readable word 87 the target height of the sight
-/// before it in the set-up holds, or 0, with a warning. A line that cannot be read is named with its number,
-/// and the rest goes on; so is each damaged word in a line of which the rest serves.
+/// height, 88 an instrument height for this sight. Without a readable word 87 the height of the target's
+/// other sights in the set-up holds (the nearest earlier one, else a later one), then that of the sight
+/// before, then 0, with a warning. A line that cannot be read is named with its number, and the rest goes
+/// on; so is each damaged word in a line of which the rest serves.
 void ReadGsiBook(FieldBook& book, const std::string& file, LineReader& reader);
 
 }  // namespace Dorvane

@@ -143,6 +143,17 @@ TEST(ReadGsiBook, TakesTheTargetHeightOfTheSightBeforeWhereItIsMissing) {
     EXPECT_EQ(book.Warnings[0].Text, "no target height for P03 at P01, taken as 1.2000");
 }
 
+TEST(ReadGsiBook, PrefersTheTargetsOwnHeightWhereItIsMissing) {
+    const std::string angles = " 21.102+15000000 22.102+09900000 31..00+00050000";
+    const FieldBook book = Read(SetUpLine + "110002+00000P03" + angles + "\r\n" +  //
+                                "110003+00000P03" + angles + " 87..10+00001700\r\n" + SightLine +
+                                "110005+00000P03" + angles + "\r\n");
+    EXPECT_DOUBLE_EQ(book.SetUps[0].Sights[0].TargetHeight, 1.7);
+    EXPECT_DOUBLE_EQ(book.SetUps[0].Sights[2].TargetHeight, 1.2);
+    EXPECT_DOUBLE_EQ(book.SetUps[0].Sights[3].TargetHeight, 1.7);
+    EXPECT_EQ(book.Warnings.size(), 1U);
+}
+
 TEST(ReadGsiBook, DoesNotCarryATargetHeightIntoTheNextSetUp) {
     const FieldBook book =
         Read(SetUpLine + SightLine + "410003+00000021 42....+00000P05 43....+00001500\r\n" +
