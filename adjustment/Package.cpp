@@ -43,6 +43,12 @@ std::intptr_t Load() {
     return library;
 }
 
+// The host hands out addresses as numbers.
+template <class CallType>
+CallType CallAt(std::intptr_t address) {
+    return reinterpret_cast<CallType>(address);  // NOLINT(performance-no-int-to-ptr)
+}
+
 // The path as the package gets it: the host's name of the file where the host has no drive letters.
 std::string PathForPackage(const std::string& inputPath) {
     if (Host::PathsAreDrivePaths())
@@ -79,7 +85,7 @@ std::intptr_t KrennPackage::Export(const std::string& decorated, const std::stri
 }
 
 std::int16_t KrennPackage::Start(std::string& inputPath) {
-    const auto start = reinterpret_cast<StartCall>(Export("_start@4", "start"));
+    const auto start = CallAt<StartCall>(Export("_start@4", "start"));
     const std::string given = PathForPackage(inputPath);
     std::vector<char> copy(std::max(given.size() + 1, SmallestBuffer), '\0');
     std::copy(given.begin(), given.end(), copy.begin());
@@ -91,11 +97,11 @@ std::int16_t KrennPackage::Start(std::string& inputPath) {
 }
 
 std::int16_t KrennPackage::Go(std::int32_t type) {
-    return reinterpret_cast<GoCall>(Export("_go@4", "go"))(type);
+    return CallAt<GoCall>(Export("_go@4", "go"))(type);
 }
 
 void KrennPackage::Stop() {
-    reinterpret_cast<StopCall>(Export("_stop@0", "stop"))();
+    CallAt<StopCall>(Export("_stop@0", "stop"))();
 }
 
 }  // namespace Dorvane

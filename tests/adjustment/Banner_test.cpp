@@ -110,10 +110,10 @@ TEST_F(VarnBanner, CountsTwoLinesOfOneKeywordAsTwo) {
 }
 
 TEST_F(VarnBanner, DropsTheFirstLineOfTheInput) {
-    PutLines(Input, {"PROJECT = no", "PROJECT = yes", "TASK = T"});
+    PutLines(Input, {"TASK = no", "PROJECT = P", "TASK = yes"});
     PutFile(Output, "");
     AddVarnBanner(Input, Output);
-    EXPECT_EQ(Testing::FileLines(Output)[16], "  Project  =  yes");
+    EXPECT_EQ(Testing::FileLines(Output)[18], "  Task     =  yes");
 }
 
 TEST_F(VarnBanner, OnALongListingKeepsEveryLine) {
