@@ -20,6 +20,10 @@ std::string Fixed(const std::optional<double>& value, int decimals, int width) {
     return value ? Fixed(*value, decimals, width) : RightJustify("-", width);
 }
 
+std::string Counted(long count, const std::string& noun) {
+    return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
+}
+
 std::string Excerpt(std::string_view line) {
     constexpr std::size_t longest = 60;
     std::string text(line.substr(0, longest));

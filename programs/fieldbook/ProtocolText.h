@@ -20,6 +20,9 @@ struct Remark {
 std::string Fixed(double value, int decimals, int width);
 std::string Fixed(const std::optional<double>& value, int decimals, int width);
 
+/// "1 line", "2 lines".
+std::string Counted(long count, const std::string& noun);
+
 /// A line's text as it can stand in a protocol: control characters as ".", at most 60 characters of it.
 std::string Excerpt(std::string_view line);
 

@@ -32,8 +32,8 @@ void AddHead(Lines& lines, const LevelProtocolHead& head, const StaffCorrection&
     lines.push_back("Reduced          " + GeneralDate(head.Moment));
     lines.push_back("Survey folder    " + head.Folder);
     lines.push_back("Survey index     " + head.Index);
-    lines.push_back(fmt::format("Result file      {} ({} lines: from, to, height difference)", head.Result,
-                                head.ResultLines));
+    lines.push_back(fmt::format("Result file      {} ({}: from, to, height difference)", head.Result,
+                                Counted(head.ResultLines, "line")));
     lines.push_back("Collimation      " + Fixed(correction.Collimation * Milli, 4, 0) + " mm/m");
     lines.push_back("Staff scale      " + Fixed(correction.Scale, 7, 0));
     std::string inverted;
@@ -86,7 +86,7 @@ void AddLines(Lines& lines, const LevelBook& book, const LevelResult& result) {
                                             Fixed(inter.Distance, 2, 9),
                                             Fixed(setUp.Back.Mean() - inter.Mean(), 5, 12)));
         }
-        lines.push_back(fmt::format("  {:<34}{:>40}{}{}", fmt::format("{} set-ups", sum.SetUps), "length ",
+        lines.push_back(fmt::format("  {:<34}{:>40}{}{}", Counted(sum.SetUps, "set-up"), "length ",
                                     Fixed(sum.Length, 2, 9), Fixed(sum.Difference, 5, 12)));
         if (sum.From == sum.To)
             lines.push_back(fmt::format("  The line closes on {} with {} mm.", sum.From,
@@ -117,10 +117,17 @@ void AddSummary(Lines& lines, const LevelBook& book, const LevelResult& result) 
     long both = 0;
     for (const LevelSection& section : result.Sections)
         both += section.Discrepancy ? 1 : 0;
-    lines.push_back(fmt::format("  {} lines, {} sections, {} of them measured in both directions",
-                                book.Lines.size(), result.Sections.size(), both));
-    lines.push_back(fmt::format("  {} warnings, {} unreadable lines",
-                                book.Warnings.size() + result.Warnings.size(), book.Unreadable.size()));
+    long unreadable = 0;
+    for (const LevelFileCount& file : book.Files)
+        unreadable += file.Unreadable;
+    const auto counted = [](std::size_t count, const char* noun) {
+        return Counted(static_cast<long>(count), noun);
+    };
+    lines.push_back(fmt::format("  {}, {}, {} of them measured in both directions",
+                                counted(book.Lines.size(), "line"),
+                                counted(result.Sections.size(), "section"), both));
+    lines.push_back(fmt::format("  {}, {}", counted(book.Warnings.size() + result.Warnings.size(), "warning"),
+                                Counted(unreadable, "unreadable line")));
     if (result.KilometerDeviation)
         lines.push_back(
             fmt::format("  Standard deviation of a height difference over 1 km, forward and back: {} mm",

@@ -37,7 +37,7 @@ void AddHead(Lines& lines, const TotalProtocolHead& head) {
     lines.push_back("Reduced          " + GeneralDate(head.Moment));
     lines.push_back("Survey folder    " + head.Folder);
     lines.push_back("Survey index     " + head.Index);
-    lines.push_back(fmt::format("Result file      {} ({} lines)", head.Result, head.ResultLines));
+    lines.push_back(fmt::format("Result file      {} ({})", head.Result, Counted(head.ResultLines, "line")));
     lines.emplace_back();
     lines.push_back(
         "Directions and zenith angles in gons, distances in meters, from mark to mark. s set is the "
@@ -92,8 +92,7 @@ std::string MeanColumns(const std::optional<MeanValue>& mean, int decimals, int 
 
 void AddStation(Lines& lines, const StationResult& station) {
     lines.emplace_back();
-    lines.push_back(fmt::format("  Station {}, {} {}", station.Name, station.Rounds,
-                                station.Rounds == 1 ? "round" : "rounds"));
+    lines.push_back(fmt::format("  Station {}, {}", station.Name, Counted(station.Rounds, "round")));
     lines.emplace_back();
     lines.push_back(fmt::format("  {:<17}{:>5}{:>8}{:>13}{:>7}{:>8}{:>13}{:>7}{:>8}{:>13}{:>7}{:>8}",
                                 "Target", "Sets", "1 face", "Direction", "s set", "s mean", "Zenith", "s set",
@@ -126,15 +125,22 @@ void AddBothEnds(Lines& lines, const TotalResult& result) {
 void AddSummary(Lines& lines, const FieldBook& book, const TotalResult& result) {
     AddSection(lines, "Summary");
     long sights = 0;
-    for (const FileCount& file : book.Files)
+    long unreadable = 0;
+    for (const FileCount& file : book.Files) {
         sights += file.Sights;
+        unreadable += file.Unreadable;
+    }
     long targets = 0;
     for (const StationResult& station : result.Stations)
         targets += static_cast<long>(station.Targets.size());
-    lines.push_back(fmt::format("  {} set-ups on {} stations, {} sights, {} station-target pairs",
-                                book.SetUps.size(), result.Stations.size(), sights, targets));
-    lines.push_back(fmt::format("  {} warnings, {} unreadable lines",
-                                book.Warnings.size() + result.Warnings.size(), book.Unreadable.size()));
+    const auto counted = [](std::size_t count, const char* noun) {
+        return Counted(static_cast<long>(count), noun);
+    };
+    lines.push_back(fmt::format("  {} on {}, {}, {}", counted(book.SetUps.size(), "set-up"),
+                                counted(result.Stations.size(), "station"), Counted(sights, "sight"),
+                                Counted(targets, "station-target pair")));
+    lines.push_back(fmt::format("  {}, {}", counted(book.Warnings.size() + result.Warnings.size(), "warning"),
+                                Counted(unreadable, "unreadable line")));
     lines.emplace_back();
     lines.push_back(fmt::format("  {:<34}{:>10}{:>10}", "Standard deviation of", "one set", "the mean"));
     const auto row = [&](const std::string& name, const BookSpread& spread, const std::string& unit) {

@@ -33,7 +33,7 @@ TEST(LevelProgram, ReducesABookThroughItsParameterFile) {
     EXPECT_EQ(FileContent(site.Folder + "HDIFF.RES"), "A                B                     0.60100\r\n");
     const std::string protocol = FileContent(site.Folder + "HDIFF.PRO");
     EXPECT_THAT(protocol, HasSubstr("DAM.LEV, line 4: no entry of a levelling book: \"rubbish\""));
-    EXPECT_THAT(protocol, HasSubstr("2 lines, 1 sections, 1 of them measured in both directions"));
+    EXPECT_THAT(protocol, HasSubstr("2 lines, 1 section, 1 of them measured in both directions"));
     EXPECT_THAT(protocol, HasSubstr("-2.00"));
 }
 

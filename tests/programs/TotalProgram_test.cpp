@@ -39,10 +39,10 @@ TEST(TotalProgram, ReducesABookThroughItsParameterFile) {
     const std::string protocol = FileContent(site.Folder + "TOTAL.PRO");
     EXPECT_THAT(protocol, HasSubstr("DAM.GSI, line 4: the first word is no word of 8 characters"));
     EXPECT_THAT(protocol, HasSubstr("Station P1, 1 round"));
-    EXPECT_THAT(protocol, HasSubstr("1 set-ups on 1 stations, 4 sights, 2 station-target pairs"));
+    EXPECT_THAT(protocol, HasSubstr("1 set-up on 1 station, 4 sights, 2 station-target pairs"));
 }
 
-TEST(TotalProgram, WritesItsProtocolInFilesOfOneWidthAndCrLf) {
+TEST(TotalProgram, WritesAProtocolNoWiderThanAPage) {
     ReductionSite site("TOTAL");
     site.AddFile("DAM.GSI", Book);
     site.PutParameters("TOTAL.PAR", {"TOTAL.RES"});
@@ -69,7 +69,7 @@ TEST(TotalProgram, CountsABookOnceThatTheIndexListsTwice) {
     site.AddFile("DAM.GSI", Book);
     site.PutParameters("TOTAL.PAR", {"TOTAL.RES"});
     EXPECT_EQ(RunChild(site.Site, "TOTRED.EXE").ExitCode, 0);
-    EXPECT_THAT(FileContent(site.Folder + "TOTAL.PRO"), HasSubstr("1 set-ups on 1 stations, 4 sights"));
+    EXPECT_THAT(FileContent(site.Folder + "TOTAL.PRO"), HasSubstr("1 set-up on 1 station, 4 sights"));
 }
 
 TEST(TotalProgram, FailsWithoutAParameterFile) {
