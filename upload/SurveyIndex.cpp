@@ -32,7 +32,7 @@ std::string OfferNewIndex(const std::string& folder, bool& created) {
     if (answer != Answer::Yes)
         return "";
     created = true;
-    const std::string name = IndexNameFor(folder);
+    std::string name = IndexNameFor(folder);
     if (!FileExists(folder + name))
         WriteSrvNew(folder, name);
     return name;

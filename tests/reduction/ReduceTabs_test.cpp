@@ -9,7 +9,7 @@ namespace {
 using Words = List1<std::string>;
 
 struct SetupReduceTabsTest : ReductionSite {
-    bool Setup(const std::string& folder = Folder) { return SetupReduceTabs(folder, State); }
+    bool Tabs(const std::string& folder = Folder) { return SetupReduceTabs(folder, State); }
     static void Calibrations(const std::vector<std::string>& typesAndEpochs) {
         std::vector<std::string> lines;
         for (const std::string& entry : typesAndEpochs)
@@ -27,7 +27,7 @@ TEST_F(SetupReduceTabsTest, MakesATabOfEachNamedExtension) {
     PutFile("P:\\DORVANE\\graphics\\LEV.ICO", "x");
     Put("DAY1.LEV", "x");
     Put("ONE.RES", "x");
-    ASSERT_TRUE(Setup());
+    ASSERT_TRUE(Tabs());
     EXPECT_EQ(State.Folder, Folder);
     EXPECT_EQ(State.DataTypeName, "LEVEL");
     EXPECT_EQ(State.ExtraExtension, "");
@@ -54,7 +54,7 @@ TEST_F(SetupReduceTabsTest, NeverMixesTheSections) {
                      "DAT_Calib=OWN", "DAT_Reduce=own.exe", "[File Types]", "LEV_Name=Common",
                      "LEV_Calib=COMMON", "LEV_Reduce=common.exe", "LEV_RedTip=common", "DAT_Name=Common",
                      "DAT_Reduce=common.exe"});
-    ASSERT_TRUE(Setup());
+    ASSERT_TRUE(Tabs());
     EXPECT_EQ(State.Tabs[1].Name, "Own");
     EXPECT_EQ(State.Tabs[1].CalibrationType, "");
     EXPECT_EQ(State.Tabs[1].ReduceList, "");
@@ -66,13 +66,13 @@ TEST_F(SetupReduceTabsTest, NeverMixesTheSections) {
 
 TEST_F(SetupReduceTabsTest, KeepsOneExtensionWithoutNameAsItIs) {
     DataTypeProfile({"[Data Types]", "Epochs=LEVEL", "[LEVEL]", "Extension=DAT LEV", "LEV_Name=Levelling"});
-    ASSERT_TRUE(Setup());
+    ASSERT_TRUE(Tabs());
     EXPECT_EQ(State.ExtraExtension, "DAT");
 }
 
 TEST_F(SetupReduceTabsTest, KeepsOnlyTheLastOfSeveralBehindABlank) {
     DataTypeProfile({"[Data Types]", "Epochs=LEVEL", "[LEVEL]", "Extension=AAA LEV BBB CCC", "LEV_Name=L"});
-    ASSERT_TRUE(Setup());
+    ASSERT_TRUE(Tabs());
     EXPECT_EQ(State.ExtraExtension, " CCC");
 }
 
@@ -81,7 +81,7 @@ TEST_F(SetupReduceTabsTest, CountsFilesOfTheExtraExtensionAsData) {
                      "LEV_Reduce=p.exe ONE.RES"});
     Put("ONE.RES", "x", 30);
     Put("X.DAT", "x", 31);
-    ASSERT_TRUE(Setup());
+    ASSERT_TRUE(Tabs());
     EXPECT_EQ(State.Tabs[1].Data.Tag, "1");
     EXPECT_EQ(State.Tabs[1].Reduction.Picture.Tag, "2");
 }
@@ -89,7 +89,7 @@ TEST_F(SetupReduceTabsTest, CountsFilesOfTheExtraExtensionAsData) {
 TEST_F(SetupReduceTabsTest, CallsForHelpWithoutATypeInThePath) {
     DataTypeProfile({"[Data Types]", "Epochs=TOTAL", "[TOTAL]", "Extension=GSI", "GSI_Name=Total"});
     Desktop.ExpectMessage("Critical Error", "Problem with number of Tabs.  Phone home.");
-    EXPECT_FALSE(Setup());
+    EXPECT_FALSE(Tabs());
     EXPECT_EQ(Desktop.Shown[0].Picture, Icon::Stop);
     EXPECT_TRUE(State.Tabs.Empty());
 }
@@ -97,7 +97,7 @@ TEST_F(SetupReduceTabsTest, CallsForHelpWithoutATypeInThePath) {
 TEST_F(SetupReduceTabsTest, CallsForHelpWhenNoExtensionHasAName) {
     DataTypeProfile({"[Data Types]", "Epochs=LEVEL", "[LEVEL]", "Extension=LEV"});
     Desktop.ExpectMessageTitled("Critical Error");
-    EXPECT_FALSE(Setup());
+    EXPECT_FALSE(Tabs());
     EXPECT_EQ(State.ExtraExtension, "LEV");
 }
 
@@ -122,7 +122,7 @@ TEST_F(SetupReduceTabsTest, OffersTheEpochsOfTheCalibrationTypeAndChoosesTheLast
     DataTypeProfile({"[Data Types]", "Epochs=LEVEL", "[LEVEL]", "Extension=LEV DAT TXT", "LEV_Name=L",
                      "LEV_Calib=STAFF", "DAT_Name=D", "DAT_Calib=ROD", "TXT_Name=T"});
     Calibrations({"STAFF     E2026", "STAFF     E2024", "OTHER     E2030", "staff2    E2031"});
-    ASSERT_TRUE(Setup());
+    ASSERT_TRUE(Tabs());
     EXPECT_EQ(State.Tabs[1].Epochs, (Words{"none", "E2024", "E2026"}));
     EXPECT_EQ(State.Tabs[1].Epoch, 3);
     EXPECT_EQ(State.Tabs[2].Epochs, Words{"none"});
@@ -134,16 +134,16 @@ TEST_F(SetupReduceTabsTest, OffersTheEpochsOfTheCalibrationTypeAndChoosesTheLast
 TEST_F(SetupReduceTabsTest, OffersNoneWithoutARegistry) {
     DataTypeProfile(
         {"[Data Types]", "Epochs=LEVEL", "[LEVEL]", "Extension=LEV", "LEV_Name=L", "LEV_Calib=STAFF"});
-    ASSERT_TRUE(Setup());
+    ASSERT_TRUE(Tabs());
     EXPECT_EQ(State.Tabs[1].Epochs, Words{"none"});
 }
 
 TEST_F(SetupReduceTabsTest, FailsWhenCopiesAreAskedForASecondTime) {
     DataTypeProfile(
         {"[Data Types]", "Epochs=LEVEL", "[LEVEL]", "Extension=LEV DAT", "LEV_Name=L", "DAT_Name=D"});
-    ASSERT_TRUE(Setup());
+    ASSERT_TRUE(Tabs());
     Desktop.ExpectMessageTitled("Program Error");
-    EXPECT_FALSE(Setup());
+    EXPECT_FALSE(Tabs());
     EXPECT_TRUE(Tells(Desktop.Shown[0], "Error : 360"));
     EXPECT_TRUE(Tells(Desktop.Shown[0], "Source : Dorvane-frmReduce-lblSelectedDirectory_Change"));
 }
@@ -151,10 +151,10 @@ TEST_F(SetupReduceTabsTest, FailsWhenCopiesAreAskedForASecondTime) {
 TEST_F(SetupReduceTabsTest, SetsUpALivingScreenAgainWhenNoCopiesAreAskedForTwice) {
     DataTypeProfile({"[Data Types]", "Epochs=TOTAL LEVEL", "[TOTAL]", "Extension=GSI", "GSI_Name=T",
                      "[LEVEL]", "Extension=LEV DAT", "LEV_Name=L", "DAT_Name=D"});
-    ASSERT_TRUE(Setup("D:\\DAM\\TOTAL\\SRV1\\"));
-    ASSERT_TRUE(Setup());
+    ASSERT_TRUE(Tabs("D:\\DAM\\TOTAL\\SRV1\\"));
+    ASSERT_TRUE(Tabs());
     EXPECT_EQ(State.Tabs.Count(), 2);
-    ASSERT_TRUE(Setup("D:\\DAM\\TOTAL\\SRV1\\"));
+    ASSERT_TRUE(Tabs("D:\\DAM\\TOTAL\\SRV1\\"));
     EXPECT_EQ(State.Tabs.Count(), 1);
 }
 

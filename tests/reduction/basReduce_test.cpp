@@ -21,7 +21,7 @@ struct DataIconSetupTest : ReductionSite {
 };
 
 struct ReduceIconSetupTest : ReductionSite {
-    const ReductionState& Setup(const std::string& reduceList = "lev.exe one.res,two.res",
+    const ReductionState& Shown(const std::string& reduceList = "lev.exe one.res,two.res",
                                 const std::string& extra = "") {
         ReduceIconSetup(Folder, State, reduceList, "LEV", extra);
         return State;
@@ -91,7 +91,7 @@ TEST_F(DataIconSetupTest, NeverMatchesAnExtensionOfTwoLetters) {
 TEST_F(ReduceIconSetupTest, ShowsNoResultsAndDisablesTheButtons) {
     State = {UpToDate, Words{"OLD.RES"}, true, true};
     Put("DAY1.LEV", "x");
-    Setup();
+    Shown();
     EXPECT_EQ(State.Picture, NoneThere);
     EXPECT_TRUE(State.ResultFiles.Empty());
     EXPECT_FALSE(State.CanEdit);
@@ -100,12 +100,12 @@ TEST_F(ReduceIconSetupTest, ShowsNoResultsAndDisablesTheButtons) {
 
 TEST_F(ReduceIconSetupTest, TakesAnEmptyResultForNone) {
     Put("ONE.RES", "");
-    EXPECT_EQ(Setup().Picture, NoneThere);
+    EXPECT_EQ(Shown().Picture, NoneThere);
 }
 
 TEST_F(ReduceIconSetupTest, ShowsResultsThatAreThere) {
     Put("one.res", "x");
-    Setup();
+    Shown();
     EXPECT_EQ(State.Picture, UpToDate);
     EXPECT_EQ(State.ResultFiles, Words{"ONE.RES"});
     EXPECT_TRUE(State.CanEdit);
@@ -115,72 +115,72 @@ TEST_F(ReduceIconSetupTest, ShowsResultsThatAreThere) {
 TEST_F(ReduceIconSetupTest, EnablesPrintingWhetherThereIsAPrinterOrNot) {
     Global().PrinterPresent = false;
     Put("ONE.RES", "x");
-    EXPECT_TRUE(Setup().CanPrint);
+    EXPECT_TRUE(Shown().CanPrint);
 }
 
 TEST_F(ReduceIconSetupTest, AsksWhenDataIsNewerByOneSecond) {
     Put("ONE.RES", "x", 30);
     Put("DAY1.LEV", "x", 31);
-    EXPECT_EQ(Setup().Picture, Older);
+    EXPECT_EQ(Shown().Picture, Older);
     EXPECT_EQ(State.ResultFiles, Words{"ONE.RES"});
 }
 
 TEST_F(ReduceIconSetupTest, TakesATieForUpToDate) {
     Put("ONE.RES", "x", 30);
     Put("DAY1.LEV", "x", 30);
-    EXPECT_EQ(Setup().Picture, UpToDate);
+    EXPECT_EQ(Shown().Picture, UpToDate);
 }
 
 TEST_F(ReduceIconSetupTest, CountsEmptyDataToo) {
     Put("ONE.RES", "x", 30);
     Put("DAY1.LEV", "", 31);
-    EXPECT_EQ(Setup().Picture, Older);
+    EXPECT_EQ(Shown().Picture, Older);
 }
 
 TEST_F(ReduceIconSetupTest, TakesAnyNameThatContainsTheExtensionForData) {
     Put("ONE.RES", "x", 30);
     Put("LEVNOTES.TXT", "x", 31);
-    EXPECT_EQ(Setup().Picture, Older);
+    EXPECT_EQ(Shown().Picture, Older);
 }
 
 TEST_F(ReduceIconSetupTest, TakesTheExtraExtensionForData) {
     Put("ONE.RES", "x", 30);
     Put("A.DAT", "x", 31);
-    EXPECT_EQ(Setup("LEV.EXE ONE.RES").Picture, UpToDate);
-    EXPECT_EQ(Setup("LEV.EXE ONE.RES", " dat").Picture, Older);
+    EXPECT_EQ(Shown("LEV.EXE ONE.RES").Picture, UpToDate);
+    EXPECT_EQ(Shown("LEV.EXE ONE.RES", " dat").Picture, Older);
 }
 
 TEST_F(ReduceIconSetupTest, ComparesAResultWithItselfWithoutEffect) {
     Put("LEVEL.RES", "x", 30);
-    EXPECT_EQ(Setup("P.EXE LEVEL.RES").Picture, UpToDate);
+    EXPECT_EQ(Shown("P.EXE LEVEL.RES").Picture, UpToDate);
 }
 
 TEST_F(ReduceIconSetupTest, ComparesOnlyTheFirstResultOfTheListing) {
     Put("ONE.RES", "x", 40);
     Put("TWO.RES", "x", 10);
     Put("DAY1.LEV", "x", 30);
-    EXPECT_EQ(Setup().Picture, UpToDate);
+    EXPECT_EQ(Shown().Picture, UpToDate);
     Put("ONE.RES", "x", 10);
     Put("TWO.RES", "x", 40);
-    EXPECT_EQ(Setup().Picture, Older);
+    EXPECT_EQ(Shown().Picture, Older);
 }
 
 TEST_F(ReduceIconSetupTest, TakesTheProgramsOwnNameForAResult) {
     Put("LEV.EXE", "x");
-    Setup();
+    Shown();
     EXPECT_EQ(State.Picture, UpToDate);
     EXPECT_TRUE(State.ResultFiles.Empty());
 }
 
 TEST_F(ReduceIconSetupTest, TakesAPartOfAListedNameForAResult) {
     Put("NE.RES", "x");
-    EXPECT_EQ(Setup().Picture, UpToDate);
+    EXPECT_EQ(Shown().Picture, UpToDate);
     EXPECT_TRUE(State.ResultFiles.Empty());
 }
 
 TEST_F(ReduceIconSetupTest, FindsNoResultForAnEmptyReduceList) {
     Put("ONE.RES", "x");
-    EXPECT_EQ(Setup("").Picture, NoneThere);
+    EXPECT_EQ(Shown("").Picture, NoneThere);
 }
 
 TEST_F(SetupListBoxTest, AddsTheResultsThatHoldSomethingInTheOrderOfTheList) {

@@ -202,6 +202,16 @@ TEST_F(GetSurveyIdxNameTest, CountsAnIndexOfAnotherNameAsNone) {
     EXPECT_EQ(GetSurveyIdxName("D:\\DATA\\SRV12\\", created), "");
 }
 
+TEST_F(GetSurveyIdxNameTest, KeepsAnIndexThatTheListingCouldNotShow) {
+    PutFile(To + Index, IndexHead + "DAY1     LEV\r\n");
+    SetTimeStamp(To + Index, {2026, 3, 7, 0, 0, 0});  // midnight first in a listing fails it
+    Desktop.ExpectMessageTitled("Program Error");
+    Desktop.ExpectMessageTitled("Missing Survey Index File", Answer::Yes);
+    bool created = false;
+    EXPECT_EQ(GetSurveyIdxName(To, created), Index);
+    EXPECT_EQ(FileContent(To + Index), IndexHead + "DAY1     LEV\r\n");
+}
+
 TEST_F(GetSurveyIdxNameTest, IsMisledByALocationThatBeginsWithSrv) {
     MakeFolders("D:\\DATA\\SRVC\\SRV12\\");
     Desktop.ExpectMessageTitled("Missing Survey Index File", Answer::Yes);
