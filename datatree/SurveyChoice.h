@@ -29,8 +29,9 @@ struct SurveyChoice {
 };
 
 /// Takes the folder that the tree had selected: reads the structures and fills the lists, with a preselection
-/// by the folder's parts. Part 1 is the drive, part 2 counts as the system and part 3 as the location, so the
-/// preselection works where Data_drive is a drive's root folder. A folder of six parts or more fills nothing.
+/// by the parts of its path. The first is the drive, the second counts as the system and the third as the
+/// location, so the preselection works where Data_drive is a drive's root folder. A folder of six parts or
+/// more fills nothing.
 void SetSurveyDirectory(SurveyChoice& choice, const std::string& directory);
 
 /// A click on a system: its locations and data types are offered.

@@ -51,7 +51,7 @@ TEST_F(FrmAddSurvey, PreselectsNothingForADriveOrAFolderThatIsNotThere) {
     EXPECT_EQ(Choice.Roots.Count(), 2);
 }
 
-TEST_F(FrmAddSurvey, PreselectsTheSystemByPart2) {
+TEST_F(FrmAddSurvey, PreselectsTheSystemByTheSecondPart) {
     SetSurveyDirectory(Choice, "D:\\DAM");
     EXPECT_EQ(Choice.Directory, "D:\\DAM\\");
     EXPECT_EQ(Choice.Root, "DAM");
@@ -61,7 +61,7 @@ TEST_F(FrmAddSurvey, PreselectsTheSystemByPart2) {
     EXPECT_TRUE(Choice.Epochs.Empty());
 }
 
-TEST_F(FrmAddSurvey, PreselectsTheLocationByPart3) {
+TEST_F(FrmAddSurvey, PreselectsTheLocationByTheThirdPart) {
     for (const char* folder :
          {"D:\\DAM\\NORTH\\", "D:\\DAM\\NORTH\\LEVEL\\", "D:\\DAM\\NORTH\\LEVEL\\SRV1\\"}) {
         SetSurveyDirectory(Choice, folder);
