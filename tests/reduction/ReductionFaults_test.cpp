@@ -57,6 +57,18 @@ TEST_F(ReductionFaults, AReadOnlyParamPathIsReportedAndTheResultsAreGone) {
     });
 }
 
+TEST_F(ReductionFaults, AParameterFileThatCannotBeOpenedIsToldBeforeHeightsAreCopied) {
+    PutFile("P:\\DORVANE\\samples\\temp\\HEIGHTS.DAT", "sample");
+    std::filesystem::permissions(Drives::HostPath(Folder), std::filesystem::perms(0777));
+    AsNobody([] {
+        ScriptedDesktop desktop;
+        desktop.ExpectMessageTitled("Program Error");
+        EXPECT_FALSE(WriteParamFile(Folder, {"DISTANCE", "RUN.PAR", "P3", "P4"}, {"E", "R2", "R3", "R4"},
+                                    Index, "STAFF", "none"));
+        EXPECT_FALSE(FileExists(Folder + "HEIGHTS.DAT"));
+    });
+}
+
 TEST_F(ReductionFaults, AnEmptyParamPathLeavesTheOldResultsDeleted) {
     ASSERT_TRUE(SetupReduceTabs(Folder, State));
     Global().Param_path = "";
