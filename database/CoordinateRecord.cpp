@@ -81,7 +81,7 @@ bool HasControlCharacter(std::string_view text) {
 }
 
 std::string CheckedName(const std::string& given, const std::string& path) {
-    const std::string name = UpperCase(Trim(given));
+    std::string name = UpperCase(Trim(given));
     if (name.empty())
         throw RefusedRecord(path, "a point", "it has no name");
     if (name.size() > NameLength)
