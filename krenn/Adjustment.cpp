@@ -14,7 +14,9 @@
 namespace Krenn {
 namespace {
 
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
+std::size_t At(int index) {
+    return static_cast<std::size_t>(index);
+}
 
 const char* AxisName(int axis) {
     constexpr std::array kNames{"X", "Y", "Z", "orientation"};
@@ -27,10 +29,16 @@ void CheckRank(const Network& network, const Adjustment& adjustment, SparseChole
     const Pivot pivot = Factorise(cholesky, normals);
     if (pivot.least > kDoubtfulPivot)
         return;
-    const std::vector<int> rows = RowsWithoutHold(cholesky, normals);
+    const Eigen::MatrixXd vectors = NullVectors(cholesky, normals);
     std::vector<int> points;
-    for (const int row : rows)
-        points.push_back(adjustment.unknowns.of[At(normals.unknownOf[At(row)])].point);
+    for (Eigen::Index i = 0; i < vectors.cols(); ++i) {
+        Eigen::VectorXd nullVector = Eigen::VectorXd::Zero(adjustment.unknowns.Count());
+        for (int row = 0; row < normals.size; ++row)
+            nullVector(normals.unknownOf[At(row)]) = vectors(row, i);
+        const std::vector<int> moved = PointsMovedBy(nullVector, adjustment.datum, adjustment.unknowns);
+        points.insert(points.end(), moved.begin(), moved.end());
+    }
+    std::sort(points.begin(), points.end());
     points.erase(std::unique(points.begin(), points.end()), points.end());
     if (!points.empty())
         throw Failure(ErrorNumber::UndeterminedPoints,
@@ -65,11 +73,14 @@ Adjustment Adjust(const Network& network, Type type, const Options& options) {
     adjustment.computedStarts = std::move(approximation.computed);
     adjustment.notes = adjustment.structure.notes;
     adjustment.notes.insert(adjustment.notes.end(), approximation.notes.begin(), approximation.notes.end());
-    const std::vector<int> plumb = LeaveOutPlumbDirections(adjustment.structure, adjustment.start);
-    for (const int observation : plumb)
+    ReduceToHeldHeights(adjustment.structure, network, adjustment.start);
+    std::vector<int> plumbLines;
+    for (const int observation : LeaveOutPlumbAngles(adjustment.structure, adjustment.start))
+        plumbLines.push_back(network.observations[At(observation)].line);
+    plumbLines.erase(std::unique(plumbLines.begin(), plumbLines.end()), plumbLines.end());
+    for (const int line : plumbLines)
         adjustment.notes.push_back(
-            fmt::format("The sight of line {} is plumb; its direction says nothing and is left out.",
-                        network.observations[At(observation)].line));
+            fmt::format("The sight of line {} is plumb; its angles are left out.", line));
     adjustment.unknowns = NumberUnknowns(adjustment.structure);
     adjustment.datum = FindDatum(network, adjustment.structure, adjustment.unknowns, adjustment.state);
     if (type == Type::Dense && adjustment.unknowns.Count() > kMostDenseUnknowns)

@@ -19,10 +19,10 @@ struct Options {
 };
 
 struct Iteration {
-    double largest = 0;     // largest coordinate correction, meters
-    int unknown = -1;       // whose it is
-    double step = 1;        // part of the correction that was taken; below 1 when the whole was too long
-    double target = 0;      // sum of (v / sigma)^2, or of |v / sigma| for type -1, after the step
+    double largest = 0;  // largest coordinate correction, meters
+    int unknown = -1;    // whose it is
+    double step = 1;     // part of the correction that was taken; below 1 when the whole was too long
+    double target = 0;   // sum of (v / sigma)^2, or of |v / sigma| for type -1, after the step
 };
 
 // Cofactors a priori: variances and covariances of the unknowns for m0 = 1, in square meters and radians.
@@ -40,10 +40,10 @@ struct Adjustment {
     Datum datum;
     State start;
     State state;
-    std::vector<int> computedStarts;           // points that started from the observations
+    std::vector<int> computedStarts;  // points that started from the observations
     std::vector<Iteration> iterations;
-    std::vector<double> residual;              // per measure: adjusted minus observed, radians or meters
-    double sumOfSquares = 0;                   // of v / sigma
+    std::vector<double> residual;  // per measure: adjusted minus observed, radians or meters
+    double sumOfSquares = 0;       // of v / sigma
     bool hasCofactors = false;
     Cofactors cofactors;
     std::vector<std::string> notes;

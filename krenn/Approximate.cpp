@@ -16,15 +16,17 @@ namespace {
 constexpr std::size_t kMostFrames = 200;
 constexpr double kFreeBase = 100;  // meters between the first two points of a frame without any distance
 
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
+std::size_t At(int index) {
+    return static_cast<std::size_t>(index);
+}
 
 // ---- Plan ----
 
 struct Seed {
     int first = -1;
     int second = -1;
-    double length = 0;    // 0: no distance, the frame gets an arbitrary scale
-    double reading = 0;   // direction from first to second
+    double length = 0;   // 0: no distance, the frame gets an arbitrary scale
+    double reading = 0;  // direction from first to second
     bool isOriented = false;
 };
 
@@ -36,8 +38,8 @@ const PlanSights::Leg* LegBetween(const PlanSights& sights, int from, int to) {
     return nullptr;
 }
 
-// The best start of a new frame among points that no frame holds: the station with the most polar sights, else
-// two points with a distance, else a station and a target.
+// The best start of a new frame among points that no frame holds: the station with the most polar sights,
+// else two points with a distance, else a station and a target.
 Seed FindSeed(const PlanSights& sights, const std::vector<char>& isCovered, bool wantsDistance) {
     Seed best;
     int most = 0;
@@ -77,7 +79,7 @@ PlanFrame FrameFrom(const PlanSights& sights, const Seed& seed) {
     if (seed.isOriented)
         OrientStation(frame, sights, seed.first, 0);
     PlacePoint(frame, sights, seed.second,
-               PolarFrom({0, 0}, seed.reading, frame.isMetric ? seed.length : kFreeBase));
+               PolarFrom({0, 0}, seed.reading, frame.isMetric ? seed.length : kFreeBase), seed.first);
     GrowFrame(frame, sights, Strictness::Weak);
     return frame;
 }
@@ -85,7 +87,8 @@ PlanFrame FrameFrom(const PlanSights& sights, const Seed& seed) {
 bool JoinFrames(std::vector<PlanFrame>& frames, const PlanSights& sights, bool shiftAlone) {
     for (std::size_t i = 0; i < frames.size(); ++i) {
         for (std::size_t j = i + 1; j < frames.size(); ++j) {
-            // The frame of the given points keeps its place; of two free ones the one that knows its scale does.
+            // The frame of the given points keeps its place; of two free ones the one that knows its scale
+            // does.
             if (frames[i].isFree && !frames[i].isMetric && frames[j].isMetric)
                 std::swap(frames[i], frames[j]);
             if (!MergeFrames(frames[i], sights, frames[j], shiftAlone && i == 0))
@@ -120,9 +123,8 @@ bool AddFrame(std::vector<PlanFrame>& frames, const PlanSights& sights) {
 }
 
 bool GrowAmbiguous(std::vector<PlanFrame>& frames, const PlanSights& sights) {
-    return std::any_of(frames.begin(), frames.end(), [&](PlanFrame& frame) {
-        return GrowFrame(frame, sights, Strictness::Ambiguous);
-    });
+    return std::any_of(frames.begin(), frames.end(),
+                       [&](PlanFrame& frame) { return GrowFrame(frame, sights, Strictness::Ambiguous); });
 }
 
 // Grows and joins frames until one holds the whole part or nothing helps any more. The first frame of the
@@ -179,8 +181,9 @@ void ApproximatePlan(const Network& network, const Structure& structure, Approxi
             isComputed[At(point)] = 1;
         }
         if (usedGuess)
-            result.notes.push_back("The observations leave two places for some point; the start position is "
-                                   "the one that fits better, or one of them.");
+            result.notes.push_back(
+                "The observations leave two places for some point; the start position is "
+                "the one that fits better, or one of them.");
     }
     for (std::size_t i = 0; i < isComputed.size(); ++i) {
         if (isComputed[i])
@@ -314,15 +317,15 @@ Approximation Approximate(const Network& network, const Structure& structure) {
     return result;
 }
 
-std::vector<int> LeaveOutPlumbDirections(Structure& structure, const State& state) {
+std::vector<int> LeaveOutPlumbAngles(Structure& structure, const State& state) {
     std::vector<int> leftOut;
     std::erase_if(structure.measures, [&](const Measure& measure) {
-        if (measure.kind != MeasureKind::Direction)
+        if (measure.kind != MeasureKind::Direction && measure.kind != MeasureKind::ZenithAngle)
             return false;
         const auto& from = state.at[At(measure.from)];
         const auto& to = state.at[At(measure.to)];
         const double horizontal = std::hypot(to[0] - from[0], to[1] - from[1]);
-        const bool isPlumb = horizontal < kPlumb && horizontal < 1e-3 * std::abs(to[2] - from[2]);
+        const bool isPlumb = horizontal < kPlumbSight && horizontal < 1e-3 * std::abs(to[2] - from[2]);
         if (isPlumb)
             leftOut.push_back(measure.observation);
         return isPlumb;
@@ -334,6 +337,24 @@ std::vector<int> LeaveOutPlumbDirections(Structure& structure, const State& stat
             structure.roles[At(measure.from)].hasDirections = true;
     }
     return leftOut;
+}
+
+void ReduceToHeldHeights(Structure& structure, const Network& network, const State& state) {
+    const auto isHeld = [&](int point) {
+        return structure.roles[At(point)].heightGroup < 0 && !network.points[At(point)].isFixed;
+    };
+    for (Measure& measure : structure.measures) {
+        if (measure.kind != MeasureKind::SlopeDistance || (!isHeld(measure.from) && !isHeld(measure.to)))
+            continue;
+        const double rise = state.at[At(measure.to)][2] - state.at[At(measure.from)][2];
+        const double square = measure.value * measure.value - rise * rise;
+        if (square < 0.01 * measure.value * measure.value)
+            continue;
+        const double horizontal = std::sqrt(square);
+        measure.sigma *= measure.value / horizontal;
+        measure.value = horizontal;
+        measure.kind = MeasureKind::HorizontalDistance;
+    }
 }
 
 void OrientAll(const Structure& structure, State& state) {

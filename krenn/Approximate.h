@@ -8,24 +8,32 @@
 
 namespace Krenn {
 
+inline constexpr double kPlumbSight = 5e-3;
+
 struct Approximation {
     State state;
-    std::vector<int> computed;        // points whose start position came from the observations
+    std::vector<int> computed;  // points whose start position came from the observations
     std::vector<std::string> notes;
 };
 
 // Start values for every unknown. Points with given coordinates start there. All others are computed from the
-// observations alone: frames of points are grown from the given points, or from the best station of a part that
-// has none, and frames that share points are joined; heights are carried along zenith angles and height
+// observations alone: frames of points are grown from the given points, or from the best station of a part
+// that has none, and frames that share points are joined; heights are carried along zenith angles and height
 // differences. A part without given coordinates starts at its first station, 0 0 0, with orientation 0.
 //
 // Throws Failure UndeterminedPoints naming the points that cannot be reached, and ZeroLengthSight when a
 // sight has both its ends at one place.
 Approximation Approximate(const Network& network, const Structure& structure);
 
-// Takes directions out of the measures whose sight is plumb at the state: they carry no information. Returns
-// the observations left out.
-std::vector<int> LeaveOutPlumbDirections(Structure& structure, const State& state);
+// Takes directions and zenith angles of sights that are plumb at the state, within kPlumbSight meters, out of
+// the measures: a direction says nothing there, and a zenith angle only how far from the plumb line the
+// target is, not to which side. Returns the observations left out.
+std::vector<int> LeaveOutPlumbAngles(Structure& structure, const State& state);
+
+// Turns slope distances to a point whose height is no unknown in a network of which no height is fixed into
+// horizontal ones, with the heights of the state: a held height must not set the height of the whole network
+// through the slope of a distance.
+void ReduceToHeldHeights(Structure& structure, const Network& network, const State& state);
 
 // Orientations of all stations from their directions and the coordinates of the state.
 void OrientAll(const Structure& structure, State& state);

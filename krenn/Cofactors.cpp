@@ -6,7 +6,9 @@
 namespace Krenn {
 namespace {
 
-std::size_t At(Eigen::Index index) { return static_cast<std::size_t>(index); }
+std::size_t At(Eigen::Index index) {
+    return static_cast<std::size_t>(index);
+}
 
 // The cofactor of two unknowns; `offset` says where their points' common block stands, when they differ.
 using CofactorOf = std::function<double(int unknownA, int unknownB, int offset)>;
@@ -125,8 +127,8 @@ void SparseCofactors(const Network& network, Adjustment& adjustment, SparseChole
         const Transform& transform = transforms[At(partA)];
         const auto gA = part.movement.row(datum.rowOf[At(a)]);
         const auto gB = part.movement.row(datum.rowOf[At(b)]);
-        const double mixed = gA.dot(transform.y.row(datum.rowOf[At(b)])) +
-                             gB.dot(transform.y.row(datum.rowOf[At(a)]));
+        const double mixed =
+            gA.dot(transform.y.row(datum.rowOf[At(b)])) + gB.dot(transform.y.row(datum.rowOf[At(a)]));
         return plain - mixed + gA.dot(transform.w * gB.transpose());
     };
     FillBlocks(network, adjustment, normals.pairOffset, cofactor);

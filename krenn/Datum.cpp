@@ -12,11 +12,13 @@
 namespace Krenn {
 namespace {
 
-constexpr double kNullRatio = 1e-9;      // a singular value below this part of the largest is zero
-constexpr double kUnseenRatio = 1e-10;   // an eigenvalue below this: the given points leave the movement open
+constexpr double kNullRatio = 1e-9;     // a singular value below this is zero; no cancellation would give 1
+constexpr double kUnseenRatio = 1e-10;  // an eigenvalue below this: the given points leave the movement open
 constexpr Eigen::Index kBatch = 256;
 
-std::size_t At(Eigen::Index index) { return static_cast<std::size_t>(index); }
+std::size_t At(Eigen::Index index) {
+    return static_cast<std::size_t>(index);
+}
 
 enum class Movement { ShiftX, ShiftY, Turn, PlanScale, ShiftZ, HeightScale };
 
@@ -36,7 +38,9 @@ const char* NameOf(Movement movement) {
     }
 }
 
-bool IsPlan(Movement movement) { return movement != Movement::ShiftZ && movement != Movement::HeightScale; }
+bool IsPlan(Movement movement) {
+    return movement != Movement::ShiftZ && movement != Movement::HeightScale;
+}
 
 // Centre and size of each group, so that all candidates move points by about one meter.
 struct GroupFrame {
@@ -86,8 +90,8 @@ Frames FitFrames(const Structure& structure, const State& state) {
 }
 
 // How much a candidate moves one coordinate or orientation.
-double MoveOf(const Candidate& candidate, const Structure& structure, const Frames& frames, const State& state,
-              int point, int axis) {
+double MoveOf(const Candidate& candidate, const Structure& structure, const Frames& frames,
+              const State& state, int point, int axis) {
     const PointRole& role = structure.roles[At(point)];
     if ((IsPlan(candidate.movement) ? role.planGroup : role.heightGroup) != candidate.group)
         return 0;
@@ -109,7 +113,8 @@ double MoveOf(const Candidate& candidate, const Structure& structure, const Fram
     }
 }
 
-std::vector<Candidate> CandidatesOf(const Structure& structure, const PartDatum& part, const Unknowns& unknowns) {
+std::vector<Candidate> CandidatesOf(const Structure& structure, const PartDatum& part,
+                                    const Unknowns& unknowns) {
     std::vector<int> plan;
     std::vector<int> height;
     for (const int unknown : part.unknowns) {
@@ -145,10 +150,23 @@ Eigen::MatrixXd MovesOf(const std::vector<Candidate>& candidates, const Structur
     for (Eigen::Index row = 0; row < moves.rows(); ++row) {
         const UnknownOf& of = unknowns.of[At(part.unknowns[At(row)])];
         for (Eigen::Index column = 0; column < moves.cols(); ++column)
-            moves(row, column) =
-                MoveOf(candidates[At(column)], structure, frames, state, of.point, of.axis);
+            moves(row, column) = MoveOf(candidates[At(column)], structure, frames, state, of.point, of.axis);
     }
     return moves;
+}
+
+// A candidate that moves no unknown, like the turn of a single point, is no movement.
+void DropMotionless(std::vector<Candidate>& candidates, Eigen::MatrixXd& moves) {
+    Eigen::Index kept = 0;
+    for (Eigen::Index column = 0; column < moves.cols(); ++column) {
+        if (moves.col(column).cwiseAbs().maxCoeff() < 1e-9)
+            continue;
+        candidates[At(kept)] = candidates[At(column)];
+        moves.col(kept) = moves.col(column);
+        ++kept;
+    }
+    candidates.resize(At(kept));
+    moves.conservativeResize(Eigen::NoChange, kept);
 }
 
 // The triangular factor of a tall matrix that is fed row by row.
@@ -178,9 +196,9 @@ struct RowReducer {
 // Coefficients of the combinations of candidates that nothing feels, one column each: right singular vectors
 // of J times the candidates, and of the moves of fixed coordinates, which must be zero as well.
 Eigen::MatrixXd UnfeltCombinations(const std::vector<Candidate>& candidates, const Structure& structure,
-                                   const Frames& frames, const PartDatum& part,
-                                   const Unknowns& unknowns, const State& state, const Datum& datum,
-                                   const Eigen::MatrixXd& moves) {
+                                   const Frames& frames, const PartDatum& part, const Unknowns& unknowns,
+                                   const State& state, const Datum& datum, const Eigen::MatrixXd& moves,
+                                   bool isRenewal) {
     const auto columns = static_cast<Eigen::Index>(candidates.size());
     RowReducer reducer(columns);
     Eigen::RowVectorXd size = Eigen::RowVectorXd::Zero(columns);
@@ -208,8 +226,7 @@ Eigen::MatrixXd UnfeltCombinations(const std::vector<Candidate>& candidates, con
         for (int axis = 0; axis < 3; ++axis) {
             Eigen::RowVectorXd row(columns);
             for (Eigen::Index column = 0; column < columns; ++column)
-                row(column) =
-                    weight * MoveOf(candidates[At(column)], structure, frames, state, point, axis);
+                row(column) = weight * MoveOf(candidates[At(column)], structure, frames, state, point, axis);
             take(row, row);
         }
     }
@@ -219,9 +236,9 @@ Eigen::MatrixXd UnfeltCombinations(const std::vector<Candidate>& candidates, con
     const Eigen::MatrixXd scaled = reducer.rows.topRows(columns) * scale.asDiagonal();
     const Eigen::JacobiSVD<Eigen::MatrixXd> svd(scaled, Eigen::ComputeFullV);
     const Eigen::VectorXd& values = svd.singularValues();
-    const double largest = values.size() > 0 ? std::max(values(0), 1e-300) : 1.0;
-    const auto unfelt = std::count_if(values.begin(), values.end(),
-                                      [&](double value) { return value < kNullRatio * largest; });
+    const Eigen::Index unfelt = isRenewal ? part.defect
+                                          : std::count_if(values.begin(), values.end(),
+                                                          [&](double value) { return value < kNullRatio; });
     Eigen::MatrixXd combinations = scale.transpose().asDiagonal() * svd.matrixV().rightCols(unfelt);
     combinations.colwise().normalize();
     return combinations;
@@ -244,8 +261,7 @@ Eigen::MatrixXd IndependentColumns(const Eigen::MatrixXd& columns) {
         return unit;
     Eigen::ColPivHouseholderQR<Eigen::MatrixXd> qr(unit);
     qr.setThreshold(1e-7);
-    const Eigen::MatrixXd basis =
-        qr.householderQ() * Eigen::MatrixXd::Identity(unit.rows(), qr.rank());
+    const Eigen::MatrixXd basis = qr.householderQ() * Eigen::MatrixXd::Identity(unit.rows(), qr.rank());
     return basis * rootOfRows;
 }
 
@@ -298,9 +314,8 @@ void FindConstraint(const Network& network, const Unknowns& unknowns, PartDatum&
     const Eigen::Index seen = part.defect - open;
     const Eigen::MatrixXd seenVectors = eigen.eigenvectors().rightCols(seen);
     const Eigen::MatrixXd openVectors = eigen.eigenvectors().leftCols(open);
-    const Eigen::MatrixXd byGiven = seenVectors *
-                                    eigen.eigenvalues().tail(seen).cwiseInverse().asDiagonal() *
-                                    seenVectors.transpose();
+    const Eigen::MatrixXd byGiven =
+        seenVectors * eigen.eigenvalues().tail(seen).cwiseInverse().asDiagonal() * seenVectors.transpose();
     Eigen::MatrixXd byAll = Eigen::MatrixXd::Zero(part.defect, part.defect);
     if (open > 0) {
         const Eigen::MatrixXd core = openVectors.transpose() * overAll * openVectors;
@@ -346,15 +361,16 @@ void CountDatumPoints(const Network& network, const Unknowns& unknowns, PartDatu
 void FindPartDatum(Datum& datum, PartDatum& part, const Network& network, const Structure& structure,
                    const Unknowns& unknowns, const State& state, bool isRenewal) {
     const Frames frames = FitFrames(structure, state);
-    const std::vector<Candidate> candidates = CandidatesOf(structure, part, unknowns);
+    std::vector<Candidate> candidates = CandidatesOf(structure, part, unknowns);
+    Eigen::MatrixXd moves = MovesOf(candidates, structure, frames, part, unknowns, state);
+    DropMotionless(candidates, moves);
     if (candidates.empty())
         return;
-    const Eigen::MatrixXd moves = MovesOf(candidates, structure, frames, part, unknowns, state);
     const Eigen::MatrixXd combinations =
-        UnfeltCombinations(candidates, structure, frames, part, unknowns, state, datum, moves);
+        UnfeltCombinations(candidates, structure, frames, part, unknowns, state, datum, moves, isRenewal);
     part.movement = IndependentColumns(moves * combinations);
     if (isRenewal && part.movement.cols() != part.defect)
-        throw Failure(ErrorNumber::Internal, "The datum defect changed between two iterations.");
+        throw Failure(ErrorNumber::NoConvergence, "The iterations ran into a position without a datum.");
     part.defect = static_cast<int>(part.movement.cols());
     if (part.defect > 0)
         FindConstraint(network, unknowns, part);

@@ -15,33 +15,33 @@ namespace Krenn {
 // A movement is a column over the unknowns of the part. The candidates are, per group of points that hang
 // together in plan, shifts in X and Y, the turn about Z and the scale in plan, and per group that hangs
 // together in height the shift in Z and the scale in Z. Every combination g of candidates with J g = 0 that
-// moves no fixed coordinate belongs to the null space G (n x defect) of the normal equations; it is found by a
-// singular value decomposition of J times the candidates, not assumed from the kinds of observations.
+// moves no fixed coordinate belongs to the null space G (n x defect) of the normal equations; it is found by
+// a singular value decomposition of J times the candidates, not assumed from the kinds of observations.
 //
-// Inner constraints: the sum of squares of the corrections that lead from the given coordinates to the adjusted
-// ones, taken over the datum coordinates, is least. Datum coordinates are those of the points with given
-// coordinates; what these leave open, and all if there is none, is set over all points against the start
-// positions. In the form H' (x - x0) = 0 with H' G = 1 this gives
+// Inner constraints: the sum of squares of the corrections that lead from the given coordinates to the
+// adjusted ones, taken over the datum coordinates, is least. Datum coordinates are those of the points with
+// given coordinates; what these leave open, and all if there is none, is set over all points against the
+// start positions. In the form H' (x - x0) = 0 with H' G = 1 this gives
 //     x = x_min - G H' (x_min - x0),  Q = T Q_min T',  T = 1 - G H'
 // from the solution x_min with any minimal set of coordinates held (S-transformation, after Baarda).
 struct PartDatum {
-    std::vector<int> unknowns;      // unknowns of the part
-    std::vector<int> measures;      // its observations, as numbers of Structure::measures
+    std::vector<int> unknowns;  // unknowns of the part
+    std::vector<int> measures;  // its observations, as numbers of Structure::measures
     std::vector<int> fixedPoints;
     int defect = 0;
-    std::vector<int> held;          // unknowns whose correction is zero in the minimal solution, `defect` of them
+    std::vector<int> held;  // unknowns whose correction is zero in the minimal solution, `defect` of them
     std::vector<std::string> movements;  // the free movements in words
-    int datumPoints = 0;            // points the inner constraints run over
-    bool overGiven = false;         // they run over points with given coordinates
-    bool alsoOverAll = false;       // the given points leave a movement open that is set over all points
-    Eigen::MatrixXd movement;       // G, rows in the order of `unknowns`
-    Eigen::MatrixXd constraint;     // H, the same rows
+    int datumPoints = 0;                 // points the inner constraints run over
+    bool overGiven = false;              // they run over points with given coordinates
+    bool alsoOverAll = false;            // the given points leave a movement open that is set over all points
+    Eigen::MatrixXd movement;            // G, rows in the order of `unknowns`
+    Eigen::MatrixXd constraint;          // H, the same rows
 };
 
 struct Datum {
     std::vector<PartDatum> parts;
-    std::vector<int> rowOf;         // per unknown: row in its part's matrices
-    std::vector<int> partOf;        // per unknown: index into `parts`
+    std::vector<int> rowOf;   // per unknown: row in its part's matrices
+    std::vector<int> partOf;  // per unknown: index into `parts`
     int Defect() const;
 };
 

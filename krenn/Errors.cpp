@@ -57,8 +57,9 @@ constexpr std::array kTable{
                  "Look for extreme values among coordinates, observations and standard errors."},
     ErrorMeaning{NetworkTooLarge, "The network is too large for the dense type 7.",
                  "Use type 1; it gives the same results."},
-    ErrorMeaning{ListingNotWritten, "The listing cannot be written.",
-                 "See that the folder of the input file exists, can be written, and that the disk is not full."},
+    ErrorMeaning{
+        ListingNotWritten, "The listing cannot be written.",
+        "See that the folder of the input file exists, can be written, and that the disk is not full."},
     ErrorMeaning{OutOfMemory, "There is not enough memory.", "Close other programs, or use type 0."},
     ErrorMeaning{Internal, "The package met a state that it should never meet.",
                  "Keep the input file and tell the maintainers."},
@@ -66,11 +67,14 @@ constexpr std::array kTable{
 
 }  // namespace
 
-std::span<const ErrorMeaning> ErrorTable() { return kTable; }
+std::span<const ErrorMeaning> ErrorTable() {
+    return kTable;
+}
 
 const ErrorMeaning& MeaningOf(ErrorNumber number) {
-    const auto* row = std::find_if(kTable.begin(), kTable.end(),
-                                   [number](const ErrorMeaning& meaning) { return meaning.number == number; });
+    const auto* row = std::find_if(kTable.begin(), kTable.end(), [number](const ErrorMeaning& meaning) {
+        return meaning.number == number;
+    });
     return row != kTable.end() ? *row : kTable.back();
 }
 

@@ -29,7 +29,8 @@ struct Closer {
 std::string ReadWholeFile(const std::string& path) {
     std::error_code error;
     if (!fs::is_regular_file(path, error) || error)
-        throw Failure(ErrorNumber::InputNotReadable, "There is no file of this name.", {Printable(path, 500)});
+        throw Failure(ErrorNumber::InputNotReadable, "There is no file of this name.",
+                      {Printable(path, 500)});
     std::ifstream file(path, std::ios::binary);
     const auto size = fs::file_size(path, error);
     if (!file || error)

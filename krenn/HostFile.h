@@ -16,8 +16,8 @@ std::string ReadWholeFile(const std::string& path);
 // file of that name in other case beside the input keeps its case.
 std::string ListingPath(const std::string& inputPath);
 
-// Writes a file beside its place, flushes it to disk and renames it, so that a reader finds the old or the new
-// text and never half of one. Throws Failure ListingNotWritten.
+// Writes a file beside its place, flushes it to disk and renames it, so that a reader finds the old or the
+// new text and never half of one. Throws Failure ListingNotWritten.
 void WriteWholeFile(const std::string& path, std::string_view text);
 
 // Hands what a file holds to the disk; false on failure. One implementation per host.

@@ -5,6 +5,8 @@
 
 namespace Krenn {
 
-bool FlushToDisk(std::FILE* file) { return fsync(fileno(file)) == 0; }
+bool FlushToDisk(std::FILE* file) {
+    return fsync(fileno(file)) == 0;
+}
 
 }  // namespace Krenn

@@ -5,6 +5,8 @@
 
 namespace Krenn {
 
-bool FlushToDisk(std::FILE* file) { return _commit(_fileno(file)) == 0; }
+bool FlushToDisk(std::FILE* file) {
+    return _commit(_fileno(file)) == 0;
+}
 
 }  // namespace Krenn

@@ -234,9 +234,8 @@ void Reader::AssembleRow(const RowLayout& layout) {
 void Reader::RefuseRow(const RowLayout& layout) const {
     for (std::size_t i = static_cast<std::size_t>(layout.names); i < words.size(); ++i) {
         if (i < static_cast<std::size_t>(layout.Fields()) && !FullNumber(words[i].text))
-            Refuse(ErrorNumber::BadNumber,
-                   fmt::format("\"{}\" stands where a number belongs ({}).", Printable(words[i].text, 30),
-                               layout.form));
+            Refuse(ErrorNumber::BadNumber, fmt::format("\"{}\" stands where a number belongs ({}).",
+                                                       Printable(words[i].text, 30), layout.form));
     }
     Refuse(ErrorNumber::BadRow, fmt::format("The row has {} fields; it needs {}: {}.", words.size(),
                                             layout.Fields(), layout.form));
@@ -246,7 +245,8 @@ void Reader::AddObservation(Kind kind, int from, int to, double value, double si
     if (from == to)
         Refuse(ErrorNumber::ZeroLengthSight, "Station and target are the same point.");
     if (!(sigma > 0))
-        Refuse(ErrorNumber::BadStandardError, fmt::format("The standard error of the {} is {}.", what, sigma));
+        Refuse(ErrorNumber::BadStandardError,
+               fmt::format("The standard error of the {} is {}.", what, sigma));
     if (sigma < 1e-12 || sigma > 1e12)
         Refuse(ErrorNumber::ValueOutOfRange, fmt::format("The standard error of the {} is {}.", what, sigma));
     network.observations.push_back({kind, from, to, value, sigma, rowLine});
@@ -305,8 +305,8 @@ void Reader::ReadAngleRow() {
 
 void Reader::ReadNameLine(int count) {
     if (words.size() != static_cast<std::size_t>(count))
-        Refuse(ErrorNumber::BadRow,
-               fmt::format("The row has {} words; it needs {}.", words.size(), count == 1 ? "one name" : "two names"));
+        Refuse(ErrorNumber::BadRow, fmt::format("The row has {} words; it needs {}.", words.size(),
+                                                count == 1 ? "one name" : "two names"));
     std::array<int, 2> named{-1, -1};
     for (std::size_t i = 0; i < words.size(); ++i) {
         const auto found = pointOf.find(std::string_view(UpperCase(words[i].text)));

@@ -20,12 +20,14 @@ constexpr double kArithmeticNoise = 1e-7;  // meters
 constexpr int kMostHalvings = 14;
 constexpr std::size_t kWorstShown = 10;
 
-std::size_t At(Eigen::Index index) { return static_cast<std::size_t>(index); }
+std::size_t At(Eigen::Index index) {
+    return static_cast<std::size_t>(index);
+}
 
 // What one kind of iteration differs in: how the linear system is solved and what is to become least.
 struct Scheme {
-    std::function<Eigen::VectorXd()> correction;                   // of all unknowns, datum set
-    std::function<double(const std::vector<double>& v)> target;    // of the residuals over sigma
+    std::function<Eigen::VectorXd()> correction;                 // of all unknowns, datum set
+    std::function<double(const std::vector<double>& v)> target;  // of the residuals over sigma
 };
 
 // Residuals over sigma, adjusted minus observed.
@@ -81,7 +83,8 @@ Iteration Describe(const Unknowns& unknowns, const Eigen::VectorXd& correction) 
     return iteration;
 }
 
-[[noreturn]] void RefuseConvergence(const Network& network, const Adjustment& adjustment) {
+[[noreturn]] void RefuseConvergence(const Network& network, const Adjustment& adjustment,
+                                    const std::string& cause = {}) {
     const std::vector<double> v = WeightedResiduals(adjustment.structure, adjustment.state);
     std::vector<std::size_t> order(v.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
@@ -96,11 +99,14 @@ Iteration Describe(const Unknowns& unknowns, const Eigen::VectorXd& correction) 
                                       network.points[At(measure.from)].name,
                                       network.points[At(measure.to)].name, v[order[i]]));
     }
-    throw Failure(ErrorNumber::NoConvergence,
-                  fmt::format("After {} iterations the largest correction is still {:.3g} m.",
-                              adjustment.iterations.size(),
-                              adjustment.iterations.empty() ? 0.0 : adjustment.iterations.back().largest),
-                  details);
+    throw Failure(
+        ErrorNumber::NoConvergence,
+        !cause.empty()
+            ? cause
+            : fmt::format("After {} iterations the largest correction is still {:.3g} m.",
+                          adjustment.iterations.size(),
+                          adjustment.iterations.empty() ? 0.0 : adjustment.iterations.back().largest),
+        details);
 }
 
 // One iteration: the correction, shortened until the target does not grow. False if no length of it helps.
@@ -173,8 +179,9 @@ Eigen::VectorXd SparseCorrection(const Network& network, Adjustment& adjustment,
     const Pivot pivot = Factorise(cholesky, normals);
     if (pivot.least <= 0) {
         const UnknownOf& of = adjustment.unknowns.of[At(normals.unknownOf[At(pivot.row)])];
-        throw Failure(ErrorNumber::Singular, "The normal equations became singular while iterating.",
-                      {fmt::format("near {}", network.points[At(of.point)].name)});
+        RefuseConvergence(network, adjustment,
+                          fmt::format("In iteration {} the normal equations became singular near {}.",
+                                      adjustment.iterations.size() + 1, network.points[At(of.point)].name));
     }
     return WithDatum(network, adjustment, normals, Solve(cholesky, normals.right));
 }
@@ -202,8 +209,8 @@ void IterateDense(const Network& network, Adjustment& adjustment, const Options&
     KeepResiduals(adjustment);
 }
 
-void IterateL1(const Network& network, Adjustment& adjustment, SparseCholesky& cholesky, NormalMatrix& normals,
-               const Options& options) {
+void IterateL1(const Network& network, Adjustment& adjustment, SparseCholesky& cholesky,
+               NormalMatrix& normals, const Options& options) {
     const auto correction = [&] {
         const Eigen::VectorXd reduced = LeastSumCorrection(adjustment, cholesky, normals);
         return WithDatum(network, adjustment, normals, reduced);

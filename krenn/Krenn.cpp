@@ -13,7 +13,9 @@ std::string& InputPath() {
     return path;
 }
 
-std::int16_t NumberOf(Krenn::ErrorNumber number) { return static_cast<std::int16_t>(number); }
+std::int16_t NumberOf(Krenn::ErrorNumber number) {
+    return static_cast<std::int16_t>(number);
+}
 
 }  // namespace
 
@@ -26,6 +28,10 @@ std::int16_t start(char* path) {
     }
 }
 
-std::int16_t go(std::int32_t type) { return NumberOf(Krenn::RunAdjustment(InputPath(), type)); }
+std::int16_t go(std::int32_t type) {
+    return NumberOf(Krenn::RunAdjustment(InputPath(), type));
+}
 
-void stop() { InputPath().clear(); }
+void stop() {
+    InputPath().clear();
+}

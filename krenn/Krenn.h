@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The three calls of the adjustment package. They are made in the order start, go, stop, once each per run, on
-// one thread; the package keeps one run at a time. The calls block until they are done.
+// The three calls of the adjustment package. They are made in the order start, go, stop, once each per run,
+// on one thread; the package keeps one run at a time. The calls block until they are done.
 //
 //     min  sum over all observations of (v_i / sigma_i)^2
 //
@@ -23,8 +23,8 @@ extern "C" {
 // changed. 0: the file can be opened; 1: no path; 2: it cannot be opened (go then says so in the listing).
 KRENN_CALL std::int16_t start(char* path);
 
-// Adjusts and writes `<base>.OUT` beside the input, <base> being the path up to the last "." of the file name.
-// type: 0 sparse without inversion, 1 sparse with inversion, 7 dense with full inversion, -1 L1 norm.
+// Adjusts and writes `<base>.OUT` beside the input, <base> being the path up to the last "." of the file
+// name. type: 0 sparse without inversion, 1 sparse with inversion, 7 dense with full inversion, -1 L1 norm.
 // 0: good; else an error number (Errors.h), and the listing says what is wrong and what to do.
 KRENN_CALL std::int16_t go(std::int32_t type);
 

@@ -114,8 +114,8 @@ struct Solver {
 
 Interior FirstPoint(Solver& solver, const Rows& rows) {
     const Eigen::Index count = rows.misclosure.size();
-    FillNormals(solver.normals, solver.adjustment.structure, solver.adjustment.unknowns, solver.adjustment.state,
-                {});
+    FillNormals(solver.normals, solver.adjustment.structure, solver.adjustment.unknowns,
+                solver.adjustment.state, {});
     if (Factorise(solver.cholesky, solver.normals).least <= 0)
         throw Failure(ErrorNumber::Singular, "The normal equations became singular while iterating.");
     Interior point;
@@ -147,13 +147,11 @@ Eigen::VectorXd LeastSumCorrection(const Adjustment& adjustment, SparseCholesky&
         const Change predictor = solver.Step(point, 0, none, none);
         const double stepA = std::min(LongestStep(point.a, predictor.a), LongestStep(point.s, -predictor.a));
         const double stepZ = std::min(LongestStep(point.z, predictor.z), LongestStep(point.w, predictor.w));
-        const double reached =
-            ((point.a + stepA * predictor.a) * (point.z + stepZ * predictor.z)).sum() +
-            ((point.s - stepA * predictor.a) * (point.w + stepZ * predictor.w)).sum();
+        const double reached = ((point.a + stepA * predictor.a) * (point.z + stepZ * predictor.z)).sum() +
+                               ((point.s - stepA * predictor.a) * (point.w + stepZ * predictor.w)).sum();
         const double ratio = reached / gap;
         const double mu = ratio * ratio * ratio * gap / (2.0 * static_cast<double>(count));
-        const Change change =
-            solver.Step(point, mu, predictor.a * predictor.z, -predictor.a * predictor.w);
+        const Change change = solver.Step(point, mu, predictor.a * predictor.z, -predictor.a * predictor.w);
         const double primal = std::min(LongestStep(point.a, change.a), LongestStep(point.s, -change.a));
         const double dual = std::min(LongestStep(point.z, change.z), LongestStep(point.w, change.w));
         point.a += primal * change.a;

@@ -16,7 +16,9 @@ namespace {
 constexpr std::size_t kIterationsShown = 60;
 constexpr std::size_t kWorstShown = 10;
 
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
+std::size_t At(int index) {
+    return static_cast<std::size_t>(index);
+}
 
 const char* TypeName(int type) {
     switch (type) {
@@ -68,7 +70,8 @@ void PrintInput(Page& page, const Network& network, const Adjustment& adjustment
                                 : dimension == Dimension::Plan  ? "plan; distances are horizontal"
                                                                 : "three dimensions");
     const bool hasStations = dimension != Dimension::Heights;
-    page.Line("  Stations  {:7}", hasStations ? count([](const auto& r, const auto&) { return r.isStation; }) : 0);
+    page.Line("  Stations  {:7}",
+              hasStations ? count([](const auto& r, const auto&) { return r.isStation; }) : 0);
     page.Line("  Points    {:7}",
               count([&](const auto& r, const auto&) { return !hasStations || !r.isStation; }));
     page.Line("  Given     {:7}   with coordinates in the file",
@@ -105,7 +108,8 @@ void PrintDatum(Page& page, const Network& network, const Adjustment& adjustment
     page.Line("  Redundancy  {:8}   observations - unknowns + defect", adjustment.Redundancy());
     const auto& parts = adjustment.datum.parts;
     if (parts.size() > 1)
-        page.Line("  The network falls into {} parts without connection; each has its own datum.", parts.size());
+        page.Line("  The network falls into {} parts without connection; each has its own datum.",
+                  parts.size());
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const PartDatum& part = parts[i];
         std::string where = parts.size() > 1 ? fmt::format("Part {}: ", i + 1) : std::string();
@@ -126,9 +130,10 @@ void PrintDatum(Page& page, const Network& network, const Adjustment& adjustment
         for (const std::string& movement : part.movements)
             movements += (movements.empty() ? "" : ", ") + movement;
         page.Paragraph("  ", fmt::format("{}defect {} ({}).", where, part.defect, movements));
-        page.Paragraph("  ", fmt::format("{}inner constraints over {} points {}.{}", where, part.datumPoints,
-                                         part.overGiven ? "with given coordinates" : "(all; none has given coordinates)",
-                                         part.alsoOverAll ? " What they leave open is set over all points." : ""));
+        page.Paragraph(
+            "  ", fmt::format("{}inner constraints over {} points {}.{}", where, part.datumPoints,
+                              part.overGiven ? "with given coordinates" : "(all; none has given coordinates)",
+                              part.alsoOverAll ? " What they leave open is set over all points." : ""));
     }
     if (!adjustment.computedStarts.empty())
         page.Paragraph("  ", fmt::format("Start positions computed from the observations: {} points ({}).",
@@ -172,22 +177,21 @@ void PrintSolution(Page& page, const Network& network, const Adjustment& adjustm
         page.Line("  m0 a posteriori     {:.4f}", statistics.m0);
         page.Line("  95% bounds of m0    {:.4f} to {:.4f}   (chi-square, two-tailed)", statistics.lowest,
                   statistics.highest);
-        const char* verdict = statistics.passes                         ? "passed"
-                              : statistics.m0 > statistics.highest ? "failed: weights too high, or gross errors"
-                                                                    : "failed: weights too low";
+        const char* verdict = statistics.passes ? "passed"
+                              : statistics.m0 > statistics.highest
+                                  ? "failed: weights too high, or gross errors"
+                                  : "failed: weights too low";
         page.Line("  global test         {}", adjustment.type == Type::L1Norm
                                                   ? "not made; the L1 norm is no least-squares solution"
                                                   : verdict);
-        page.Line("  standard deviations are {}", adjustment.hasCofactors
-                                                      ? "a posteriori, scaled with m0"
-                                                      : "not computed by this type");
+        page.Line("  standard deviations are {}",
+                  adjustment.hasCofactors ? "a posteriori, scaled with m0" : "not computed by this type");
     }
     page.Line("  largest |w| allowed {:.2f}   (two-tailed, {}%){}", statistics.critical, kLocalRisk * 100,
               statistics.isStandardised ? "" : "; w is v/sigma, as this type computes no redundancy numbers");
     const auto& w = statistics.standardised;
-    const auto flagged = std::count_if(w.begin(), w.end(), [&](double value) {
-        return std::abs(value) > statistics.critical;
-    });
+    const auto flagged = std::count_if(w.begin(), w.end(),
+                                       [&](double value) { return std::abs(value) > statistics.critical; });
     page.Line("  observations above  {}", flagged);
     if (flagged > 0) {
         const Measure& measure = adjustment.structure.measures[At(statistics.worst)];
@@ -200,7 +204,8 @@ void PrintSolution(Page& page, const Network& network, const Adjustment& adjustm
     }
 }
 
-void PrintWorst(Page& page, const Network& network, const Adjustment& adjustment, const Statistics& statistics) {
+void PrintWorst(Page& page, const Network& network, const Adjustment& adjustment,
+                const Statistics& statistics) {
     std::vector<std::size_t> order(statistics.standardised.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     const std::size_t shown = std::min(kWorstShown, order.size());
@@ -238,8 +243,8 @@ void PrintSummary(Page& page, const Adjustment& adjustment, const Statistics& st
         }
         if (count > 0)
             page.Line("  {:<20} {:8}   root mean square of v {} {}, of v/sigma {}", KindName(wanted), count,
-                      Fixed(std::sqrt(squares / count) * ResidualUnit(wanted), 9, 3), ResidualUnitName(wanted),
-                      Fixed(std::sqrt(standardised / count), 7, 3));
+                      Fixed(std::sqrt(squares / count) * ResidualUnit(wanted), 9, 3),
+                      ResidualUnitName(wanted), Fixed(std::sqrt(standardised / count), 7, 3));
     }
     if (statistics.hasM0)
         page.Line("  m0 {:.4f}", statistics.m0);
@@ -256,11 +261,17 @@ int NameWidth(const Network& network) {
     return static_cast<int>(longest) + 1;
 }
 
-bool IsAngle(MeasureKind kind) { return kind == MeasureKind::Direction || kind == MeasureKind::ZenithAngle; }
+bool IsAngle(MeasureKind kind) {
+    return kind == MeasureKind::Direction || kind == MeasureKind::ZenithAngle;
+}
 
-double ResidualUnit(MeasureKind kind) { return IsAngle(kind) ? 200 / std::numbers::pi * 1000 : 1000; }
+double ResidualUnit(MeasureKind kind) {
+    return IsAngle(kind) ? 200 / std::numbers::pi * 1000 : 1000;
+}
 
-const char* ResidualUnitName(MeasureKind kind) { return IsAngle(kind) ? "mgon" : "mm"; }
+const char* ResidualUnitName(MeasureKind kind) {
+    return IsAngle(kind) ? "mgon" : "mm";
+}
 
 std::string Describe(const Network& network, const Measure& measure) {
     return fmt::format("{} {} to {}, line {}", KindName(measure.kind), network.points[At(measure.from)].name,

@@ -17,8 +17,8 @@ struct RunHeader {
     std::string when;  // date and time of the run
 };
 
-// The listing of a good run. For people: run, input, datum, start positions, iterations, solution, summary. For
-// programs, from column 1 and in this order: "Final results", the residual tables "horizontal direction",
+// The listing of a good run. For people: run, input, datum, start positions, iterations, solution, summary.
+// For programs, from column 1 and in this order: "Final results", the residual tables "horizontal direction",
 // "vertical direction", "distance residuals", "height differences", and "Standard deviations" as the last
 // section. docs/adjustment.md tells their layout.
 std::string GoodListing(const RunHeader& run, const Network& network, const Adjustment& adjustment,

@@ -10,7 +10,9 @@ namespace {
 
 constexpr double kGonsPerRadian = 200 / std::numbers::pi;
 
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
+std::size_t At(int index) {
+    return static_cast<std::size_t>(index);
+}
 
 double CoordinateOf(const Adjustment& adjustment, std::size_t point, std::size_t axis) {
     return adjustment.state.at[point][axis] + adjustment.state.origin[axis];
@@ -60,7 +62,7 @@ void PrintResidualRow(Page& page, const Network& network, const Adjustment& adju
     const double v = adjustment.residual[m];
     const double unit = isAngle ? kGonsPerRadian : 1.0;
     const double observed = network.observations[At(measure.observation)].value;
-    double adjusted = (measure.value + v) * unit;
+    double adjusted = observed + v * unit;
     if (measure.kind == MeasureKind::Direction)
         adjusted = CircleGons(measure.value + v);
     const double factor = ResidualUnit(measure.kind);
@@ -124,8 +126,9 @@ void PrintResiduals(Page& page, const Network& network, const Adjustment& adjust
     page.Heading("Residuals, adjusted minus observed");
     page.Line("  Angles in gons and milligons, lengths in meters and millimeters. w is {}.",
               statistics.isStandardised ? "v / (sigma sqrt(r)), r the redundancy number" : "v / sigma");
-    page.Line("  error: estimated error of the observation, -v / r. < marks |w| above {:.2f}, << the largest.",
-              statistics.critical);
+    page.Line(
+        "  error: estimated error of the observation, -v / r. < marks |w| above {:.2f}, << the largest.",
+        statistics.critical);
     page.Blank();
     for (const Table& table : kTables) {
         bool isOpen = false;
@@ -134,8 +137,8 @@ void PrintResiduals(Page& page, const Network& network, const Adjustment& adjust
             if (network.observations[At(measure.observation)].kind != table.kind)
                 continue;
             if (!isOpen) {
-                page.Line("{:<{}} {:>14} {:>14} {:>10} {:>8} {:>8} {:>8} {:>10} {:>6}", table.marker, 2 * width + 1,
-                          "observed", "adjusted", "v", "sigma", "r", "w", "error", "line");
+                page.Line("{:<{}} {:>14} {:>14} {:>10} {:>8} {:>8} {:>8} {:>10} {:>6}", table.marker,
+                          2 * width + 1, "observed", "adjusted", "v", "sigma", "r", "w", "error", "line");
                 isOpen = true;
             }
             PrintResidualRow(page, network, adjustment, statistics, m, width);
@@ -151,8 +154,8 @@ void PrintRelative(Page& page, const Network& network, const Adjustment& adjustm
         return;
     const int width = NameWidth(network);
     page.Heading("Relative error ellipses");
-    page.Line("  {:<{}} {:<{}} {:>14} {:>10} {:>10} {:>9} {:>10} {:>10}", "from", width, "to", width, "distance m",
-              "a m", "b m", "bearing", "a 95% m", "b 95% m");
+    page.Line("  {:<{}} {:<{}} {:>14} {:>10} {:>10} {:>9} {:>10} {:>10}", "from", width, "to", width,
+              "distance m", "a m", "b m", "bearing", "a 95% m", "b 95% m");
     for (std::size_t i = 0; i < network.relativePairs.size(); ++i) {
         const auto from = At(network.relativePairs[i].first);
         const auto to = At(network.relativePairs[i].second);
@@ -160,9 +163,9 @@ void PrintRelative(Page& page, const Network& network, const Adjustment& adjustm
         for (std::size_t axis = 0; axis < 3; ++axis)
             square += std::pow(adjustment.state.at[to][axis] - adjustment.state.at[from][axis], 2);
         const Ellipse& ellipse = statistics.relative[i];
-        page.Line("  {:<{}} {:<{}} {} {} {} {} {} {}", network.points[from].name, width, network.points[to].name,
-                  width, Fixed(std::sqrt(square), 14, 5), Fixed(ellipse.major, 10, 6),
-                  Fixed(ellipse.minor, 10, 6), Fixed(ellipse.bearing, 9, 3),
+        page.Line("  {:<{}} {:<{}} {} {} {} {} {} {}", network.points[from].name, width,
+                  network.points[to].name, width, Fixed(std::sqrt(square), 14, 5),
+                  Fixed(ellipse.major, 10, 6), Fixed(ellipse.minor, 10, 6), Fixed(ellipse.bearing, 9, 3),
                   Fixed(ellipse.major * statistics.factor95, 10, 6),
                   Fixed(ellipse.minor * statistics.factor95, 10, 6));
     }
@@ -179,7 +182,8 @@ void PrintDeviations(Page& page, const Network& network, const Adjustment& adjus
               statistics.hasM0 ? "a posteriori, scaled with m0" : "a priori, m0 is not determined");
     // The list of heights runs to the end of the file and has no line before it.
     if (!isHeights) {
-        page.Line("Standard point deviations SX, SY, SZ; ellipse a, b and bearing of a in gons; the same for 95%");
+        page.Line(
+            "Standard point deviations SX, SY, SZ; ellipse a, b and bearing of a in gons; the same for 95%");
         page.Line("  {:<{}} {:>12} {:>12} {:>12}", "point", width - 2, "SX / a", "SY / b", "SZ / bearing");
     }
     for (const bool stations : {true, false}) {

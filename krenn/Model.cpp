@@ -67,8 +67,7 @@ double ComputeValue(const Measure& measure, const State& state) {
 
 double Misclosure(const Measure& measure, double computed) {
     const double difference = measure.value - computed;
-    const bool isAngle =
-        measure.kind == MeasureKind::Direction || measure.kind == MeasureKind::ZenithAngle;
+    const bool isAngle = measure.kind == MeasureKind::Direction || measure.kind == MeasureKind::ZenithAngle;
     return isAngle ? Wrapped(difference) : difference;
 }
 

@@ -33,8 +33,8 @@ struct Unknowns {
 
 Unknowns NumberUnknowns(const Structure& structure);
 
-// One observation at a state: its computed value and the derivatives by X, Y, Z of the first point, X, Y, Z of
-// the second, and the orientation.
+// One observation at a state: its computed value and the derivatives by X, Y, Z of the first point, X, Y, Z
+// of the second, and the orientation.
 //
 //   direction            atan2(dX, dY) - o
 //   zenith angle         atan2(h, dZ),  h = sqrt(dX^2 + dY^2)

@@ -20,7 +20,7 @@ struct Point {
     bool hasGiven = false;        // coordinates stand in the file
     bool isFixed = false;         // named under "Fixed Coordinates"
     bool inStationList = false;   // named under "Theodolite Stations"
-    int line = 0;                 // 1-based line of the row that gave the coordinates, else of the first mention
+    int line = 0;  // 1-based line of the row that gave the coordinates, else of the first mention
 };
 
 struct Observation {
@@ -34,13 +34,14 @@ struct Observation {
 };
 
 struct Network {
-    std::string project, task, date;   // the values of the header lines, as they stand
+    std::string project, task, date;  // the values of the header lines, as they stand
     std::vector<Point> points;
     std::vector<Observation> observations;
     std::vector<std::pair<int, int>> relativePairs;
-    std::vector<std::string> notes;    // whole sentences for the listing: what was taken otherwise than expected
-    int zenithsNotObserved = 0;        // angle rows with zenith angle 0.00000
-    int distancesNotObserved = 0;      // distance rows with distance 0.00000
+    std::vector<std::string>
+        notes;                     // whole sentences for the listing: what was taken otherwise than expected
+    int zenithsNotObserved = 0;    // angle rows with zenith angle 0.00000
+    int distancesNotObserved = 0;  // distance rows with distance 0.00000
     int trackerDistances = 0;
 };
 

@@ -8,7 +8,9 @@
 namespace Krenn {
 namespace {
 
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
+std::size_t At(int index) {
+    return static_cast<std::size_t>(index);
+}
 
 void NumberRows(NormalMatrix& normals, const Structure& structure, const Unknowns& unknowns,
                 const std::vector<int>& held) {
@@ -20,7 +22,8 @@ void NumberRows(NormalMatrix& normals, const Structure& structure, const Unknown
     int unknown = 0;
     for (std::size_t point = 0; point < structure.roles.size(); ++point) {
         normals.blockStart[point] = static_cast<int>(normals.unknownOf.size());
-        for (; unknown < unknowns.Count() && unknowns.of[At(unknown)].point == static_cast<int>(point); ++unknown) {
+        for (; unknown < unknowns.Count() && unknowns.of[At(unknown)].point == static_cast<int>(point);
+             ++unknown) {
             if (isHeld[At(unknown)])
                 continue;
             normals.reducedOf[At(unknown)] = static_cast<int>(normals.unknownOf.size());
@@ -57,8 +60,7 @@ Neighbours FindNeighbours(const Structure& structure, const std::vector<std::pai
 }
 
 // Rows of the neighbours' blocks between the diagonal block of `from` and the block of `to`.
-int OffsetOf(const Neighbours& neighbours, const std::vector<int>& before, int from,
-             int to) {
+int OffsetOf(const Neighbours& neighbours, const std::vector<int>& before, int from, int to) {
     const int low = std::min(from, to);
     const int high = std::max(from, to);
     const auto first = neighbours.other.begin() + neighbours.start[At(low)];
@@ -116,8 +118,8 @@ std::array<int, 7> RowsOf(const NormalMatrix& normals, const Measure& measure, c
     return rows;
 }
 
-void FillNormals(NormalMatrix& normals, const Structure& structure, const Unknowns& unknowns, const State& state,
-                 std::span<const double> weight) {
+void FillNormals(NormalMatrix& normals, const Structure& structure, const Unknowns& unknowns,
+                 const State& state, std::span<const double> weight) {
     std::fill(normals.value.begin(), normals.value.end(), 0.0);
     normals.right = Eigen::VectorXd::Zero(normals.size);
     for (std::size_t m = 0; m < structure.measures.size(); ++m) {

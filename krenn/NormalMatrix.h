@@ -14,9 +14,9 @@ namespace Krenn {
 // The normal equations N x = b of one linearisation, N = sum a' a / sigma^2, lower triangle by columns with
 // rising rows. Some unknowns may be held; the others are numbered anew, in the same order.
 //
-// The unknowns of a point follow one another, so a column holds the rest of its own point's block and then the
-// whole block of every neighbour with a higher number: the place of an entry is found by counting, without a
-// search, and the pattern is made once for all iterations.
+// The unknowns of a point follow one another, so a column holds the rest of its own point's block and then
+// the whole block of every neighbour with a higher number: the place of an entry is found by counting,
+// without a search, and the pattern is made once for all iterations.
 struct NormalMatrix {
     int size = 0;
     std::vector<int> reducedOf;    // per unknown: row, or -1 if held
@@ -24,9 +24,9 @@ struct NormalMatrix {
     std::vector<int> columnStart;  // size + 1
     std::vector<int> row;
     std::vector<double> value;
-    Eigen::VectorXd right;         // b
+    Eigen::VectorXd right;  // b
 
-    std::vector<int> blockStart;   // per point: its first row, `blockStart[p + 1]` behind its last
+    std::vector<int> blockStart;     // per point: its first row, `blockStart[p + 1]` behind its last
     std::vector<int> measureOffset;  // per measure: where the block of the higher point begins in a column
     std::vector<int> pairOffset;     // the same per relative pair
 
@@ -46,14 +46,14 @@ NormalMatrix MakePattern(const Structure& structure, const Unknowns& unknowns, c
                          const std::vector<std::pair<int, int>>& pairs);
 
 // Fills N and b at a state. `weight` multiplies each measure's 1 / sigma^2; empty for 1 throughout.
-void FillNormals(NormalMatrix& normals, const Structure& structure, const Unknowns& unknowns, const State& state,
-                 std::span<const double> weight);
+void FillNormals(NormalMatrix& normals, const Structure& structure, const Unknowns& unknowns,
+                 const State& state, std::span<const double> weight);
 
 // One row of the design matrix in the numbering of the normal equations; -1 for held and missing unknowns.
 std::array<int, 7> RowsOf(const NormalMatrix& normals, const Measure& measure, const Unknowns& unknowns);
 
-// The quadratic form a M a' of every measure at a state, for a symmetric M of which the entries in the pattern
-// of `normals` are given by `entries`.
+// The quadratic form a M a' of every measure at a state, for a symmetric M of which the entries in the
+// pattern of `normals` are given by `entries`.
 std::vector<double> MeasureForms(const NormalMatrix& normals, const std::vector<double>& entries,
                                  const Structure& structure, const Unknowns& unknowns, const State& state);
 

@@ -14,7 +14,9 @@ constexpr std::size_t kMostLoci = 10;  // crossings grow with the square of the 
 constexpr double kSoundSine = 0.1;
 constexpr double kWeakSine = 0.003;
 
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
+std::size_t At(int index) {
+    return static_cast<std::size_t>(index);
+}
 
 void Wait(PlanFrame& frame, int point) {
     if (frame.isPlaced[At(point)] || frame.isWaiting[At(point)])
@@ -43,14 +45,19 @@ double CentralAngle(const std::vector<double>& angles) {
 void OrientFromPlaced(PlanFrame& frame, const PlanSights& sights, int station) {
     if (!frame.isPlaced[At(station)] || frame.isOriented[At(station)])
         return;
+    const int parent = frame.parent[At(station)];
     std::vector<double> estimates;
+    std::vector<double> ofFamily;
     for (const PlanSights::Sight& sight : sights.out[At(station)]) {
-        if (frame.isPlaced[At(sight.other)] &&
-            DistanceTo(frame.at[At(station)], frame.at[At(sight.other)]) > kPlumb)
-            estimates.push_back(AzimuthTo(frame.at[At(station)], frame.at[At(sight.other)]) - sight.reading);
+        if (!frame.isPlaced[At(sight.other)] ||
+            DistanceTo(frame.at[At(station)], frame.at[At(sight.other)]) <= kPlumb)
+            continue;
+        estimates.push_back(AzimuthTo(frame.at[At(station)], frame.at[At(sight.other)]) - sight.reading);
+        if (parent >= 0 && (sight.other == parent || frame.parent[At(sight.other)] == parent))
+            ofFamily.push_back(estimates.back());
     }
     if (!estimates.empty())
-        OrientStation(frame, sights, station, CentralAngle(estimates));
+        OrientStation(frame, sights, station, CentralAngle(ofFamily.empty() ? estimates : ofFamily));
 }
 
 // What is known about where a point lies: loci to cross with one another, and the directions read on it.
@@ -186,37 +193,45 @@ bool HasRival(const std::vector<Candidate>& candidates, const Evidence& evidence
     });
 }
 
-bool TryPlace(PlanFrame& frame, const PlanSights& sights, int point, Strictness strictness) {
-    // A polar sight needs no search, and is by far the most frequent case.
-    std::vector<Place> polar;
+// The place that most polar sights agree on: the one with the smallest sum of distances to the others. No
+// search is needed for it, and it is by far the most frequent case.
+bool PlaceByPolarSight(PlanFrame& frame, const PlanSights& sights, int point) {
+    struct Polar {
+        Place at;
+        int station;
+    };
+    std::vector<Polar> polars;
     for (const PlanSights::Sight& sight : sights.in[At(point)]) {
-        if (!frame.isMetric || !frame.isPlaced[At(sight.other)] || !frame.isOriented[At(sight.other)])
+        const int station = sight.other;
+        if (!frame.isMetric || !frame.isPlaced[At(station)] || !frame.isOriented[At(station)])
             continue;
-        for (const PlanSights::Leg& leg : sights.legs[At(point)]) {
-            if (leg.other == sight.other) {
-                polar.push_back(PolarFrom(frame.at[At(sight.other)],
-                                          frame.orientation[At(sight.other)] + sight.reading, leg.length));
-                break;
-            }
+        const auto& legs = sights.legs[At(point)];
+        const auto leg = std::find_if(legs.begin(), legs.end(),
+                                      [&](const PlanSights::Leg& each) { return each.other == station; });
+        if (leg != legs.end())
+            polars.push_back({PolarFrom(frame.at[At(station)], frame.orientation[At(station)] + sight.reading,
+                                        leg->length),
+                              station});
+    }
+    const Polar* best = nullptr;
+    double bestSum = INFINITY;
+    for (const Polar& polar : polars) {
+        double sum = 0;
+        for (const Polar& other : polars)
+            sum += DistanceTo(polar.at, other.at);
+        if (sum < bestSum) {
+            bestSum = sum;
+            best = &polar;
         }
     }
-    if (polar.size() == 1 || polar.size() == 2) {
-        PlacePoint(frame, sights, point, polar.front());
+    if (best != nullptr)
+        PlacePoint(frame, sights, point, best->at, best->station);
+    return best != nullptr;
+}
+
+bool TryPlace(PlanFrame& frame, const PlanSights& sights, int point, Strictness strictness) {
+    if (PlaceByPolarSight(frame, sights, point))
         return true;
-    }
-    if (polar.size() > 2) {
-        Place middle{};
-        for (std::size_t axis = 0; axis < 2; ++axis) {
-            std::vector<double> values;
-            for (const Place& place : polar)
-                values.push_back(place[axis]);
-            std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2),
-                             values.end());
-            middle[axis] = values[values.size() / 2];
-        }
-        PlacePoint(frame, sights, point, middle);
-        return true;
-    }
     const Evidence evidence = EvidenceFor(frame, sights, point);
     if (evidence.equations < 2)
         return false;
@@ -255,10 +270,12 @@ PlanFrame::PlanFrame(int points)
       orientation(At(points), 0.0),
       isPlaced(At(points), 0),
       isOriented(At(points), 0),
+      parent(At(points), -1),
       isWaiting(At(points), 0) {}
 
-void PlacePoint(PlanFrame& frame, const PlanSights& sights, int point, const Place& at) {
+void PlacePoint(PlanFrame& frame, const PlanSights& sights, int point, const Place& at, int parent) {
     frame.at[At(point)] = at;
+    frame.parent[At(point)] = parent;
     frame.isPlaced[At(point)] = 1;
     frame.placed.push_back(point);
     OrientFromPlaced(frame, sights, point);
@@ -283,7 +300,8 @@ bool GrowFrame(PlanFrame& frame, const PlanSights& sights, Strictness strictness
     bool any = PlaceWaiting(frame, sights);
     // The third point of a frame of distances may lie on either side of the first two: that is no choice.
     const bool isMirrorFree = frame.isFree && frame.placed.size() == 2 &&
-                              !frame.isOriented[At(frame.placed[0])] && !frame.isOriented[At(frame.placed[1])];
+                              !frame.isOriented[At(frame.placed[0])] &&
+                              !frame.isOriented[At(frame.placed[1])];
     if (isMirrorFree && PlaceNext(frame, sights, Strictness::Ambiguous)) {
         any = true;
         PlaceWaiting(frame, sights);

@@ -33,11 +33,12 @@ struct PlanFrame {
     std::vector<double> orientation;  // azimuth of the zero direction, radians
     std::vector<char> isPlaced;
     std::vector<char> isOriented;
-    std::vector<int> placed;          // the placed points, in the order of placing
-    bool isMetric = true;             // false while the scale is arbitrary: no distance was used
-    bool isFree = false;              // its coordinate system is its own, so that a mirror image is as good
+    std::vector<int> placed;  // the placed points, in the order of placing
+    std::vector<int> parent;  // the station whose polar sight placed the point; -1 for another way
+    bool isMetric = true;     // false while the scale is arbitrary: no distance was used
+    bool isFree = false;      // its coordinate system is its own, so that a mirror image is as good
 
-    std::deque<int> waiting;          // points worth a try
+    std::deque<int> waiting;  // points worth a try
     std::vector<char> isWaiting;
 };
 
@@ -48,15 +49,17 @@ enum class Strictness {
     Ambiguous,  // one of two solutions that fit equally well
 };
 
-// Places a point at known coordinates.
-void PlacePoint(PlanFrame& frame, const PlanSights& sights, int point, const Place& at);
+// Places a point at known coordinates. `parent` is the station whose polar sight did it, if one did: the
+// point and what else that station placed share its errors, so that an orientation from them adds none, while
+// one from points that came another way would let small contradictions grow from station to station.
+void PlacePoint(PlanFrame& frame, const PlanSights& sights, int point, const Place& at, int parent = -1);
 
 // Orients a station in the frame.
 void OrientStation(PlanFrame& frame, const PlanSights& sights, int station, double orientation);
 
 // Places every point that the placed ones determine: polar sights, intersections, resections, arcs, free
-// stations and any mixture of them. Ambiguous points are taken one at a time, only with Strictness::Ambiguous,
-// and only when nothing better is left. Returns whether anything was placed.
+// stations and any mixture of them. Ambiguous points are taken one at a time, only with
+// Strictness::Ambiguous, and only when nothing better is left. Returns whether anything was placed.
 bool GrowFrame(PlanFrame& frame, const PlanSights& sights, Strictness strictness);
 
 // Moves `part` onto `frame` by turning, shifting and, where one of them has no scale, scaling, and takes over

@@ -7,11 +7,16 @@
 namespace Krenn {
 namespace {
 
-constexpr double kFlattestAngle = 0.01;  // radians; inscribed angles nearer to 0 or a half circle bear nothing
+constexpr double kFlattestAngle =
+    0.01;  // radians; inscribed angles nearer to 0 or a half circle bear nothing
 
-Place Along(double azimuth) { return {std::sin(azimuth), std::cos(azimuth)}; }
+Place Along(double azimuth) {
+    return {std::sin(azimuth), std::cos(azimuth)};
+}
 
-double Cross(const Place& a, const Place& b) { return a[0] * b[1] - a[1] * b[0]; }
+double Cross(const Place& a, const Place& b) {
+    return a[0] * b[1] - a[1] * b[0];
+}
 
 std::vector<Crossing> RayWithRay(const Locus& first, const Locus& second) {
     const Place u = Along(first.azimuth);
@@ -50,7 +55,8 @@ std::vector<Crossing> CircleWithCircle(const Locus& first, const Locus& second) 
     const double base = DistanceTo(first.at, second.at);
     if (base < 1e-9 * (first.radius + second.radius))
         return {};
-    const double foot = (base * base + first.radius * first.radius - second.radius * second.radius) / (2 * base);
+    const double foot =
+        (base * base + first.radius * first.radius - second.radius * second.radius) / (2 * base);
     const double square = first.radius * first.radius - foot * foot;
     if (square < -0.02 * first.radius * first.radius)
         return {};
@@ -66,9 +72,13 @@ std::vector<Crossing> CircleWithCircle(const Locus& first, const Locus& second) 
 
 }  // namespace
 
-double AzimuthTo(const Place& from, const Place& to) { return std::atan2(to[0] - from[0], to[1] - from[1]); }
+double AzimuthTo(const Place& from, const Place& to) {
+    return std::atan2(to[0] - from[0], to[1] - from[1]);
+}
 
-double DistanceTo(const Place& from, const Place& to) { return std::hypot(to[0] - from[0], to[1] - from[1]); }
+double DistanceTo(const Place& from, const Place& to) {
+    return std::hypot(to[0] - from[0], to[1] - from[1]);
+}
 
 Place PolarFrom(const Place& from, double azimuth, double distance) {
     return {from[0] + distance * std::sin(azimuth), from[1] + distance * std::cos(azimuth)};

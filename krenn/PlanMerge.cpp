@@ -8,9 +8,12 @@
 namespace Krenn {
 namespace {
 
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
+std::size_t At(int index) {
+    return static_cast<std::size_t>(index);
+}
 
-// x' = s (x cos a + y sin a) + tx, y' = s (-x sin a + y cos a) + ty; y is turned over before for a mirror image.
+// x' = s (x cos a + y sin a) + tx, y' = s (-x sin a + y cos a) + ty; y is turned over before for a mirror
+// image.
 struct Similarity {
     double turn = 0;
     double scale = 1;

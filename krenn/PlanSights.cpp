@@ -9,7 +9,9 @@
 namespace Krenn {
 namespace {
 
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
+std::size_t At(int index) {
+    return static_cast<std::size_t>(index);
+}
 
 // A value of an ordered pair of points, found by binary search.
 struct PairValues {
@@ -33,8 +35,9 @@ struct PairValues {
 
     std::optional<double> Find(int from, int to) const {
         const std::uint64_t key = Key(from, to);
-        const auto at = std::lower_bound(entries.begin(), entries.end(), key,
-                                         [](const Entry& entry, std::uint64_t wanted) { return entry.key < wanted; });
+        const auto at =
+            std::lower_bound(entries.begin(), entries.end(), key,
+                             [](const Entry& entry, std::uint64_t wanted) { return entry.key < wanted; });
         if (at == entries.end() || at->key != key)
             return std::nullopt;
         return at->value;
@@ -63,8 +66,8 @@ double HorizontalOf(const Network& network, const Reductions& reductions, const 
     if (measure.kind == MeasureKind::HorizontalDistance)
         return measure.value;
     for (const bool isBack : {false, true}) {
-        const auto zenith = reductions.zeniths.Find(isBack ? measure.to : measure.from,
-                                                    isBack ? measure.from : measure.to);
+        const auto zenith =
+            reductions.zeniths.Find(isBack ? measure.to : measure.from, isBack ? measure.from : measure.to);
         if (zenith)
             return measure.value * std::sin(*zenith);
     }

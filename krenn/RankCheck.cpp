@@ -52,11 +52,23 @@ Eigen::MatrixXd TimesScaled(const NormalMatrix& normals, const Eigen::VectorXd& 
     return product;
 }
 
+// moved - G c with the least sum of absolute values, by reweighted least squares.
+Eigen::VectorXd SparsestRest(const Eigen::MatrixXd& movement, const Eigen::VectorXd& moved) {
+    Eigen::VectorXd rest = moved;
+    const double floor = 1e-9 * moved.cwiseAbs().maxCoeff() + 1e-300;
+    for (int sweep = 0; sweep < 60; ++sweep) {
+        const Eigen::VectorXd weight = (rest.cwiseAbs().array() + floor).inverse();
+        const Eigen::MatrixXd left = movement.transpose() * weight.asDiagonal() * movement;
+        rest = moved - movement * left.ldlt().solve(movement.transpose() * weight.asDiagonal() * moved);
+    }
+    return rest;
+}
+
 }  // namespace
 
-std::vector<int> RowsWithoutHold(SparseCholesky& cholesky, const NormalMatrix& normals) {
+Eigen::MatrixXd NullVectors(SparseCholesky& cholesky, const NormalMatrix& normals) {
     if (Factorise(cholesky, normals, kShift).least <= 0)
-        return {};
+        return Eigen::MatrixXd(normals.size, 0);
     const Eigen::VectorXd scale = ScaleOf(normals);
     const Eigen::Index count = std::min<Eigen::Index>(kMostVectors, normals.size);
     Eigen::MatrixXd vectors(normals.size, count);
@@ -71,18 +83,39 @@ std::vector<int> RowsWithoutHold(SparseCholesky& cholesky, const NormalMatrix& n
     vectors = Orthonormal(vectors);
     const Eigen::MatrixXd quotient = vectors.transpose() * TimesScaled(normals, scale, vectors);
     const Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd> eigen(0.5 * (quotient + quotient.transpose()));
-    std::vector<int> rows;
-    for (Eigen::Index i = 0; i < count && std::abs(eigen.eigenvalues()(i)) < kNullQuotient; ++i) {
-        const Eigen::VectorXd nullVector = vectors * eigen.eigenvectors().col(i);
-        const double most = nullVector.cwiseAbs().maxCoeff();
-        for (int row = 0; row < normals.size; ++row) {
-            if (std::abs(nullVector(row)) > 1e-3 * most)
-                rows.push_back(row);
+    Eigen::Index found = 0;
+    while (found < count && std::abs(eigen.eigenvalues()(found)) < kNullQuotient)
+        ++found;
+    return scale.asDiagonal() * (vectors * eigen.eigenvectors().leftCols(found));
+}
+
+std::vector<int> PointsMovedBy(const Eigen::VectorXd& nullVector, const Datum& datum,
+                               const Unknowns& unknowns) {
+    std::vector<int> points;
+    const double most = nullVector.cwiseAbs().maxCoeff();
+    for (const PartDatum& part : datum.parts) {
+        const auto size = static_cast<Eigen::Index>(part.unknowns.size());
+        Eigen::VectorXd moved(size);
+        for (Eigen::Index i = 0; i < size; ++i) {
+            const int unknown = part.unknowns[static_cast<std::size_t>(i)];
+            const bool isCoordinate = unknowns.of[static_cast<std::size_t>(unknown)].axis != kOrientationAxis;
+            moved(i) = isCoordinate ? nullVector(unknown) : 0.0;
+        }
+        Eigen::MatrixXd movement = part.movement;
+        for (Eigen::Index i = 0; i < size && part.defect > 0; ++i) {
+            if (unknowns.of[static_cast<std::size_t>(part.unknowns[static_cast<std::size_t>(i)])].axis ==
+                kOrientationAxis)
+                movement.row(i).setZero();
+        }
+        const Eigen::VectorXd rest = part.defect > 0 ? SparsestRest(movement, moved) : moved;
+        const double bound = 1e-3 * std::max(rest.cwiseAbs().maxCoeff(), 1e-3 * most);
+        for (Eigen::Index i = 0; i < size; ++i) {
+            if (std::abs(rest(i)) > bound)
+                points.push_back(
+                    unknowns.of[static_cast<std::size_t>(part.unknowns[static_cast<std::size_t>(i)])].point);
         }
     }
-    std::sort(rows.begin(), rows.end());
-    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
-    return rows;
+    return points;
 }
 
 }  // namespace Krenn

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "krenn/Datum.h"
 #include "krenn/NormalMatrix.h"
 #include "krenn/SparseCholesky.h"
 
@@ -11,9 +12,15 @@ namespace Krenn {
 // Pivots of the scaled normal equations below this make the rank doubtful.
 inline constexpr double kDoubtfulPivot = 1e-11;
 
-// The rows of scaled normal equations that lie in their null space, found from the factor itself: inverse
-// iteration on the slightly shifted matrix brings out the vectors with N x = 0. Empty if the rank is full
-// after all.
-std::vector<int> RowsWithoutHold(SparseCholesky& cholesky, const NormalMatrix& normals);
+// The vectors x with N x = 0, in the units of the unknowns, one column each; found from the factor itself:
+// inverse iteration on the slightly shifted matrix brings them out. No column if the rank is full after all.
+Eigen::MatrixXd NullVectors(SparseCholesky& cholesky, const NormalMatrix& normals);
+
+// The points that a null vector (over all unknowns, zero where held) moves against the rest of their part.
+// The vector knows the free point only together with a movement of the whole part, because the free point may
+// be the one that is held; that movement is taken out by the fit that leaves as few points moving as
+// possible.
+std::vector<int> PointsMovedBy(const Eigen::VectorXd& nullVector, const Datum& datum,
+                               const Unknowns& unknowns);
 
 }  // namespace Krenn

@@ -57,8 +57,8 @@ bool CutAtColumn(std::vector<Word>& words, std::size_t at, const RowLayout& layo
 const RowLayout kCoordinateRow{kCoordinateStarts, 1, "name, X, Y, Z"};
 const RowLayout kDistanceRow{kDistanceStarts, 2, "station, target, distance, standard error"};
 const RowLayout kHeightRow{kHeightStarts, 2, "from point, to point, height difference, standard error"};
-const RowLayout kAngleRow{
-    kAngleStarts, 2, "station, target, direction, zenith angle, standard error of each of the two"};
+const RowLayout kAngleRow{kAngleStarts, 2,
+                          "station, target, direction, zenith angle, standard error of each of the two"};
 
 bool FitRow(std::vector<Word>& words, const RowLayout& layout, RowFields& fields) {
     if (TakeFields(words, layout, fields))

@@ -8,7 +8,9 @@
 namespace Krenn {
 namespace {
 
-bool IsSeparator(char c) { return c == ' ' || c == '\t' || c == ','; }
+bool IsSeparator(char c) {
+    return c == ' ' || c == '\t' || c == ',';
+}
 
 char UpperCharacter(char c) {
     const auto code = static_cast<unsigned char>(c);
@@ -59,14 +61,13 @@ void AppendWords(std::string_view line, std::vector<Word>& words) {
 }
 
 std::optional<double> FullNumber(std::string_view text) {
-    if (!text.empty() && text.front() == '+')
-        text.remove_prefix(1);
-    if (text.empty())
+    const bool hasSign = !text.empty() && (text.front() == '+' || text.front() == '-');
+    const std::string_view digits = text.substr(hasSign ? 1 : 0);
+    if (digits.empty() || (digits.front() != '.' && (digits.front() < '0' || digits.front() > '9')))
         return std::nullopt;
-    const bool isNegative = text.front() == '-';
-    const char first = text.size() > (isNegative ? 1U : 0U) ? text[isNegative ? 1 : 0] : ' ';
-    if (first != '.' && (first < '0' || first > '9'))
-        return std::nullopt;
+    // from_chars knows no leading plus.
+    if (text.front() == '+')
+        text = digits;
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc{} || end != text.data() + text.size() || !std::isfinite(value))

@@ -42,7 +42,8 @@ std::string UpperCase(std::string_view text);
 // True if both are equal after trimming, ignoring the case of plain letters.
 bool SameText(std::string_view left, std::string_view right);
 
-// A text as it may stand in the listing: control characters become "?", and past `limit` characters it is cut.
+// A text as it may stand in the listing: control characters become "?", and past `limit` characters it is
+// cut.
 std::string Printable(std::string_view text, std::size_t limit = 100);
 
 }  // namespace Krenn

@@ -93,8 +93,7 @@ Pivot Factorise(SparseCholesky& cholesky, const NormalMatrix& normals, double sh
     SparseCholesky::Inner& inner = *cholesky.inner;
     LoadScaled(inner, normals);
     double beta[2] = {shift, 0};
-    const int isDone =
-        cholmod_factorize_p(inner.matrix, beta, nullptr, 0, inner.factor, &inner.common);
+    const int isDone = cholmod_factorize_p(inner.matrix, beta, nullptr, 0, inner.factor, &inner.common);
     if (inner.common.status == CHOLMOD_NOT_POSDEF) {
         inner.common.status = CHOLMOD_OK;
         const auto minor = inner.factor->minor;

@@ -37,8 +37,8 @@ Pivot Factorise(SparseCholesky& cholesky, const NormalMatrix& normals, double sh
 Eigen::MatrixXd Solve(const SparseCholesky& cholesky, const Eigen::MatrixXd& right);
 
 // The entries of the inverse in the pattern of `normals`, in its order, by the sparse inverse subset: the
-// recursion of Takahashi, Fagan and Chin (1973) on the supernodes from the last to the first. Every entry needs
-// only entries of later columns that lie in the pattern of the factor.
+// recursion of Takahashi, Fagan and Chin (1973) on the supernodes from the last to the first. Every entry
+// needs only entries of later columns that lie in the pattern of the factor.
 std::vector<double> InverseEntries(const SparseCholesky& cholesky, const NormalMatrix& normals);
 
 }  // namespace Krenn

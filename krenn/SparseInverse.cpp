@@ -12,7 +12,9 @@ namespace {
 using Block = Eigen::Map<Eigen::MatrixXd>;
 using ConstBlock = Eigen::Map<const Eigen::MatrixXd>;
 
-std::size_t At(int index) { return static_cast<std::size_t>(index); }
+std::size_t At(int index) {
+    return static_cast<std::size_t>(index);
+}
 
 // The supernodes of a factor L: columns `First` to `Last` - 1 share the rows from RowsBegin on, of which the
 // first ones are the columns themselves.
@@ -45,8 +47,8 @@ struct Supernodes {
 };
 
 // Gathers the inverse over the rows below supernode s out of the blocks already done; lower triangle.
-void GatherBelow(const Supernodes& nodes, const std::vector<double>& inverse, int s, Eigen::MatrixXd& gathered,
-                 std::vector<int>& place) {
+void GatherBelow(const Supernodes& nodes, const std::vector<double>& inverse, int s,
+                 Eigen::MatrixXd& gathered, std::vector<int>& place) {
     const int columns = nodes.Columns(s);
     const int below = nodes.Rows(s) - columns;
     const int* rows = nodes.RowsBegin(s) + columns;
@@ -122,7 +124,8 @@ std::vector<double> InverseEntries(const SparseCholesky& cholesky, const NormalM
             const int* found = std::lower_bound(rows, rows + nodes.Rows(s), high);
             if (found == rows + nodes.Rows(s) || *found != high)
                 throw Failure(ErrorNumber::Internal, "An entry is missing in the pattern of the factor.");
-            const std::size_t position = At(nodes.valueStart[s]) + At(low - nodes.super[s]) * At(nodes.Rows(s)) +
+            const std::size_t position = At(nodes.valueStart[s]) +
+                                         At(low - nodes.super[s]) * At(nodes.Rows(s)) +
                                          static_cast<std::size_t>(found - rows);
             entries[At(at)] = inverse[position] * scale(row) * scale(column);
         }

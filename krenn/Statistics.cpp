@@ -24,8 +24,7 @@ void TestObservations(const Adjustment& adjustment, Statistics& statistics) {
         const double v = adjustment.residual[m];
         statistics.standardised[m] = v / sigma;
         if (adjustment.hasCofactors) {
-            const double r =
-                std::clamp(1 - adjustment.cofactors.measure[m] / (sigma * sigma), 0.0, 1.0);
+            const double r = std::clamp(1 - adjustment.cofactors.measure[m] / (sigma * sigma), 0.0, 1.0);
             statistics.redundancyNumber.push_back(r);
             const bool isChecked = r > kUnchecked;
             statistics.standardised[m] = isChecked ? v / (sigma * std::sqrt(r)) : 0.0;

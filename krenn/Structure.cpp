@@ -36,8 +36,12 @@ struct UnionFind {
     std::vector<int> parent;
 };
 
-bool SeesPlan(Kind kind) { return kind != Kind::HeightDifference; }
-bool SeesHeight(Kind kind) { return kind == Kind::ZenithAngle || kind == Kind::HeightDifference; }
+bool SeesPlan(Kind kind) {
+    return kind != Kind::HeightDifference;
+}
+bool SeesHeight(Kind kind) {
+    return kind == Kind::ZenithAngle || kind == Kind::HeightDifference;
+}
 
 Dimension DimensionOf(const Network& network) {
     bool plan = false;
@@ -78,7 +82,8 @@ std::vector<int> GroupNumbers(const Network& network, Take take, int& count) {
 }
 
 void FindRoles(const Network& network, Structure& structure) {
-    const auto part = GroupNumbers(network, [](Kind) { return true; }, structure.parts);
+    const auto part = GroupNumbers(
+        network, [](Kind) { return true; }, structure.parts);
     const auto plan = GroupNumbers(network, SeesPlan, structure.planGroups);
     const auto height = GroupNumbers(network, SeesHeight, structure.heightGroups);
     structure.roles.resize(network.points.size());
@@ -142,8 +147,10 @@ void CheckHeights(const Network& network, Structure& structure) {
                       "given coordinates.",
                       {NameList(network, unknown, 1000)});
     if (!held.empty())
-        structure.notes.push_back("No zenith angle and no height difference reaches these points; their "
-                                  "given heights are held: " + NameList(network, held));
+        structure.notes.push_back(
+            "No zenith angle and no height difference reaches these points; their "
+            "given heights are held: " +
+            NameList(network, held));
 }
 
 void NoteUnobserved(const Network& network, Structure& structure) {
@@ -160,12 +167,15 @@ void NoteUnobserved(const Network& network, Structure& structure) {
         structure.notes.push_back("Points without any observation are left out: " +
                                   NameList(network, unobserved));
     if (!heightOnly.empty())
-        structure.notes.push_back("Only the height of these points is observed; their plan position stays as "
-                                  "given, or is left open: " + NameList(network, heightOnly));
+        structure.notes.push_back(
+            "Only the height of these points is observed; their plan position stays as "
+            "given, or is left open: " +
+            NameList(network, heightOnly));
     if (structure.dimension == Dimension::Full &&
         std::count(structure.partHasHeights.begin(), structure.partHasHeights.end(), 0) > 0)
-        structure.notes.push_back("Parts without zenith angles and height differences are adjusted in plan: "
-                                  "their distances are horizontal and their heights stay as given.");
+        structure.notes.push_back(
+            "Parts without zenith angles and height differences are adjusted in plan: "
+            "their distances are horizontal and their heights stay as given.");
 }
 
 }  // namespace

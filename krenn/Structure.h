@@ -28,20 +28,20 @@ struct Measure {
 // What one point takes part in. A group is a set of points whose plan (or height) positions hang together
 // through observations that see plan (or height); a part is a set of points that hang together at all.
 struct PointRole {
-    int part = -1;              // from 0; -1: no observation
-    int planGroup = -1;         // from 0; -1: no observation sees its plan position
-    int heightGroup = -1;       // from 0; -1: no observation sees its height
-    bool isStation = false;     // it occupies a set-up
-    bool hasDirections = false; // it carries an orientation unknown
+    int part = -1;               // from 0; -1: no observation
+    int planGroup = -1;          // from 0; -1: no observation sees its plan position
+    int heightGroup = -1;        // from 0; -1: no observation sees its height
+    bool isStation = false;      // it occupies a set-up
+    bool hasDirections = false;  // it carries an orientation unknown
     bool planIsUnknown = false;
     bool heightIsUnknown = false;
 };
 
 struct Structure {
     Dimension dimension = Dimension::Full;
-    std::vector<PointRole> roles;    // per point
-    std::vector<Measure> measures;   // in the order of the observations
-    std::vector<char> partHasHeights; // per part: slope distances, heights are unknowns
+    std::vector<PointRole> roles;      // per point
+    std::vector<Measure> measures;     // in the order of the observations
+    std::vector<char> partHasHeights;  // per part: slope distances, heights are unknowns
     int parts = 0;
     int planGroups = 0;
     int heightGroups = 0;

@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "krenn/Adjustment.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+#include "krenn/Errors.h"
+#include "krenn/InputReader.h"
+#include "krenn/Statistics.h"
+#include "tests/krenn/RandomNetwork.h"
+#include "tests/krenn/Reference.h"
+
+namespace {
+
+using namespace Krenn;
+using namespace KrennTest;
+
+constexpr double kGons = 200 / std::numbers::pi;
+
+std::vector<NetworkSpec> Specs() {
+    std::vector<NetworkSpec> specs;
+    for (unsigned seed = 1; seed <= 6; ++seed) {
+        for (const int dimension : {1, 2, 3}) {
+            for (const int fixed : {0, 1, 3}) {
+                NetworkSpec spec;
+                spec.seed = seed;
+                spec.dimension = dimension;
+                spec.fixed = fixed;
+                spec.given = seed % 2 ? 9 : 5;
+                specs.push_back(spec);
+            }
+        }
+    }
+    return specs;
+}
+
+std::array<double, 3> PlaceOf(const Adjustment& adjustment, std::size_t point) {
+    std::array<double, 3> place = adjustment.state.at[point];
+    for (std::size_t axis = 0; axis < 3; ++axis)
+        place[axis] += adjustment.state.origin[axis];
+    return place;
+}
+
+void ExpectSamePlaces(const Adjustment& a, const Adjustment& b, double bound) {
+    ASSERT_EQ(a.state.at.size(), b.state.at.size());
+    for (std::size_t point = 0; point < a.state.at.size(); ++point) {
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            EXPECT_NEAR(PlaceOf(a, point)[axis], PlaceOf(b, point)[axis], bound) << point << " " << axis;
+    }
+}
+
+TEST(Adjust, TypesAgreeOnRandomNetworksOfEveryKind) {
+    for (const NetworkSpec& spec : Specs()) {
+        SCOPED_TRACE(testing::Message() << spec.seed << " " << spec.dimension << " " << spec.fixed);
+        const Network network = ReadInput(MakeNetwork(spec).text.Text());
+        const Adjustment plain = Adjust(network, Type::Sparse);
+        const Adjustment inverse = Adjust(network, Type::SparseInverse);
+        const Adjustment dense = Adjust(network, Type::Dense);
+        ExpectSamePlaces(plain, dense, 1e-8);
+        ExpectSamePlaces(inverse, dense, 1e-8);
+        EXPECT_FALSE(plain.hasCofactors);
+        for (std::size_t p = 0; p < network.points.size(); ++p) {
+            const auto& sparse = inverse.cofactors.point[p];
+            const auto& full = dense.cofactors.point[p];
+            for (std::size_t i = 0; i < 6; ++i)
+                EXPECT_NEAR(sparse[i], full[i], 1e-9 * (full[0] + full[2] + full[5])) << p << " " << i;
+        }
+        for (std::size_t m = 0; m < inverse.cofactors.measure.size(); ++m)
+            EXPECT_NEAR(inverse.cofactors.measure[m], dense.cofactors.measure[m],
+                        1e-9 * dense.cofactors.measure[m] + 1e-18);
+    }
+}
+
+TEST(Adjust, AgreesWithAnIndependentOrthogonalSolution) {
+    for (const NetworkSpec& spec : Specs()) {
+        SCOPED_TRACE(testing::Message() << spec.seed << " " << spec.dimension << " " << spec.fixed);
+        const Network network = ReadInput(MakeNetwork(spec).text.Text());
+        const Adjustment adjustment = Adjust(network, Type::SparseInverse);
+        Eigen::VectorXd start(static_cast<Eigen::Index>(3 * network.points.size()));
+        for (Eigen::Index i = 0; i < start.size(); ++i) {
+            const auto point = static_cast<std::size_t>(i / 3);
+            const double shift =
+                network.points[point].isFixed ? 0 : 0.03 * std::sin(7.0 * static_cast<double>(i));
+            start(i) = PlaceOf(adjustment, point)[static_cast<std::size_t>(i % 3)] + shift;
+        }
+        const Reference reference = Solve(network, spec.dimension, start);
+        EXPECT_EQ(adjustment.Redundancy(), static_cast<int>(network.observations.size()) - reference.rank);
+        EXPECT_NEAR(adjustment.sumOfSquares, reference.sumOfSquares, 1e-7 * reference.sumOfSquares);
+        const Statistics statistics = Evaluate(network, adjustment);
+        for (std::size_t m = 0; m < network.observations.size(); ++m) {
+            const Observation& o = network.observations[m];
+            const double unit = o.kind == Kind::Direction || o.kind == Kind::ZenithAngle ? kGons : 1;
+            EXPECT_NEAR(adjustment.residual[m] * unit, reference.residual(static_cast<Eigen::Index>(m)),
+                        2e-5 * o.sigma);
+            EXPECT_NEAR(statistics.redundancyNumber[m], reference.redundancy(static_cast<Eigen::Index>(m)),
+                        1e-5);
+        }
+        if (spec.fixed == 3) {
+            for (Eigen::Index i = 0; i < start.size(); ++i) {
+                const bool isObserved = spec.dimension == 3 || (i % 3 == 2) == (spec.dimension == 1);
+                if (isObserved) {
+                    EXPECT_NEAR(
+                        PlaceOf(adjustment, static_cast<std::size_t>(i / 3))[static_cast<std::size_t>(i % 3)],
+                        reference.place(i), 2e-7);
+                }
+            }
+        }
+    }
+}
+
+TEST(Adjust, RedundancyNumbersSumToTheRedundancy) {
+    NetworkSpec spec;
+    const Network network = ReadInput(MakeNetwork(spec).text.Text());
+    const Adjustment adjustment = Adjust(network, Type::SparseInverse);
+    const Statistics statistics = Evaluate(network, adjustment);
+    double sum = 0;
+    for (const double r : statistics.redundancyNumber)
+        sum += r;
+    EXPECT_NEAR(sum, adjustment.Redundancy(), 1e-6);
+}
+
+TEST(Adjust, ResidualsDoNotDependOnTheDatum) {
+    for (const int dimension : {1, 2, 3}) {
+        NetworkSpec spec;
+        spec.dimension = dimension;
+        spec.startNoise = 0;
+        const RandomNetwork random = MakeNetwork(spec);
+        const Adjustment free = Adjust(ReadInput(random.text.Text()), Type::SparseInverse);
+        RandomNetwork one = random;
+        one.text.fixed = {"P9"};
+        const Adjustment fixed = Adjust(ReadInput(one.text.Text()), Type::SparseInverse);
+        RandomNetwork nothing = random;
+        for (std::size_t i = 0; i < nothing.names.size(); ++i)
+            nothing.text.points[i] = InputText::Named(nothing.names[i]);
+        const Adjustment alone = Adjust(ReadInput(nothing.text.Text()), Type::SparseInverse);
+        EXPECT_EQ(fixed.Redundancy(), free.Redundancy());
+        EXPECT_EQ(alone.Redundancy(), free.Redundancy());
+        for (std::size_t m = 0; m < free.residual.size(); ++m) {
+            const double sigma = free.structure.measures[m].sigma;
+            EXPECT_NEAR(free.residual[m], fixed.residual[m], 1e-5 * sigma);
+            EXPECT_NEAR(free.residual[m], alone.residual[m], 1e-5 * sigma);
+            EXPECT_NEAR(free.cofactors.measure[m], alone.cofactors.measure[m], 1e-6 * sigma * sigma);
+        }
+    }
+}
+
+TEST(Adjust, HoldsFixedPointsExactly) {
+    NetworkSpec spec;
+    spec.fixed = 2;
+    const RandomNetwork random = MakeNetwork(spec);
+    const Network network = ReadInput(random.text.Text());
+    const Adjustment adjustment = Adjust(network, Type::SparseInverse);
+    for (std::size_t p = 0; p < network.points.size(); ++p) {
+        if (!network.points[p].isFixed)
+            continue;
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            EXPECT_NEAR(PlaceOf(adjustment, p)[axis], network.points[p].given[axis], 1e-12);
+        EXPECT_EQ(adjustment.cofactors.point[p], (std::array<double, 6>{}));
+    }
+}
+
+TEST(Adjust, ConvergesFromRoughCoordinates) {
+    for (unsigned seed = 1; seed <= 10; ++seed) {
+        NetworkSpec spec;
+        spec.seed = seed;
+        spec.startNoise = 30;
+        const RandomNetwork random = MakeNetwork(spec);
+        const Adjustment rough = Adjust(ReadInput(random.text.Text()), Type::Sparse);
+        EXPECT_LT(std::sqrt(rough.sumOfSquares / rough.Redundancy()), 2) << seed;
+    }
+}
+
+TEST(Adjust, NeverLetsTheSumOfSquaresGrow) {
+    NetworkSpec spec;
+    spec.startNoise = 60;
+    const Adjustment adjustment = Adjust(ReadInput(MakeNetwork(spec).text.Text()), Type::Sparse);
+    for (std::size_t i = 1; i < adjustment.iterations.size(); ++i)
+        EXPECT_LE(adjustment.iterations[i].target, adjustment.iterations[i - 1].target * (1 + 1e-6) + 1e-6);
+}
+
+TEST(Adjust, PlumbSightsDoNotCrashAndLoseOnlyTheirAngles) {
+    InputText text;
+    text.points = {InputText::Given("A", 0, 0, 0), InputText::Given("B", 50, 0, 1),
+                   InputText::Given("C", 0, 50, 2), InputText::Given("N", 0, 0, 20)};
+    text.Distance("A", "N", 20.001, 0.001);
+    text.Angles("A", "N", 17, 0.00001, 0.001);
+    text.Angles("A", "B", 100, ZenithGons({0, 0, 0}, {50, 0, 1}), 0.001);
+    text.Angles("A", "C", 0, ZenithGons({0, 0, 0}, {0, 50, 2}), 0.001);
+    text.Distance("A", "B", std::sqrt(2501.0), 0.001);
+    text.Distance("A", "C", std::sqrt(2504.0), 0.001);
+    text.Distance("B", "C", SlopeLength({50, 0, 1}, {0, 50, 2}), 0.001);
+    text.Distance("B", "N", SlopeLength({50, 0, 1}, {0, 0, 20}), 0.001);
+    text.Distance("C", "N", SlopeLength({0, 50, 2}, {0, 0, 20}), 0.001);
+    const Network network = ReadInput(text.Text());
+    for (const Type type : {Type::Sparse, Type::SparseInverse, Type::Dense, Type::L1Norm}) {
+        const Adjustment adjustment = Adjust(network, type);
+        EXPECT_EQ(adjustment.structure.measures.size(), network.observations.size() - 2);
+        EXPECT_NEAR(PlaceOf(adjustment, 3)[2], 20, 0.01);
+    }
+}
+
+TEST(Adjust, HeightsReachPointsThatNothingElseReaches) {
+    NetworkSpec spec;
+    RandomNetwork random = MakeNetwork(spec);
+    random.text.points.push_back(InputText::Named("BENCH"));
+    random.text.Height("S1", "BENCH", 5, 0.001);
+    const Network network = ReadInput(random.text.Text());
+    const Adjustment adjustment = Adjust(network, Type::SparseInverse);
+    const std::size_t bench = network.points.size() - 1;
+    ASSERT_EQ(network.points[bench].name, "BENCH");
+    EXPECT_NEAR(PlaceOf(adjustment, bench)[2], PlaceOf(adjustment, 0)[2] + 5, 1e-9);
+    EXPECT_EQ(adjustment.unknowns.number[bench][0], -1);
+    EXPECT_GT(adjustment.cofactors.point[bench][5], adjustment.cofactors.point[0][5]);
+}
+
+TEST(Adjust, LargeCoordinatesLoseNoDigits) {
+    NetworkSpec spec;
+    spec.startNoise = 0;
+    RandomNetwork near = MakeNetwork(spec);
+    RandomNetwork far = near;
+    for (std::size_t i = 0; i < near.names.size(); ++i) {
+        const auto& at = near.truth[near.names[i]];
+        const std::array<double, 3> round{std::round(at[0]), std::round(at[1]), std::round(at[2])};
+        near.text.points[i] = InputText::Given(near.names[i], round[0], round[1], round[2]);
+        far.text.points[i] = InputText::Given(near.names[i], round[0] + 5e6, round[1] + 6e6, round[2]);
+    }
+    const Adjustment a = Adjust(ReadInput(near.text.Text()), Type::SparseInverse);
+    const Adjustment b = Adjust(ReadInput(far.text.Text()), Type::SparseInverse);
+    for (std::size_t p = 0; p < near.names.size(); ++p)
+        EXPECT_NEAR(PlaceOf(a, p)[0] + 5e6, PlaceOf(b, p)[0], 2e-8);
+}
+
+}  // namespace

@@ -1,0 +1,278 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "krenn/InputReader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "krenn/Errors.h"
+#include "tests/krenn/InputText.h"
+
+namespace {
+
+using namespace Krenn;
+using KrennTest::InputText;
+
+// One distance, so that a file about something else is not refused for having no observation.
+const std::string kOneDistance = "Distances \r\nA B 1.0 0.001\r\nEND\r\n";
+
+Network Read(const std::string& body) {
+    return ReadInput("NORL\r\n\r\n" + body);
+}
+
+ErrorNumber NumberFor(const std::string& body, std::string* details = nullptr) {
+    try {
+        Read(body);
+    } catch (const Failure& failure) {
+        if (details != nullptr) {
+            *details = failure.what();
+            for (const std::string& detail : failure.details)
+                *details += "|" + detail;
+        }
+        return failure.number;
+    }
+    return ErrorNumber::Good;
+}
+
+TEST(ReadInput, ReadsAFileAsTheWriterMakesIt) {
+    InputText text;
+    text.stations.push_back(InputText::Named("ST1"));
+    text.points.push_back(InputText::Given("P7", 1000.5, -20.25, 3));
+    text.points.push_back(InputText::Named("P8"));
+    text.Distance("ST1", "P7", 25.12345, 0.002);
+    text.Height("P7", "P8", -1.5, 0.001);
+    text.Angles("ST1", "P7", 123.4567, 99.1234, 0.0005);
+    text.fixed.push_back("P7");
+    text.pairs.push_back("P7 P8");
+    const Network network = ReadInput(text.Text());
+    EXPECT_EQ(network.project, "DAM");
+    EXPECT_EQ(network.task, "NORTH");
+    ASSERT_EQ(network.points.size(), 3u);
+    EXPECT_TRUE(network.points[0].inStationList);
+    EXPECT_FALSE(network.points[0].hasGiven);
+    EXPECT_TRUE(network.points[1].hasGiven);
+    EXPECT_TRUE(network.points[1].isFixed);
+    EXPECT_DOUBLE_EQ(network.points[1].given[1], -20.25);
+    ASSERT_EQ(network.observations.size(), 4u);
+    EXPECT_EQ(network.observations[0].kind, Kind::Distance);
+    EXPECT_DOUBLE_EQ(network.observations[0].value, 25.12345);
+    EXPECT_EQ(network.observations[1].kind, Kind::HeightDifference);
+    EXPECT_DOUBLE_EQ(network.observations[1].value, -1.5);
+    EXPECT_EQ(network.observations[2].kind, Kind::Direction);
+    EXPECT_EQ(network.observations[3].kind, Kind::ZenithAngle);
+    EXPECT_DOUBLE_EQ(network.observations[3].value, 99.1234);
+    EXPECT_DOUBLE_EQ(network.observations[3].sigma, 0.0005);
+    EXPECT_EQ(network.relativePairs.size(), 1u);
+    EXPECT_TRUE(network.notes.empty());
+}
+
+TEST(ReadInput, JoinsRowsBrokenByAnOverlongStation) {
+    const Network network = Read(
+        "Observations\r\nVERYLONGSTATION\r\n"
+        "          P7        123.45670   99.12340 0.00050 0.00050\r\nEND\r\n");
+    ASSERT_EQ(network.observations.size(), 2u);
+    EXPECT_EQ(network.points[0].name, "VERYLONGSTATION");
+    EXPECT_EQ(network.points[1].name, "P7");
+    EXPECT_EQ(network.observations[0].line, 4);
+}
+
+TEST(ReadInput, JoinsRowsBrokenByBothNames) {
+    const Network network = Read(
+        "Distances \r\nVERYLONGSTATION\r\n          VERYLONGTARGET\r\n"
+        "                         25.12345   0.00200   T\r\n"
+        "A         B                25.00000   0.00200\r\nEND\r\n");
+    ASSERT_EQ(network.observations.size(), 2u);
+    EXPECT_TRUE(network.observations[0].isTracker);
+    EXPECT_FALSE(network.observations[1].isTracker);
+    EXPECT_EQ(network.trackerDistances, 1);
+}
+
+TEST(ReadInput, JoinsRowsBrokenByANumberThatPassesItsColumn) {
+    const Network network = Read(
+        "Observations\r\nST1       P7        123.45670   99.12340 10.00050\r\n"
+        "                                                 0.00050\r\nEND\r\n");
+    ASSERT_EQ(network.observations.size(), 2u);
+    EXPECT_DOUBLE_EQ(network.observations[0].sigma, 10.0005);
+    EXPECT_DOUBLE_EQ(network.observations[1].sigma, 0.0005);
+}
+
+TEST(ReadInput, TakesCoordinatesOfAnOverlongNameFromTheNextLine) {
+    const Network network = Read(
+        "Object Points\r\nVERYLONGPOINT\r\n"
+        "              1.00000        2.00000        3.00000\r\n"
+        "                1.00E+03       1.00E+03       1.00E+03\r\nP2\r\n\r\nEND\r\n" +
+        kOneDistance);
+    EXPECT_TRUE(network.points[0].hasGiven);
+    EXPECT_DOUBLE_EQ(network.points[0].given[2], 3);
+    EXPECT_FALSE(network.points[1].hasGiven);
+}
+
+TEST(ReadInput, TakesCoordinateRowsWithoutTheSecondLine) {
+    const Network network = Read("Object Points\nP1 1 2 3\nP2 4 5 6\nEND\n" + kOneDistance);
+    EXPECT_DOUBLE_EQ(network.points[1].given[0], 4);
+}
+
+TEST(ReadInput, TakesANumericNameForAName) {
+    const Network network =
+        Read("Object Points\n101\n\n102 1 2 3\n    1.00E+03 1.00E+03 1.00E+03\n103\nEND\n" + kOneDistance);
+    EXPECT_EQ(network.points[0].name, "101");
+    EXPECT_FALSE(network.points[0].hasGiven);
+    EXPECT_DOUBLE_EQ(network.points[1].given[0], 1);
+    EXPECT_EQ(network.points[2].name, "103");
+}
+
+TEST(ReadInput, TakesAFileEditedByHand) {
+    const Network network = Read(
+        "\n  OBSERVATIONS  \n\n  st1\tp7  100.5  98.0 0.001 0.001  \n\n"
+        "distances\nst1,p7,12.5,0.002 t\n");
+    ASSERT_EQ(network.points.size(), 2u);
+    EXPECT_EQ(network.points[0].name, "ST1");
+    EXPECT_EQ(network.observations.size(), 3u);
+    EXPECT_TRUE(network.observations[2].isTracker);
+    ASSERT_EQ(network.notes.size(), 1u);
+    EXPECT_THAT(network.notes[0], testing::HasSubstr("ST1, P7"));
+}
+
+TEST(ReadInput, DoesNotJoinAnIndentedEnd) {
+    EXPECT_EQ(NumberFor("Distances \r\nA\r\n  END\r\n"), ErrorNumber::BadRow);
+}
+
+TEST(ReadInput, TakesZenithAndDistanceOfZeroAsNotObserved) {
+    const Network network = Read(
+        "Distances \r\nA B 0.00000 0.00000\r\nA C 5 0.001\r\nEND\r\n"
+        "Observations\r\nA B 10.0 0.00000 0.001 0.00000\r\nEND\r\n");
+    EXPECT_EQ(network.observations.size(), 2u);
+    EXPECT_EQ(network.zenithsNotObserved, 1);
+    EXPECT_EQ(network.distancesNotObserved, 1);
+}
+
+TEST(ReadInput, MergesAStationThatIsAPointToo) {
+    const Network network =
+        Read("Theodolite Stations\r\nA\r\n\r\nEND\r\nObject Points\r\nA 1 2 3\r\nEND\r\n" + kOneDistance);
+    ASSERT_EQ(network.points.size(), 2u);
+    EXPECT_TRUE(network.points[0].inStationList);
+    EXPECT_TRUE(network.points[0].hasGiven);
+}
+
+TEST(ReadInput, IgnoresTheEndOfFileCharacterOfDos) {
+    EXPECT_EQ(Read(kOneDistance + "\x1A").observations.size(), 1u);
+}
+
+TEST(ReadInput, NamesTheLineOfAWordWhereANumberBelongs) {
+    std::string details;
+    EXPECT_EQ(NumberFor("Distances \r\nA B 1.0 0.001\r\nA C twelve 0.001\r\nEND\r\n", &details),
+              ErrorNumber::BadNumber);
+    EXPECT_THAT(details, testing::HasSubstr("line 5: A C twelve 0.001"));
+    EXPECT_THAT(details, testing::HasSubstr("twelve"));
+}
+
+TEST(ReadInput, RefusesADecimalComma) {
+    EXPECT_EQ(NumberFor("Distances \r\nA B 1,5 0.001\r\nEND\r\n"), ErrorNumber::BadRow);
+}
+
+TEST(ReadInput, RefusesRowsWithTooFewOrTooManyFields) {
+    EXPECT_EQ(NumberFor("Distances \r\nA B 1.0\r\nEND\r\n"), ErrorNumber::BadRow);
+    EXPECT_EQ(NumberFor("Distances \r\nA B 1.0 0.001 X\r\nEND\r\n"), ErrorNumber::BadRow);
+    EXPECT_EQ(NumberFor("Height differences\r\nA B 1.0 0.001 5\r\nEND\r\n"), ErrorNumber::BadRow);
+    EXPECT_EQ(NumberFor("Observations\r\nA B 1.0 99 0.001 0.001 7\r\nEND\r\n"), ErrorNumber::BadRow);
+    EXPECT_EQ(NumberFor("Object Points\r\nA 1 2\r\nEND\r\n" + kOneDistance), ErrorNumber::BadRow);
+    EXPECT_EQ(NumberFor("Object Points\r\nA 1 2 3 4\r\nEND\r\n" + kOneDistance), ErrorNumber::BadRow);
+}
+
+TEST(ReadInput, RefusesTextOutsideTheSections) {
+    EXPECT_EQ(NumberFor(kOneDistance + "stray\r\n"), ErrorNumber::BadRow);
+    EXPECT_EQ(NumberFor("Control Information\r\nstray\r\n" + kOneDistance), ErrorNumber::BadRow);
+}
+
+TEST(ReadInput, RefusesStandardErrorsOfZeroAndBelow) {
+    std::string details;
+    EXPECT_EQ(NumberFor("Distances \r\nA B 1.0 0.00000\r\nEND\r\n", &details), ErrorNumber::BadStandardError);
+    EXPECT_THAT(details, testing::HasSubstr("line 4: A B 1.0 0.00000"));
+    EXPECT_EQ(NumberFor("Observations\r\nA B 1 99 0.001 -1\r\nEND\r\n"), ErrorNumber::BadStandardError);
+    EXPECT_EQ(NumberFor("Observations\r\nA B 1 99 0 0.001\r\nEND\r\n"), ErrorNumber::BadStandardError);
+    EXPECT_EQ(NumberFor("Height differences\r\nA B 1 0\r\nEND\r\n"), ErrorNumber::BadStandardError);
+}
+
+TEST(ReadInput, RefusesValuesOutOfRange) {
+    for (const char* row :
+         {"Distances \r\nA B -1.0 0.001\r\n", "Distances \r\nA B 1e9 0.001\r\n",
+          "Observations\r\nA B 401 99 0.001 0.001\r\n", "Observations\r\nA B 1 200 0.001 0.001\r\n",
+          "Observations\r\nA B 1 -5 0.001 0.001\r\n", "Distances \r\nA B 1.0 1e20\r\n",
+          "Height differences\r\nA B 1e9 0.001\r\n", "Object Points\r\nA 2e9 0 0\r\n"})
+        EXPECT_EQ(NumberFor(std::string(row) + "END\r\n" + kOneDistance), ErrorNumber::ValueOutOfRange)
+            << row;
+}
+
+TEST(ReadInput, RefusesASightFromAPointToItself) {
+    std::string details;
+    EXPECT_EQ(NumberFor("Distances \r\nA a 1.0 0.001\r\nEND\r\n", &details), ErrorNumber::ZeroLengthSight);
+    EXPECT_THAT(details, testing::HasSubstr("line 4"));
+    EXPECT_EQ(NumberFor("Observations\r\nA A 1 99 0.001 0.001\r\nEND\r\n"), ErrorNumber::ZeroLengthSight);
+}
+
+TEST(ReadInput, RefusesContradictingCoordinates) {
+    EXPECT_EQ(NumberFor("Object Points\r\nA 1 2 3\r\nA 1 2 4\r\nEND\r\n" + kOneDistance),
+              ErrorNumber::ContradictingCoordinates);
+    EXPECT_EQ(NumberFor("Object Points\r\nA 1 2 3\r\nA 1 2 3\r\nEND\r\n" + kOneDistance), ErrorNumber::Good);
+}
+
+TEST(ReadInput, RefusesFixedPointsWithoutCoordinates) {
+    std::string details;
+    EXPECT_EQ(NumberFor(kOneDistance + "Fixed Coordinates\r\nB\r\nEND\r\n", &details),
+              ErrorNumber::FixedWithoutCoordinates);
+    EXPECT_THAT(details, testing::HasSubstr("B"));
+}
+
+TEST(ReadInput, RefusesUnknownNamesUnderFixedAndPairs) {
+    EXPECT_EQ(NumberFor(kOneDistance + "Fixed Coordinates\r\nX\r\nEND\r\n"), ErrorNumber::UnknownName);
+    EXPECT_EQ(NumberFor(kOneDistance + "Relative error point pairs\r\nA X\r\nEND\r\n"),
+              ErrorNumber::UnknownName);
+    EXPECT_EQ(NumberFor(kOneDistance + "Relative error point pairs\r\nA\r\nEND\r\n"), ErrorNumber::BadRow);
+    EXPECT_EQ(NumberFor(kOneDistance + "Relative error point pairs\r\nA A\r\nEND\r\n"), ErrorNumber::BadRow);
+}
+
+TEST(ReadInput, RefusesAPointFixedTwice) {
+    EXPECT_EQ(NumberFor("Object Points\r\nA 1 2 3\r\nEND\r\n" + kOneDistance +
+                        "Fixed Coordinates\r\nA\r\nA\r\nEND\r\n"),
+              ErrorNumber::DuplicateFixed);
+}
+
+TEST(ReadInput, RefusesAFileWithoutObservations) {
+    EXPECT_EQ(NumberFor("Distances \r\nEND\r\n"), ErrorNumber::NoObservations);
+}
+
+TEST(ReadInput, RefusesWhatIsNoInputFile) {
+    EXPECT_THROW(ReadInput(""), Failure);
+    EXPECT_EQ(NumberFor("some text\r\nwithout a title\r\n"), ErrorNumber::NotAnInputFile);
+    EXPECT_EQ(NumberFor(std::string("Distances \r\nA B \0 1", 19)), ErrorNumber::NotAnInputFile);
+}
+
+TEST(ReadInput, RefusesAMillionCharactersInALine) {
+    const std::string name(1000000, 'A');
+    EXPECT_EQ(NumberFor("Object Points\r\n" + name + "\r\nEND\r\n" + kOneDistance), ErrorNumber::BadRow);
+    std::string words = "Distances \r\n";
+    for (int i = 0; i < 500000; ++i)
+        words += "1 ";
+    EXPECT_NE(NumberFor(words + "\r\nEND\r\n"), ErrorNumber::Good);
+    EXPECT_EQ(NumberFor(std::string(1000000, 'x')), ErrorNumber::NotAnInputFile);
+}
+
+TEST(ReadInput, SurvivesEveryCutOfAGoodFile) {
+    InputText text;
+    text.stations.push_back(InputText::Named("ST1"));
+    text.points.push_back(InputText::Given("P7", 1000.5, -20.25, 3));
+    text.Distance("ST1", "P7", 25.12345, 0.002);
+    text.Angles("ST1", "P7", 123.4567, 99.1234, 0.0005);
+    const std::string whole = text.Text();
+    int good = 0;
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        try {
+            ReadInput(std::string_view(whole).substr(0, length));
+            ++good;
+        } catch (const Failure& failure) {
+            EXPECT_NE(failure.number, ErrorNumber::Internal);
+        }
+    }
+    EXPECT_GT(good, 10);
+}
+
+}  // namespace
