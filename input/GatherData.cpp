@@ -59,10 +59,10 @@ class Import {
                 return;  // the pair was read at word 2, yet this word still appends; meant
             if (paired) {
                 CurrentCount = 0;
-                AngleCount = ReadAngleRes(Angles, folder, file, words[3]);
+                AngleCount = ReadAngleRes(Angles, folder, file, words[word + 1]);
                 AngleRead = true;
             } else {
-                CurrentCount = ReadAngleRes(Current, folder, file, words[3]);
+                CurrentCount = ReadAngleRes(Current, folder, file, words[word + 1]);
             }
         } else if (keyword == "DISTANCERES" && paired) {
             CurrentCount = 0;

@@ -122,8 +122,26 @@ TEST_F(GatherDataTest, AnAngleTypeAppendsEveryAngleTwiceWhenBothFilesArePresent)
     Add("Directions");
     Gather();
     ASSERT_EQ(Model().AngleSets[1].Count(), 2);
+    EXPECT_EQ(Model().AngleSets[1][2].HAngle, 10);
     EXPECT_EQ(Model().AngleSets[1][2].ZAngle, 90);
     EXPECT_EQ(Model().Points[1].HangCount, 2);
+}
+
+TEST_F(GatherDataTest, DistancesReadForATotalTypeClearTheCurrentCount) {
+    PutLines(Folder + "TOTAL.RES", {"S P1 10 90 4.5"});
+    PutLines(Folder + "DIST.RES", {"S P1 4.5"});
+    Add("Totalstation");
+    Gather();
+    EXPECT_EQ(Model().TotalSets[1].Count(), 1);
+}
+
+TEST_F(GatherDataTest, AnglesReadForATotalTypeClearTheCurrentCount) {
+    PutLines(Folder + "TOTAL.RES", {"S P1 10 90 4.5"});
+    PutLines(Folder + "REDIR.RES", {"S", "P1 10", "QUIT"});
+    PutLines(Folder + "ZENITH.RES", {"S", "P1 90", "QUIT"});
+    Add("Totalstation");
+    Gather();
+    EXPECT_EQ(Model().TotalSets[1].Count(), 1);
 }
 
 TEST_F(GatherDataTest, ACombinationMadeAtTheAngleFileIsAppendedASecondTime) {
