@@ -22,17 +22,17 @@ struct Message {
     Buttons Choices = Buttons::Ok;
     Answer Default = Answer::Ok;  // the button that Enter presses; Ok stands for the first one
     bool HasHelp = false;         // a Help button that opens HelpFile at HelpContext
-    std::string HelpFile = "";
+    std::string HelpFile = {};
     int HelpContext = 0;
 };
 
 /// A file dialog. Paths are drive paths.
 struct FileDialog {
     enum class Kind { Open, Save } Purpose = Kind::Open;
-    std::string Title = "";
-    std::string Folder = "";    // where it starts; empty: the dialog's own start
-    std::string FileName = "";  // proposed name
-    std::string Filter = "";    // "text|patterns|text|patterns|"
+    std::string Title = {};
+    std::string Folder = {};    // where it starts; empty: the dialog's own start
+    std::string FileName = {};  // proposed name
+    std::string Filter = {};    // "text|patterns|text|patterns|"
     int FilterIndex = 1;        // from 1
     int Flags = 0;              // 4 hides the read-only box, 256 switches off validation of names
 };

@@ -238,7 +238,8 @@ std::vector<Entry> List(std::string_view folder, std::string_view pattern) {
 bool Matches(std::string_view name, std::string_view pattern) {
     if (pattern == "*.*")
         return true;
-    return MatchesFrom(UpperCase(name), UpperCase(pattern));
+    // Blanks at a pattern's end count for nothing, as the platform has it.
+    return MatchesFrom(UpperCase(name), UpperCase(pattern.substr(0, pattern.find_last_not_of(' ') + 1)));
 }
 
 bool Find(std::string_view path, Entry& entry) {

@@ -52,7 +52,7 @@ std::string CurrentHostFolder();
 /// ignoring case. Empty when the folder does not exist. Errors other than a missing folder are raised.
 std::vector<Entry> List(std::string_view folder, std::string_view pattern = "*.*");
 
-/// True when a name matches a DOS pattern, ignoring case.
+/// True when a name matches a DOS pattern, ignoring case and blanks at the pattern's end.
 bool Matches(std::string_view name, std::string_view pattern);
 
 /// The entry that a path names, if there is one. A missing folder on the way is not an error.
@@ -87,6 +87,7 @@ class StagedFile {
     StagedFile(const StagedFile&) = delete;
     StagedFile& operator=(const StagedFile&) = delete;
 
+    /// The whole content of the file. A second call replaces that of the first, so a failure can be retried.
     void Write(std::string_view content);
     void Commit();
 

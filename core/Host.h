@@ -40,8 +40,8 @@ void AppendFile(const std::string& path, std::string_view content);
 /// Makes a new file for writing beside `target`, with the target's permissions where there is one; raises
 /// where the target could not be written. Returns a handle.
 std::intptr_t OpenStaged(const std::string& staged, const std::string& target);
-void WriteStaged(std::intptr_t handle, std::string_view content);
-void CloseStaged(std::intptr_t handle);  // drops the handle, nothing else
+void WriteStaged(std::intptr_t handle, std::string_view content);  // from the file's beginning
+void CloseStaged(std::intptr_t handle);                            // drops the handle, nothing else
 void CommitStaged(std::intptr_t handle, const std::string& staged, const std::string& target);
 void CopyTimeStamp(const std::string& from, std::intptr_t handle);
 

@@ -192,6 +192,7 @@ std::string ReadFile(const std::string& path) {
 }
 
 void AppendFile(const std::string& path, std::string_view content) {
+    const bool isNew = !Inspect(path).Exists;
     const Descriptor file(open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666));
     if (file.Number < 0)
         Raise(errno, HostAction::Write, path);
@@ -202,7 +203,8 @@ void AppendFile(const std::string& path, std::string_view content) {
         WriteAll(file.Number, content, path);
         Flush(file.Number, path);
     } catch (const RunTimeError&) {
-        if (ftruncate(file.Number, former.st_size) != 0)
+        const int undone = isNew ? unlink(path.c_str()) : ftruncate(file.Number, former.st_size);
+        if (undone != 0)
             throw HostError(errno, HostAction::Write, path);
         throw;
     }
@@ -224,7 +226,10 @@ std::intptr_t OpenStaged(const std::string& staged, const std::string& target) {
 }
 
 void WriteStaged(std::intptr_t handle, std::string_view content) {
-    WriteAll(static_cast<int>(handle), content, "");
+    const int file = static_cast<int>(handle);
+    if (ftruncate(file, 0) != 0 || lseek(file, 0, SEEK_SET) != 0)
+        throw HostError(errno, HostAction::Write, "");
+    WriteAll(file, content, "");
 }
 
 void CloseStaged(std::intptr_t handle) {

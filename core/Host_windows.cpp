@@ -178,6 +178,7 @@ std::string ReadFile(const std::string& path) {
 }
 
 void AppendFile(const std::string& path, std::string_view content) {
+    const bool isNew = !Inspect(path).Exists;
     const HANDLE file = CreateFileW(Wide(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)
@@ -192,6 +193,8 @@ void AppendFile(const std::string& path, std::string_view content) {
         SetFilePointerEx(file, former, nullptr, FILE_BEGIN);
         SetEndOfFile(file);
         CloseHandle(file);
+        if (isNew)
+            DeleteFileW(Wide(path).c_str());
         throw;
     }
     CloseHandle(file);
@@ -211,6 +214,9 @@ std::intptr_t OpenStaged(const std::string& staged, const std::string& target) {
 }
 
 void WriteStaged(std::intptr_t handle, std::string_view content) {
+    if (SetFilePointerEx(HandleOf(handle), {}, nullptr, FILE_BEGIN) == 0 ||
+        SetEndOfFile(HandleOf(handle)) == 0)
+        RaiseLast(HostAction::Write, "");
     WriteAll(HandleOf(handle), content, "");
 }
 

@@ -6,24 +6,18 @@ namespace Dorvane {
 namespace {
 
 constexpr std::string_view LineEnd = "\r\n";
-constexpr std::size_t BufferSize = 1 << 16;
-
 }  // namespace
 
 LineWriter::LineWriter(std::string_view path) : File(path) {}
 
 void LineWriter::Line(std::string_view text) {
     Buffer.append(text).append(LineEnd);
-    if (Buffer.size() >= BufferSize) {
-        File.Write(Buffer);
-        Buffer.clear();
-    }
 }
 
 void LineWriter::Close() {
     File.Write(Buffer);
-    Buffer.clear();
     File.Commit();
+    Buffer.clear();
 }
 
 void LineAppender::Line(std::string_view text) {

@@ -18,7 +18,7 @@ class LineWriter {
     void Line(std::string_view text);
     void Line() { Line(""); }
 
-    /// Puts the file in its place, whole and on disk.
+    /// Puts the file in its place, whole and on disk. When it fails it can be tried again.
     void Close();
 
   private:

@@ -107,7 +107,9 @@ void ReduceTheBook(Walk& walk) {
     RunReduction(state, tab);
     const ReductionState& result = state.Tabs[tab].Reduction;
     walk.Say("tab " + state.Tabs[tab].Name + ": state picture " + result.Picture.Picture);
-    walk.Need(result.Picture.Tag == "1", "the program left no results");
+    // The protocol is listed among the results, and a run that failed leaves it alone.
+    walk.Need(result.Picture.Tag == "1" && FileExists(walk.SurveyFolder + "*.RES"),
+              "the program left no results; see its protocol in " + walk.SurveyFolder);
     walk.Done();
 }
 

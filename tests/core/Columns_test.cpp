@@ -97,6 +97,31 @@ TEST(LineAppender, AppendsAllOfItsLinesOrNone) {
     });
 }
 
+TEST(LineAppender, LeavesNoNewFileOnAFullDisk) {
+    const TestSite site;
+    MakeFolders("D:\\SMALL\\");
+    OnSmallDisk("D:\\SMALL\\", 64, [] {
+        LineAppender appender("D:\\SMALL\\A.TXT");
+        appender.Line(std::string(200000, 'x'));
+        EXPECT_THROW(appender.Close(), RunTimeError);
+        EXPECT_TRUE(AllFiles("D:\\SMALL\\").empty());
+    });
+}
+
+TEST(LineWriter, CanBeClosedAgainOnceThereIsRoom) {
+    const TestSite site;
+    MakeFolders("D:\\SMALL\\");
+    OnSmallDisk("D:\\SMALL\\", 64, [] {
+        PutFile("D:\\SMALL\\BALLAST", std::string(40000, 'x'));
+        LineWriter writer("D:\\SMALL\\A.TXT");
+        writer.Line(std::string(40000, 'y'));
+        EXPECT_THROW(writer.Close(), RunTimeError);
+        Drives::DeleteFile("D:\\SMALL\\BALLAST");
+        writer.Close();
+        EXPECT_EQ(FileContent("D:\\SMALL\\A.TXT"), std::string(40000, 'y') + "\r\n");
+    });
+}
+
 TEST(LineAppender, MakesTheFileWhenItIsAbsent) {
     const TestSite site;
     LineAppender appender("D:\\NEW.TXT");

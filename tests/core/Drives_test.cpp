@@ -121,6 +121,7 @@ TEST_F(DrivesTest, MatchesDosPatterns) {
     EXPECT_TRUE(Drives::Matches("A_v02.INP", "A_v??.INP"));
     EXPECT_FALSE(Drives::Matches("A_v023.INP", "A_v??.INP"));
     EXPECT_TRUE(Drives::Matches("A_v2.INP", "A_v??.INP"));
+    EXPECT_TRUE(Drives::Matches("BOOK.GSI", "*.GSI "));
 }
 
 TEST_F(DrivesTest, AppendingMakesTheFileAndKeepsWhatItHeld) {

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <sstream>
+
+#include "core/Drives.h"
+#include "core/basGeneral.h"
+#include "input/CoordinateFiles.h"
+#include "programs/road/RoadWalk.h"
+#include "tests/support/ScriptedDesktop.h"
+#include "tests/support/TestSite.h"
+
+namespace Dorvane {
+
+using namespace Testing;
+
+namespace {
+
+// Walks the road with the shipped program folder and field book, once for all tests of this process.
+class RoadTest : public testing::Test {
+  protected:
+    static constexpr const char* Project = "D:\\TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\";
+
+    RoadTest() { setenv("DORVANE_DRIVES", (Site.HostFolder() + "site/drives").c_str(), 1); }
+    ~RoadTest() override { unsetenv("DORVANE_DRIVES"); }
+
+    bool Walk(const std::string& book = "") {
+        return Road::WalkTheRoad(Site.HostFolder() + "site", book, DORVANE_FOLDER, Told);
+    }
+
+    TestSite Site;
+    std::ostringstream Told;
+};
+
+}  // namespace
+
+TEST_F(RoadTest, CarriesTheShippedFieldBookToCoordinatesAndIntoTheDatabase) {
+    PutFile("D:\\site\\KEEP", "");
+    ASSERT_TRUE(Walk()) << Told.str();
+    const std::string told = Told.str();
+    const std::string last = told.substr(told.rfind('\n', told.size() - 2) + 1);
+    EXPECT_EQ(last.substr(0, 15), "ROAD COMPLETE: ") << last;
+
+    const std::vector<std::string> files = AllFiles("D:\\");
+    for (const char* name :
+         {"TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\FIRST.INP", "TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\FIRST.ORG",
+          "TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\FIRST.SUM", "TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\FIRST.VER",
+          "TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\FIRST.OUT", "TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\FIRST.DBS",
+          "TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\FIRST.XYZ", "TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\FIRST.INU",
+          "TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\FIRST.TRG", "TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\FIRST.STA",
+          "TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\SECOND.INP", "TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\SECOND.OUT",
+          "TARVEX\\COORD\\NORTH\\3DIM.DAT", "TARVEX\\COORD\\NORTH\\Backup 3DIM.DAT"})
+        EXPECT_TRUE(std::find(files.begin(), files.end(), name) != files.end()) << name;
+    for (const std::string& file : files)
+        EXPECT_EQ(file.find(".dv~"), std::string::npos) << "left behind: " << file;
+}
+
+TEST_F(RoadTest, BringsTheDatabaseTheCoordinatesOfTheListing) {
+    ASSERT_TRUE(Walk()) << Told.str();
+    ScriptedDesktop screen;
+    List1<Dbs3DPoint> exported;
+    std::string date;
+    std::string project;
+    std::string task;
+    const std::int16_t count = ReadDbs3DFile(exported, Project, "FIRST.DBS", date, project, task);
+    ASSERT_GT(count, 3);
+    EXPECT_EQ(project, "ADJUST");
+    EXPECT_EQ(task, "SRV01");
+    const std::string input = FileContent(std::string(Project) + "SECOND.INP");
+    for (const Dbs3DPoint& point : exported)
+        EXPECT_NE(input.find("\r\n" + point.Name + " "), std::string::npos)
+            << point.Name << " has no coordinates";
+}
+
+TEST_F(RoadTest, TellsWhatBlocksIt) {
+    EXPECT_FALSE(Walk(Site.HostFolder() + "none.GSI"));
+    EXPECT_NE(Told.str().find("ROAD BLOCKED: there is no field book"), std::string::npos) << Told.str();
+}
+
+TEST_F(RoadTest, ABookWithoutASightIsNamedAndBlocksTheReduction) {
+    PutFile("D:\\EMPTY.GSI", "this is no field book\r\n");
+    EXPECT_FALSE(Walk(Site.HostFolder() + "d:/EMPTY.GSI"));
+    EXPECT_NE(Told.str().find("ROAD BLOCKED: the program left no results; see its protocol"),
+              std::string::npos)
+        << Told.str();
+    const std::string protocol = FileContent("D:\\TARVEX\\DAM\\NORTH\\TOTAL\\SRV01\\TOTAL.PRO");
+    EXPECT_NE(protocol.find("EMPTY.GSI"), std::string::npos);
+}
+
+}  // namespace Dorvane
