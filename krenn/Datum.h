@@ -5,18 +5,15 @@
 #include <string>
 #include <vector>
 
-#include "krenn/Model.h"
+#include "krenn/Movements.h"
 
 namespace Krenn {
 
 // The datum of one part of the network: which movements of the whole part no observation feels, and how they
 // are taken out.
 //
-// A movement is a column over the unknowns of the part. The candidates are, per group of points that hang
-// together in plan, shifts in X and Y, the turn about Z and the scale in plan, and per group that hangs
-// together in height the shift in Z and the scale in Z. Every combination g of candidates with J g = 0 that
-// moves no fixed coordinate belongs to the null space G (n x defect) of the normal equations; it is found by
-// a singular value decomposition of J times the candidates, not assumed from the kinds of observations.
+// A movement g is a column over the unknowns of the part with J g = 0; all of them are the null space G
+// (n x defect) of the normal equations (Movements.h).
 //
 // Inner constraints: the sum of squares of the corrections that lead from the given coordinates to the
 // adjusted ones, taken over the datum coordinates, is least. Datum coordinates are those of the points with
@@ -24,10 +21,7 @@ namespace Krenn {
 // start positions. In the form H' (x - x0) = 0 with H' G = 1 this gives
 //     x = x_min - G H' (x_min - x0),  Q = T Q_min T',  T = 1 - G H'
 // from the solution x_min with any minimal set of coordinates held (S-transformation, after Baarda).
-struct PartDatum {
-    std::vector<int> unknowns;  // unknowns of the part
-    std::vector<int> measures;  // its observations, as numbers of Structure::measures
-    std::vector<int> fixedPoints;
+struct PartDatum : NetworkPart {
     int defect = 0;
     std::vector<int> held;  // unknowns whose correction is zero in the minimal solution, `defect` of them
     std::vector<std::string> movements;  // the free movements in words
