@@ -10,8 +10,6 @@ namespace Dorvane {
 
 namespace {
 
-constexpr char EndOfFileMark = '\x1A';
-
 std::string WithoutEndOfFileMark(std::string text) {
     if (!text.empty() && text.back() == EndOfFileMark)
         text.pop_back();

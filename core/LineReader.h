@@ -6,6 +6,9 @@
 
 namespace Dorvane {
 
+/// Ctrl-Z, which old programs leave as the last character of a text.
+constexpr char EndOfFileMark = '\x1A';
+
 /// Reads a text file line by line. A line ends in CR LF, LF or CR; the last needs no end. An end-of-file mark
 /// (Ctrl-Z) that old programs leave as the very last character is no part of the text.
 class LineReader {

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/LineWriter.h"
 
+#include "core/LineReader.h"
+#include "core/basGeneral.h"
+
 namespace Dorvane {
 
 namespace {
@@ -25,7 +28,14 @@ void LineAppender::Line(std::string_view text) {
 }
 
 void LineAppender::Close() {
-    Drives::AppendFile(Path, Buffer);
+    std::string former = FileExists(Path) ? Drives::ReadFile(Path) : "";
+    if (former.ends_with(EndOfFileMark)) {
+        // Old programs read no further than the mark, so lines behind it would be lost to them.
+        former.pop_back();
+        Drives::WriteFile(Path, former + Buffer);
+    } else {
+        Drives::AppendFile(Path, Buffer);
+    }
     Buffer.clear();
 }
 

@@ -26,7 +26,8 @@ class LineWriter {
     std::string Buffer;
 };
 
-/// Collects lines ended by CR LF and appends them to a file in one write at Close.
+/// Collects lines ended by CR LF and appends them to a file in one write at Close. An end-of-file mark at the
+/// file's end gives way to them.
 class LineAppender {
   public:
     explicit LineAppender(std::string_view path) : Path(path) {}

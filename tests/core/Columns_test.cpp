@@ -122,6 +122,15 @@ TEST(LineWriter, CanBeClosedAgainOnceThereIsRoom) {
     });
 }
 
+TEST(LineAppender, PutsItsLinesInThePlaceOfAnEndOfFileMark) {
+    const TestSite site;
+    PutFile("D:\\OLD.TXT", "first\r\n\x1A");
+    LineAppender appender("D:\\OLD.TXT");
+    appender.Line("second");
+    appender.Close();
+    EXPECT_EQ(FileContent("D:\\OLD.TXT"), "first\r\nsecond\r\n");
+}
+
 TEST(LineAppender, MakesTheFileWhenItIsAbsent) {
     const TestSite site;
     LineAppender appender("D:\\NEW.TXT");
