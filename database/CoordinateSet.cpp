@@ -20,7 +20,6 @@ namespace {
 
 constexpr int NumberColumn = 9;
 constexpr int NumberWidth = 6;
-constexpr char EndOfFileMark = '\x1A';
 
 // The index counts lines of the data file, whose first is the header.
 long LineOf(long record) {

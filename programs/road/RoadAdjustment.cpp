@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
 #include <ostream>
 
 #include <fmt/format.h>
@@ -31,17 +32,22 @@ void SelectEntry(std::vector<ListEntry>& list, const std::string& text, const Wa
     walk.Need(false, "the screen does not offer " + text);
 }
 
-// The input type of kind "Total" that takes in the survey's data type.
+bool TakesIn(const InputType& type, const std::string& dataType) {
+    List1<std::string> words;
+    ParseFields(words, type.Location);
+    return std::find(words.begin(), words.end(), dataType) != words.end();
+}
+
+// The input type that takes in the survey's data type; a total station's where several do.
 std::int16_t InputTypeFor(const InputScreen& screen, const Walk& walk) {
+    std::int16_t found = 0;
     for (std::int16_t i = 1; i <= screen.Model.Types.Count(); ++i) {
-        List1<std::string> words;
-        ParseFields(words, screen.Model.Types[i].Location);
-        for (const std::string& word : words)
-            if (screen.Model.Types[i].Type == "Total" && word == walk.Type)
-                return i;
+        const InputType& type = screen.Model.Types[i];
+        if (TakesIn(type, walk.Type) && (found == 0 || type.Type == "Total"))
+            found = i;
     }
-    walk.Need(false, "no input type takes in " + walk.Type);
-    return 0;
+    walk.Need(found != 0, "no input type takes in " + walk.Type);
+    return found;
 }
 
 int LinesThatHold(const std::string& path, const std::string& text) {

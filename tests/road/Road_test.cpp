@@ -6,6 +6,9 @@
 #include <cstdlib>
 #include <sstream>
 
+#include "adjustment/OutputReader.h"
+#include "adjustment/Package.h"
+#include "adjustment/basVarn.h"
 #include "core/Drives.h"
 #include "core/basGeneral.h"
 #include "input/CoordinateFiles.h"
@@ -73,6 +76,62 @@ TEST_F(RoadTest, BringsTheDatabaseTheCoordinatesOfTheListing) {
     for (const Dbs3DPoint& point : exported)
         EXPECT_NE(input.find("\r\n" + point.Name + " "), std::string::npos)
             << point.Name << " has no coordinates";
+}
+
+TEST_F(RoadTest, AllFourTypesOfTheRealPackageGiveResults) {
+    ASSERT_TRUE(Walk()) << Told.str();
+    ScriptedDesktop screen;
+    std::vector<AdjustmentResults> results;
+    for (int position = 1; position <= static_cast<int>(AdjustmentTypes.size()); ++position) {
+        VarnState state;
+        LoadVarn(state);
+        ChangeInput(state, std::string(Project) + "FIRST.INP");
+        state.cmbVarn.Selected = position;
+        KrennPackage package;
+        screen.ExpectMessage("Varn Successful", "Varn completed successfully!");
+        RunVarn(state, package, VarnRunView());
+        EXPECT_EQ(state.lblGoReturn, "0") << AdjustmentTypes[static_cast<std::size_t>(position) - 1].Text;
+        AdjustmentResults result;
+        ASSERT_EQ(ReadOutputFile(Project, "FIRST.OUT", result, true), 1)
+            << AdjustmentTypes[static_cast<std::size_t>(position) - 1].Text;
+        EXPECT_EQ(result.Stations.Count(), 4);
+        EXPECT_EQ(result.Points.Count(), 8);
+        EXPECT_EQ(result.HorizontalDirections.Count(), 34);
+        EXPECT_EQ(result.VerticalDirections.Count(), 34);
+        EXPECT_EQ(result.DistanceResiduals.Count(), 34);
+        const bool inverts = AdjustmentTypes[static_cast<std::size_t>(position) - 1].Value == 1 ||
+                             AdjustmentTypes[static_cast<std::size_t>(position) - 1].Value == 7;
+        for (const AdjustedPoint& point : result.Points) {
+            EXPECT_EQ(point.SX > 0, inverts) << point.Name;
+            EXPECT_EQ(point.ErrorMajor > 0, inverts) << point.Name;
+        }
+        results.push_back(result);
+    }
+    // Types 0, 1 and 7 solve the same equations, so they print the same coordinates, and 1 and 7 the same
+    // deviations.
+    EXPECT_EQ(results[1], results[3]);
+    for (int i = 1; i <= results[0].Points.Count(); ++i) {
+        EXPECT_EQ(results[0].Points[i].X, results[1].Points[i].X);
+        EXPECT_EQ(results[0].Points[i].Y, results[1].Points[i].Y);
+        EXPECT_EQ(results[0].Points[i].Z, results[1].Points[i].Z);
+        // The L1 norm weighs residuals differently, and ends within a few millimeters.
+        EXPECT_NEAR(results[2].Points[i].X, results[1].Points[i].X, 0.005);
+        EXPECT_NEAR(results[2].Points[i].Z, results[1].Points[i].Z, 0.010);
+    }
+}
+
+TEST_F(RoadTest, CarriesALevellingBookToHeights) {
+    ASSERT_TRUE(Walk(std::string(DORVANE_FOLDER) + "/samples/site/FIELD/DAM.LEV")) << Told.str();
+    AdjustmentResults results;
+    ScriptedDesktop screen;
+    ASSERT_EQ(ReadOutputFile("D:\\TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\", "FIRST.OUT", results, true), 1);
+    EXPECT_EQ(results.Stations.Count(), 0);
+    EXPECT_GT(results.Points.Count(), 3);
+    EXPECT_GT(results.HeightDifferences.Count(), 3);
+    for (const AdjustedPoint& point : results.Points) {
+        EXPECT_EQ(point.X, 0) << point.Name;
+        EXPECT_GT(point.SZ, 0) << point.Name;
+    }
 }
 
 TEST_F(RoadTest, TellsWhatBlocksIt) {
