@@ -331,7 +331,8 @@ std::intptr_t ClaimSingleInstance(const std::string& name) {
 }
 
 std::intptr_t LoadLibrary(const std::string& path, std::string& reason) {
-    void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    // A numerical library may leave threads of its own behind, under which its code must not be taken away.
+    void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     if (library == nullptr) {
         const char* text = dlerror();
         reason = text == nullptr ? "" : text;

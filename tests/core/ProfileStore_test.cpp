@@ -43,7 +43,7 @@ TEST_F(ProfileStore, CutsAValueAt127Characters) {
 }
 
 TEST_F(ProfileStore, CutsAValueAtTheFirstNul) {
-    PutFile(Path, std::string("[A]\r\nK=ab\0cd\r\n", 16));
+    PutFile(Path, std::string("[A]\r\nK=ab\0cd\r\n", 14));
     EXPECT_EQ(IniReadString("dv_test.ini", "A", "K"), "ab");
 }
 
