@@ -263,6 +263,13 @@ std::array<double, 3> OriginOf(const Network& network) {
     return {};
 }
 
+void CheckFinite(const State& state) {
+    for (const auto& at : state.at) {
+        if (!std::isfinite(at[0] + at[1] + at[2]))
+            throw Failure(ErrorNumber::NotFinite, "A start position is not finite.");
+    }
+}
+
 void CheckSights(const Network& network, const Structure& structure, const State& state) {
     for (const Measure& measure : structure.measures) {
         if (measure.kind == MeasureKind::HeightDifference)
@@ -307,6 +314,7 @@ Approximation Approximate(const Network& network, const Structure& structure) {
                 result.computed.push_back(static_cast<int>(i));
         }
     }
+    CheckFinite(state);
     CheckSights(network, structure, state);
     state.origin = OriginOf(network);
     for (auto& at : state.at) {

@@ -159,6 +159,8 @@ void PrintRelative(Page& page, const Network& network, const Adjustment& adjustm
     for (std::size_t i = 0; i < network.relativePairs.size(); ++i) {
         const auto from = At(network.relativePairs[i].first);
         const auto to = At(network.relativePairs[i].second);
+        if (adjustment.structure.roles[from].part < 0 || adjustment.structure.roles[to].part < 0)
+            continue;
         double square = 0;
         for (std::size_t axis = 0; axis < 3; ++axis)
             square += std::pow(adjustment.state.at[to][axis] - adjustment.state.at[from][axis], 2);

@@ -74,15 +74,25 @@ ErrorNumber RunGuarded(const std::string& inputPath, int type) {
 }  // namespace
 
 ErrorNumber RunAdjustment(const std::string& inputPath, int type) noexcept {
-    ErrorNumber number = ErrorNumber::Internal;
-    const Failure outcome = Guarded([&] { number = RunGuarded(inputPath, type); });
-    return outcome.number == ErrorNumber::Good ? number : outcome.number;
+    try {
+        return RunGuarded(inputPath, type);
+    } catch (const Failure& failure) {
+        return failure.number;
+    } catch (const std::bad_alloc&) {
+        return ErrorNumber::OutOfMemory;
+    } catch (...) {
+        return ErrorNumber::Internal;
+    }
 }
 
 ErrorNumber CheckInput(const std::string& inputPath) noexcept {
     if (inputPath.empty())
         return ErrorNumber::NoInputPath;
-    return std::ifstream(inputPath, std::ios::binary) ? ErrorNumber::Good : ErrorNumber::InputNotReadable;
+    try {
+        return std::ifstream(inputPath, std::ios::binary) ? ErrorNumber::Good : ErrorNumber::InputNotReadable;
+    } catch (...) {
+        return ErrorNumber::OutOfMemory;
+    }
 }
 
 }  // namespace Krenn

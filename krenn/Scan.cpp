@@ -33,8 +33,10 @@ bool LineCutter::Next() {
     if (rest.empty())
         return false;
     ++number;
-    const std::size_t end = rest.find_first_of("\r\n");
-    if (end == std::string_view::npos) {
+    std::size_t end = 0;
+    while (end < rest.size() && rest[end] != '\n' && rest[end] != '\r')
+        ++end;
+    if (end == rest.size()) {
         line = rest;
         rest = {};
         return true;

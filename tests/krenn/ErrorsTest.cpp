@@ -3,12 +3,16 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
+#include <cmath>
 #include <random>
 #include <set>
 
+#include "krenn/Adjustment.h"
 #include "krenn/HostFile.h"
+#include "krenn/InputReader.h"
 #include "krenn/Run.h"
 #include "tests/krenn/ListingReader.h"
 #include "tests/krenn/RandomNetwork.h"
@@ -52,6 +56,16 @@ TEST(ErrorTable, HoldsEveryNumberOnceInRisingOrder) {
         EXPECT_EQ(&MeaningOf(meaning.number), &meaning);
     }
     EXPECT_EQ(MeaningOf(static_cast<ErrorNumber>(999)).number, ErrorNumber::Internal);
+}
+
+TEST(ErrorTable, StandsInTheManual) {
+    std::ifstream file(KRENN_MANUAL);
+    std::ostringstream manual;
+    manual << file.rdbuf();
+    for (const ErrorMeaning& meaning : ErrorTable()) {
+        EXPECT_THAT(manual.str(), HasSubstr("\n| " + std::to_string(static_cast<int>(meaning.number)) +
+                                            " | " + meaning.title + " | " + meaning.advice + " |\n"));
+    }
 }
 
 TEST(RunAdjustment, NoInputPath) {
@@ -180,6 +194,44 @@ TEST(RunAdjustment, NetworkTooLargeForTheDenseType) {
     EXPECT_EQ(RunText(text + "END\r\n", 1), ErrorNumber::Good);
 }
 
+TEST(Adjust, NotFinite) {
+    Network network = ReadInput(kHead + "Height differences\r\nA B 1 0.001\r\nEND\r\n");
+    network.observations[0].value = std::nan("");
+    try {
+        Adjust(network, Type::Sparse);
+        FAIL();
+    } catch (const Failure& failure) {
+        EXPECT_EQ(failure.number, ErrorNumber::NotFinite);
+    }
+}
+
+// The sanitizers keep memory of their own and know no such limit.
+#if !defined(__SANITIZE_ADDRESS__)
+[[noreturn]] void RunWithLittleMemory() {
+    std::string text = kHead + "Height differences\r\n";
+    for (int i = 0; i < 8000; ++i)
+        text += "P" + std::to_string(i) + " P" + std::to_string(i + 1) + " 1.0 0.001\r\n";
+    ErrorNumber number = ErrorNumber::Good;
+    bool isTold = false;
+    {
+        const TempFolder folder;
+        const std::string input = folder.Write("A.INP", text + "END\r\n");
+        const rlimit limit{400U << 20, 400U << 20};
+        setrlimit(RLIMIT_AS, &limit);
+        number = RunAdjustment(input, 7);
+        isTold = folder.Read("A.OUT").find("Error 41:") != std::string::npos;
+    }
+    _exit(isTold ? static_cast<int>(number) : 100);
+}
+
+TEST(RunAdjustment, OutOfMemory) {
+    // The limit holds for a process of its own, started afresh.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(RunWithLittleMemory(), testing::ExitedWithCode(static_cast<int>(ErrorNumber::OutOfMemory)),
+                "");
+}
+#endif
+
 TEST(RunAdjustment, ListingNotWritten) {
     const TempFolder folder;
     const std::string input = folder.Write("A.INP", kHead + "Height differences\r\nA B 1 0.001\r\nEND\r\n");
@@ -188,32 +240,28 @@ TEST(RunAdjustment, ListingNotWritten) {
     EXPECT_FALSE(folder.Has("A.OUT.new"));
 }
 
-// In a child that is nobody, since a superuser writes everywhere.
-int AsNobody(int (*work)(const std::string&), const std::string& path) {
-    const pid_t child = fork();
-    if (child == 0) {
-        if (geteuid() == 0 && setuid(65534) != 0)
-            _exit(100);
-        _exit(work(path));
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 101;
+// Runs in a process that is nobody, since a superuser writes everywhere; ends it with the number.
+[[noreturn]] void RunAsNobody(const std::string& path) {
+    if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0))
+        _exit(100);
+    _exit(static_cast<int>(RunAdjustment(path, 1)));
 }
 
 TEST(RunAdjustment, FolderWithoutPermission) {
+    GTEST_FLAG_SET(death_test_style, "fast");
     const TempFolder folder;
     const std::string input = folder.Write("A.INP", kHead + "Height differences\r\nA B 1 0.001\r\nEND\r\n");
     namespace fs = std::filesystem;
     constexpr auto kRead = fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read;
     constexpr auto kEnter = fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
     fs::permissions(folder.path, kRead | kEnter);
-    const auto run = [](const std::string& path) { return static_cast<int>(RunAdjustment(path, 1)); };
-    EXPECT_EQ(AsNobody(run, input), static_cast<int>(ErrorNumber::ListingNotWritten));
+    EXPECT_EXIT(RunAsNobody(input), testing::ExitedWithCode(static_cast<int>(ErrorNumber::ListingNotWritten)),
+                "");
     EXPECT_FALSE(folder.Has("A.OUT"));
     fs::permissions(folder.path, fs::perms::all);
     fs::permissions(input, fs::perms::none);
-    EXPECT_EQ(AsNobody(run, input), static_cast<int>(ErrorNumber::InputNotReadable));
+    EXPECT_EXIT(RunAsNobody(input), testing::ExitedWithCode(static_cast<int>(ErrorNumber::InputNotReadable)),
+                "");
     EXPECT_THAT(folder.Read("A.OUT"), HasSubstr("RUN FAILED"));
 }
 
