@@ -172,12 +172,26 @@ TEST(Adjust, ConvergesFromRoughCoordinates) {
     }
 }
 
-TEST(Adjust, NeverLetsTheSumOfSquaresGrow) {
-    NetworkSpec spec;
-    spec.startNoise = 60;
-    const Adjustment adjustment = Adjust(ReadInput(MakeNetwork(spec).text.Text()), Type::Sparse);
-    for (std::size_t i = 1; i < adjustment.iterations.size(); ++i)
-        EXPECT_LE(adjustment.iterations[i].target, adjustment.iterations[i - 1].target * (1 + 1e-6) + 1e-6);
+TEST(Adjust, ShortensStepsThatWouldLetTheSumOfSquaresGrow) {
+    int shortened = 0;
+    for (unsigned seed = 1; seed <= 30; ++seed) {
+        NetworkSpec spec;
+        spec.seed = seed;
+        spec.startNoise = 150;
+        try {
+            const Adjustment adjustment = Adjust(ReadInput(MakeNetwork(spec).text.Text()), Type::Sparse);
+            for (std::size_t i = 0; i < adjustment.iterations.size(); ++i) {
+                shortened += adjustment.iterations[i].step < 1 ? 1 : 0;
+                if (i > 0) {
+                    EXPECT_LE(adjustment.iterations[i].target,
+                              adjustment.iterations[i - 1].target * (1 + 1e-6) + 1e-6);
+                }
+            }
+        } catch (const Failure& failure) {
+            EXPECT_EQ(failure.number, ErrorNumber::NoConvergence);
+        }
+    }
+    EXPECT_GT(shortened, 0);
 }
 
 TEST(Adjust, PlumbSightsDoNotCrashAndLoseOnlyTheirAngles) {

@@ -118,6 +118,9 @@ TEST_P(ListingOfType, ReadsBackForEveryDimension) {
             SCOPED_TRACE(testing::Message() << dimension << " " << stations);
             ExpectRead(printed);
             ExpectClean(printed.text);
+            const char* const kinds[] = {"heights only", "plan; distances are horizontal",
+                                         "three dimensions"};
+            EXPECT_THAT(printed.text, HasSubstr(std::string("  Network   ") + kinds[dimension - 1]));
             EXPECT_EQ(printed.read.stations.size(), dimension == 1 ? 0u : static_cast<std::size_t>(stations));
         }
     }
