@@ -66,18 +66,22 @@ void AsNobody(const std::function<void()>& body) {
 
 void OnSmallDisk(const std::string& folder, int kilobytes, const std::function<void()>& body) {
     const std::string host = Drives::HostPath(folder);
-    InChild(
-        [&] {
-            // A user without rights gets a name space of mounts of his own together with one of users.
-            const int spaces = geteuid() == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER;
-            if (!Prepared(unshare(spaces) == 0, "unshare"))
-                return false;
-            if (!Prepared(mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0, "private mounts"))
-                return false;
-            const std::string size = "size=" + std::to_string(kilobytes) + "k,mode=0777";
-            return Prepared(mount("none", host.c_str(), "tmpfs", 0, size.c_str()) == 0, "small disk");
-        },
-        body);
+    const auto prepare = [&] {
+        // A user without rights gets a name space of mounts of his own together with one of users.
+        if (!Prepared(unshare(CLONE_NEWNS) == 0 || unshare(CLONE_NEWNS | CLONE_NEWUSER) == 0, "unshare"))
+            return false;
+        // Where the root is no mount point of its own, as in a change of root, this is refused, and the disk
+        // is taken away again below.
+        const bool isPrivate = mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+        if (!Prepared(isPrivate || errno == EINVAL, "private mounts"))
+            return false;
+        const std::string size = "size=" + std::to_string(kilobytes) + "k,mode=0777";
+        return Prepared(mount("none", host.c_str(), "tmpfs", 0, size.c_str()) == 0, "small disk");
+    };
+    InChild(prepare, [&] {
+        body();
+        EXPECT_EQ(umount2(host.c_str(), MNT_DETACH), 0);
+    });
 }
 
 }  // namespace Dorvane::Testing
