@@ -56,19 +56,14 @@ bool Prepared(bool done, const char* what) {
 
 void AsNobody(const std::function<void()>& body) {
     InChild(
-        [] {
-            if (geteuid() != 0)
-                return true;
-            return Prepared(setegid(Nobody) == 0 && seteuid(Nobody) == 0, "becoming nobody");
-        },
+        [] { return Prepared(setegid(Nobody) == 0 && seteuid(Nobody) == 0, "becoming nobody needs root"); },
         body);
 }
 
 void OnSmallDisk(const std::string& folder, int kilobytes, const std::function<void()>& body) {
     const std::string host = Drives::HostPath(folder);
     const auto prepare = [&] {
-        // A user without rights gets a name space of mounts of his own together with one of users.
-        if (!Prepared(unshare(CLONE_NEWNS) == 0 || unshare(CLONE_NEWNS | CLONE_NEWUSER) == 0, "unshare"))
+        if (!Prepared(unshare(CLONE_NEWNS) == 0, "mounts of its own need root"))
             return false;
         // Where the root is no mount point of its own, as in a change of root, this is refused, and the disk
         // is taken away again below.

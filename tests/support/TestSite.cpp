@@ -47,7 +47,9 @@ TestSite::~TestSite() {
     std::filesystem::remove(std::filesystem::temp_directory_path() / ("." + OwnName() + ".lock"), ignored);
 }
 
-std::string TestSite::OwnName() const { return std::filesystem::path(Folder).parent_path().filename().string(); }
+std::string TestSite::OwnName() const {
+    return std::filesystem::path(Folder).parent_path().filename().string();
+}
 
 void TestSite::LayOut() {
     for (const char* folder : {"CALIB", "COORD", "INIT", "DOWNLOAD"})

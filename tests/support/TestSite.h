@@ -49,12 +49,12 @@ void SetTimeStamp(const std::string& path, const DateTime& moment);
 /// Every file below a folder, as paths relative to it with backslashes, sorted.
 std::vector<std::string> AllFiles(const std::string& folder);
 
-/// Runs `body` in a child process as a user without rights ("nobody"), or as who we are when not root. The
-/// child's failures fail the test. For faults of permission, which root does not meet.
+/// Runs `body` in a child process as a user without rights ("nobody"), for which the test has to run as root.
+/// The child's failures fail the test. For faults of permission, which root does not meet.
 void AsNobody(const std::function<void()>& body);
 
 /// Runs `body` in a child process in which the drive path `folder` is a file system of its own of `kilobytes`
-/// in size. The child's failures fail the test.
+/// in size, for which the test has to run as root. The child's failures fail the test.
 void OnSmallDisk(const std::string& folder, int kilobytes, const std::function<void()>& body);
 
 }  // namespace Dorvane::Testing
