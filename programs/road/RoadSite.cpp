@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
 #include <ostream>
 
 #include "core/Drives.h"
@@ -22,6 +23,15 @@ std::string LargestFile(const std::string& folder) {
             size = entry.Size;
         }
     return name;
+}
+
+// A name as field files bear it: at most 8 characters, a point, at most 3, upper case. The survey index has
+// no room for more.
+std::string FieldFileName(const std::string& name) {
+    const std::size_t point = name.find_last_of('.');
+    std::string base = UpperCase(Left(BeforeFirstPoint(name), 8));
+    std::replace(base.begin(), base.end(), ' ', '_');
+    return base + "." + UpperCase(Left(point == std::string::npos ? "" : name.substr(point + 1), 3));
 }
 
 }  // namespace
@@ -55,8 +65,10 @@ void LayOutSite(Walk& walk, const std::string& fieldBook) {
     } else {
         std::string folder;
         source = Drives::DrivePath(fieldBook);
-        SplitFolderFile(source, folder, walk.FieldFile);
-        walk.FieldFile = UpperCase(walk.FieldFile);
+        std::string name;
+        SplitFolderFile(source, folder, name);
+        walk.FieldFile = FieldFileName(name);
+        walk.Say(source + " -> " + walk.FieldFolder + walk.FieldFile);
     }
     walk.Need(FileExists(source), "there is no field book " + source);
     Drives::CopyFile(source, walk.FieldFolder + walk.FieldFile);

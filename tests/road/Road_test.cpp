@@ -134,6 +134,13 @@ TEST_F(RoadTest, CarriesALevellingBookToHeights) {
     }
 }
 
+TEST_F(RoadTest, TakesABookOfALongNameWithBlanksAndAccents) {
+    Drives::CopyFile(Drives::DrivePath(std::string(DORVANE_FOLDER) + "/samples/site/FIELD/DAM.GSI"),
+                     "D:\\Lev\xE9 du barrage 2026.v2.gsi");
+    ASSERT_TRUE(Walk(Site.HostFolder() + "d:/Lev\xC3\xA9 du barrage 2026.v2.gsi")) << Told.str();
+    EXPECT_TRUE(FileExists("D:\\TARVEX\\DAM\\NORTH\\TOTAL\\SRV01\\LEV\xC9_DU_.GSI"));
+}
+
 TEST_F(RoadTest, TellsWhatBlocksIt) {
     EXPECT_FALSE(Walk(Site.HostFolder() + "none.GSI"));
     EXPECT_NE(Told.str().find("ROAD BLOCKED: there is no field book"), std::string::npos) << Told.str();
