@@ -96,8 +96,7 @@ bool Main(const StartUpScreens& screens) {
             TheDesktop().ShowMessage(
                 {"Could not locate Windows directory.", "Windows Path Not Found", Icon::Stop});
         else
-            for (const Profile& profile : Profiles)
-                guard.Run([&] { InstallProfile(profile, windowsPath); });
+            InstallProfiles(windowsPath, guard);
         if (InitializeGolbals())
             Global().InitFailed = false;
         else
@@ -114,9 +113,9 @@ bool ClaimOnlyCopy() {
     return Global().InstanceClaim != -1;
 }
 
-void InstallProfiles(const std::string& windowsPath) {
+void InstallProfiles(const std::string& windowsPath, Guard& guard) {
     for (const Profile& profile : Profiles)
-        InstallProfile(profile, windowsPath);
+        guard.Run([&] { InstallProfile(profile, windowsPath); });
 }
 
 bool InitializeGolbals() {

@@ -4,6 +4,8 @@
 #include <functional>
 #include <string>
 
+#include "core/ReportError.h"
+
 // Start-up: from the first instruction until the home menu stands on the screen.
 namespace Dorvane {
 
@@ -24,9 +26,10 @@ bool Main(const StartUpScreens& screens);
 /// ends.
 bool ClaimOnlyCopy();
 
-/// Installs or migrates the six profile files in the Windows folder: a file that is there is left, an older
-/// name is renamed, else the shipped copy is copied. Raises what the file operations raise.
-void InstallProfiles(const std::string& windowsPath);
+/// Installs or migrates the six profile files in the Windows folder, each as one statement of the procedure
+/// that `guard` handles: a file that is there is left, an older name is renamed, else the shipped copy is
+/// copied.
+void InstallProfiles(const std::string& windowsPath, Guard& guard);
 
 /// Reads the eight paths and Path_type from "Tarvex Info" of dv_tarvex.ini, tests the paths (one that leads
 /// nowhere becomes empty), and counts the printers. True when all eight paths lead to existing folders. An

@@ -32,6 +32,10 @@ class StartUp : public testing::Test {
                   "Work_path=C:\\TARVEX\\WORK\\", "Download_path=" + lastPath, "Path_type=2"});
     }
 
+    static void Install() {
+        EXPECT_TRUE(Guarded("basMain-Main", [](Guard& guard) { InstallProfiles("C:\\WINDOWS\\", guard); }));
+    }
+
     StartUpScreens Screens(std::string& order) {
         return {[&order] { order += "splash "; }, [&order] { order += "init "; },
                 [&order] { order += "main "; }};
@@ -42,7 +46,7 @@ class StartUp : public testing::Test {
 };
 
 TEST_F(StartUp, CopiesTheShippedProfilesThatAreMissing) {
-    InstallProfiles("C:\\WINDOWS\\");
+    Install();
     EXPECT_EQ(AllFiles("C:\\WINDOWS\\"),
               (std::vector<std::string>{"dv_datatype.ini", "dv_download.ini", "dv_input.ini", "dv_main.ini",
                                         "dv_special.ini", "dv_tarvex.ini"}));
@@ -51,7 +55,7 @@ TEST_F(StartUp, CopiesTheShippedProfilesThatAreMissing) {
 
 TEST_F(StartUp, RenamesAnOlderProfile) {
     PutFile("C:\\WINDOWS\\datatype.ini", "old content");
-    InstallProfiles("C:\\WINDOWS\\");
+    Install();
     EXPECT_EQ(FileContent("C:\\WINDOWS\\dv_datatype.ini"), "old content");
     EXPECT_FALSE(FileExists("C:\\WINDOWS\\datatype.ini"));
 }
@@ -59,14 +63,14 @@ TEST_F(StartUp, RenamesAnOlderProfile) {
 TEST_F(StartUp, LeavesTheOlderProfileBesideANewOne) {
     PutFile("C:\\WINDOWS\\datatype.ini", "old");
     PutFile("C:\\WINDOWS\\dv_datatype.ini", "new");
-    InstallProfiles("C:\\WINDOWS\\");
+    Install();
     EXPECT_EQ(FileContent("C:\\WINDOWS\\dv_datatype.ini"), "new");
     EXPECT_EQ(FileContent("C:\\WINDOWS\\datatype.ini"), "old");
 }
 
 TEST_F(StartUp, TheSpecialProfileHasNoOlderName) {
     PutFile("C:\\WINDOWS\\special.ini", "old");
-    InstallProfiles("C:\\WINDOWS\\");
+    Install();
     EXPECT_EQ(FileContent("C:\\WINDOWS\\dv_special.ini"), "; shipped special\r\n");
     EXPECT_TRUE(FileExists("C:\\WINDOWS\\special.ini"));
 }
