@@ -15,9 +15,10 @@ namespace Dorvane::Host {
 bool PathsAreDrivePaths();  // true where the host itself has drive letters
 
 std::string EnvironmentVariable(const std::string& name);
-std::string UserDataFolder();  // ends in a separator
-std::string ProgramFolder();   // folder of the running executable, ends in a separator
-std::string WorkingFolder();   // the process's current folder
+void SetEnvironment(const std::string& name, const std::string& value);  // for programs started from here
+std::string UserDataFolder();                                            // ends in a separator
+std::string ProgramFolder();  // folder of the running executable, ends in a separator
+std::string WorkingFolder();  // the process's current folder
 
 struct FileInfo {
     bool Exists = false;

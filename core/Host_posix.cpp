@@ -93,6 +93,10 @@ std::string EnvironmentVariable(const std::string& name) {
     return value == nullptr ? "" : value;
 }
 
+void SetEnvironment(const std::string& name, const std::string& value) {
+    setenv(name.c_str(), value.c_str(), 1);
+}
+
 std::string UserDataFolder() {
     std::string folder = EnvironmentVariable("XDG_DATA_HOME");
     if (folder.empty())

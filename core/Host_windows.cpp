@@ -99,6 +99,10 @@ std::string EnvironmentVariable(const std::string& name) {
     return value == nullptr ? "" : Narrow(value);
 }
 
+void SetEnvironment(const std::string& name, const std::string& value) {
+    _wputenv_s(Wide(name).c_str(), Wide(value).c_str());
+}
+
 std::string UserDataFolder() {
     return EnvironmentVariable("APPDATA") + "\\Dorvane\\";
 }
