@@ -65,4 +65,45 @@ std::optional<double> Spread(double squares, long freedom) {
     return std::sqrt(squares / static_cast<double>(freedom));
 }
 
+namespace {
+
+void AddRemarkSection(Lines& lines, const std::string& title, const std::vector<Remark>& remarks) {
+    if (remarks.empty())
+        return;
+    AddSection(lines, fmt::format("{} ({})", title, remarks.size()));
+    const Lines texts = RemarkLines(remarks);
+    lines.insert(lines.end(), texts.begin(), texts.end());
+}
+
+}  // namespace
+
+void AddSection(Lines& lines, const std::string& title) {
+    const Lines heading = Heading(title);
+    lines.resize(lines.size() + 2);
+    lines.insert(lines.end(), heading.begin(), heading.end());
+    lines.emplace_back();
+}
+
+void AddErrors(Lines& lines, const Lines& errors) {
+    if (errors.empty())
+        return;
+    AddSection(lines, "Errors");
+    for (const std::string& error : errors)
+        lines.push_back("  " + error);
+}
+
+void AddRemarks(Lines& lines, const std::vector<Remark>& ofBook, const std::vector<Remark>& ofReduction,
+                const std::vector<Remark>& unreadable) {
+    std::vector<Remark> warnings = ofBook;
+    warnings.insert(warnings.end(), ofReduction.begin(), ofReduction.end());
+    AddRemarkSection(lines, "Warnings", warnings);
+    AddRemarkSection(lines, "Unreadable lines", unreadable);
+}
+
+std::optional<double> InMilli(const std::optional<double>& value) {
+    if (!value)
+        return std::nullopt;
+    return *value * Milli;
+}
+
 }  // namespace Dorvane

@@ -16,6 +16,9 @@ struct Remark {
     std::string Text;
 };
 
+/// A protocol under way.
+using Lines = std::vector<std::string>;
+
 /// A number with a fixed number of decimals, right-justified; a blank field with a "-" for no value.
 std::string Fixed(double value, int decimals, int width);
 std::string Fixed(const std::optional<double>& value, int decimals, int width);
@@ -31,6 +34,23 @@ std::vector<std::string> RemarkLines(const std::vector<Remark>& remarks);
 
 /// A heading and a rule of hyphens below it, as long as the heading.
 std::vector<std::string> Heading(const std::string& text);
+
+/// Adds a section's heading, set off from what stands before it.
+void AddSection(Lines& lines, const std::string& title);
+
+/// Adds the section of the errors, when there are any.
+void AddErrors(Lines& lines, const Lines& errors);
+
+/// Adds what closes a protocol: the warnings of the book and those of its reduction, then the lines that
+/// could not be read, each section only when it has something to say.
+void AddRemarks(Lines& lines, const std::vector<Remark>& ofBook, const std::vector<Remark>& ofReduction,
+                const std::vector<Remark>& unreadable);
+
+/// Gons to milligons, meters to millimeters.
+constexpr double Milli = 1000;
+
+/// A value times Milli; nothing stays nothing.
+std::optional<double> InMilli(const std::optional<double>& value);
 
 /// The file's name without its folder.
 std::string FileOf(const std::string& path);

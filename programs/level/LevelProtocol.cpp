@@ -7,24 +7,6 @@ namespace Dorvane {
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
-constexpr double Milli = 1000;
-
-std::optional<double> InMilli(const std::optional<double>& value) {
-    if (!value)
-        return std::nullopt;
-    return *value * Milli;
-}
-
-void AddSection(Lines& lines, const std::string& title) {
-    lines.emplace_back();
-    lines.emplace_back();
-    for (const std::string& line : Heading(title))
-        lines.push_back(line);
-    lines.emplace_back();
-}
-
 void AddHead(Lines& lines, const LevelProtocolHead& head, const StaffCorrection& correction) {
     lines.push_back("LEVELLING REDUCTION");
     lines.push_back("===================");
@@ -134,33 +116,18 @@ void AddSummary(Lines& lines, const LevelBook& book, const LevelResult& result) 
                         Fixed(*result.KilometerDeviation * Milli, 2, 0)));
 }
 
-void AddRemarks(Lines& lines, const std::string& title, const std::vector<Remark>& remarks) {
-    if (remarks.empty())
-        return;
-    AddSection(lines, fmt::format("{} ({})", title, remarks.size()));
-    for (const std::string& line : RemarkLines(remarks))
-        lines.push_back(line);
-}
-
 }  // namespace
 
 Lines LevelProtocol(const LevelProtocolHead& head, const StaffCorrection& correction, const LevelBook& book,
                     const LevelResult& result, const Lines& errors) {
     Lines lines;
     AddHead(lines, head, correction);
-    if (!errors.empty()) {
-        AddSection(lines, "Errors");
-        for (const std::string& error : errors)
-            lines.push_back("  " + error);
-    }
+    AddErrors(lines, errors);
     AddFiles(lines, book);
     AddLines(lines, book, result);
     AddSections(lines, result);
     AddSummary(lines, book, result);
-    std::vector<Remark> warnings = book.Warnings;
-    warnings.insert(warnings.end(), result.Warnings.begin(), result.Warnings.end());
-    AddRemarks(lines, "Warnings", warnings);
-    AddRemarks(lines, "Unreadable lines", book.Unreadable);
+    AddRemarks(lines, book.Warnings, result.Warnings, book.Unreadable);
     return lines;
 }
 

@@ -13,8 +13,6 @@ namespace Dorvane {
 
 namespace {
 
-constexpr double Milli = 1000;
-
 /// Calls `entry` with the words of each line that has any; an absent file has none.
 template <class Entry>
 void ReadEntries(const std::string& path, std::vector<std::string>& errors, const Entry& entry) {

@@ -9,27 +9,6 @@ namespace Dorvane {
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
-constexpr double Milli = 1000;  // gons to milligons, meters to millimeters
-
-std::optional<double> InMilli(const std::optional<double>& value) {
-    if (!value)
-        return std::nullopt;
-    return *value * Milli;
-}
-
-void Add(Lines& lines, const Lines& more) {
-    lines.insert(lines.end(), more.begin(), more.end());
-}
-
-void AddSection(Lines& lines, const std::string& title) {
-    lines.emplace_back();
-    lines.emplace_back();
-    Add(lines, Heading(title));
-    lines.emplace_back();
-}
-
 void AddHead(Lines& lines, const TotalProtocolHead& head) {
     lines.push_back("TOTAL STATION REDUCTION");
     lines.push_back("=======================");
@@ -160,24 +139,13 @@ void AddSummary(Lines& lines, const FieldBook& book, const TotalResult& result) 
         fmt::format("  {:<44}{}  mm", "a height difference", Fixed(InMilli(result.HeightDeviation), 3, 10)));
 }
 
-void AddRemarks(Lines& lines, const std::string& title, const std::vector<Remark>& remarks) {
-    if (remarks.empty())
-        return;
-    AddSection(lines, fmt::format("{} ({})", title, remarks.size()));
-    Add(lines, RemarkLines(remarks));
-}
-
 }  // namespace
 
 Lines TotalProtocol(const TotalProtocolHead& head, const FieldBook& book, const TotalResult& result,
                     const Lines& errors) {
     Lines lines;
     AddHead(lines, head);
-    if (!errors.empty()) {
-        AddSection(lines, "Errors");
-        for (const std::string& error : errors)
-            lines.push_back("  " + error);
-    }
+    AddErrors(lines, errors);
     AddFiles(lines, book);
     AddSetUps(lines, result);
     AddSection(lines, "Stations: means of all sets, and their spreads");
@@ -186,10 +154,7 @@ Lines TotalProtocol(const TotalProtocolHead& head, const FieldBook& book, const 
         AddStation(lines, station);
     AddBothEnds(lines, result);
     AddSummary(lines, book, result);
-    std::vector<Remark> warnings = book.Warnings;
-    warnings.insert(warnings.end(), result.Warnings.begin(), result.Warnings.end());
-    AddRemarks(lines, "Warnings", warnings);
-    AddRemarks(lines, "Unreadable lines", book.Unreadable);
+    AddRemarks(lines, book.Warnings, result.Warnings, book.Unreadable);
     return lines;
 }
 
