@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "core/ReplaceFiles.h"
 #include "core/RunTimeError.h"
 #include "core/Text.h"
 #include "database/DatabaseError.h"

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/ReplaceFiles.h"
 #include "database/CoordinateRecord.h"
 #include "database/DatabaseFiles.h"
 #include "database/RecordFile.h"

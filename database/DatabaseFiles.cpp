@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/DatabaseFiles.h"
 
-#include <list>
-
-#include "core/Drives.h"
 #include "core/RunTimeError.h"
 #include "core/basGeneral.h"
 
@@ -19,14 +16,6 @@ const DatabaseType& DatabaseTypeOf(std::int32_t typeCode) {
 std::string LocationOfFolder(const std::string& folder) {
     List1<std::string> parts;
     return parts[SplitPathParts(folder, parts)];
-}
-
-void ReplaceInOrder(const std::vector<FileChange>& changes) {
-    std::list<Drives::StagedFile> files;
-    for (const FileChange& change : changes)
-        files.emplace_back(change.Path).Write(change.Content);
-    for (Drives::StagedFile& file : files)
-        file.Commit();
 }
 
 }  // namespace Dorvane

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "database/RecordFile.h"
 
@@ -54,15 +53,5 @@ constexpr int NameLength = 8;
 
 /// The name of a database folder's location: its last folder name.
 std::string LocationOfFolder(const std::string& folder);
-
-/// A file that is to be replaced as a whole.
-struct FileChange {
-    std::string Path;
-    std::string Content;
-};
-
-/// Replaces the files in their order, each in one step from its old content to its new one. All of them are
-/// written out beside their places before the first is replaced, so a full disk changes none.
-void ReplaceInOrder(const std::vector<FileChange>& changes);
 
 }  // namespace Dorvane

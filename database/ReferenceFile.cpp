@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "core/ColumnLine.h"
+#include "core/ReplaceFiles.h"
 #include "core/Text.h"
 #include "database/DatabaseError.h"
 #include "database/DatabaseFiles.h"

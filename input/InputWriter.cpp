@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "input/InputWriter.h"
 
-#include "core/Drives.h"
 #include "core/Globals.h"
 #include "core/LineWriter.h"
+#include "core/ReplaceFiles.h"
 #include "input/InputRows.h"
 
 namespace Dorvane {
@@ -162,14 +162,7 @@ void WriteInputSections(InputFiles& files, const ObservationModel& model) {
 }
 
 void CloseInputFiles(Guard& guard, const InputFiles& files) {
-    guard.Run([&] {
-        Drives::StagedFile input(files.InpPath);
-        Drives::StagedFile master(files.OrgPath);
-        input.Write(files.InpText);
-        master.Write(files.OrgText);
-        input.Commit();
-        master.Commit();
-    });
+    guard.Run([&] { ReplaceInOrder({{files.InpPath, files.InpText}, {files.OrgPath, files.OrgText}}); });
 }
 
 void WriteVersionSkeleton(const std::string& path) {
