@@ -22,6 +22,16 @@ function(dorvane_room name)
   target_link_libraries(dorvane_${name} PUBLIC ${ROOM_USES})
 endfunction()
 
+# dorvane_screens(NAME SOURCES ... USES ...): the screens of one folder as a static library
+# dorvane_NAME_screens. A form frmX.ui stands beside its class.
+function(dorvane_screens name)
+  cmake_parse_arguments(SCREENS "" "" "SOURCES;USES" ${ARGN})
+  add_library(dorvane_${name}_screens STATIC ${SCREENS_SOURCES})
+  set_target_properties(dorvane_${name}_screens PROPERTIES AUTOMOC ON AUTOUIC ON)
+  target_include_directories(dorvane_${name}_screens PUBLIC "${PROJECT_SOURCE_DIR}")
+  target_link_libraries(dorvane_${name}_screens PUBLIC dorvane_${name} ${SCREENS_USES} Qt6::Widgets)
+endfunction()
+
 # dorvane_program(NAME FILE SOURCES ... USES ...): one outside program, built under its DOS-style file
 # name into Programs/, where the system looks for it on every platform.
 function(dorvane_program name file)
@@ -41,4 +51,18 @@ function(dorvane_tests name)
   target_link_libraries(test_${name} PRIVATE ${TESTS_USES} GTest::gmock_main)
   gtest_discover_tests(test_${name} TEST_PREFIX "${name}." PROPERTIES LABELS "${name}" TIMEOUT 300
     DISCOVERY_TIMEOUT 60)
+endfunction()
+
+# dorvane_screen_tests(NAME SOURCES ... USES ...): the tests of one folder's screens, as test_NAME_screens, on
+# a platform without a display.
+function(dorvane_screen_tests name)
+  cmake_parse_arguments(TESTS "" "" "SOURCES;USES" ${ARGN})
+  add_executable(test_${name}_screens ${TESTS_SOURCES})
+  target_include_directories(test_${name}_screens PRIVATE "${PROJECT_SOURCE_DIR}")
+  target_link_libraries(test_${name}_screens PRIVATE ${TESTS_USES} dorvane_screen_testing)
+  # What the screens show comes from the program folder.
+  add_dependencies(test_${name}_screens dorvane_site)
+  target_compile_definitions(test_${name}_screens PRIVATE DORVANE_FOLDER="${DORVANE_FOLDER}")
+  gtest_discover_tests(test_${name}_screens TEST_PREFIX "${name}_screens." DISCOVERY_TIMEOUT 60
+    PROPERTIES LABELS "${name}" TIMEOUT 300 ENVIRONMENT "${DORVANE_SCREEN_TEST_ENVIRONMENT}")
 endfunction()

@@ -8,6 +8,7 @@
 #include "core/Globals.h"
 #include "core/LineWriter.h"
 #include "core/basGeneral.h"
+#include "core/basHelp.h"
 
 namespace Dorvane {
 
@@ -55,7 +56,7 @@ Message MessageFor(const RunTimeError& error, const std::string& source) {
     if (!known.empty()) {
         message.Choices = error.Number == DiskFull ? Buttons::YesNo : Buttons::RetryCancel;
         message.HasHelp = true;
-        message.HelpFile = AppPath() + "help\\DorvaneHelp.chm";
+        message.HelpFile = HelpFile();
         message.HelpContext = error.Number;
     }
     return message;

@@ -72,10 +72,24 @@ bool TestPaths() {
     return all;
 }
 
-void SetAndCreate(std::string& global, const std::string& value) {
+void SetAndCreate(Guard& guard, std::string& global, const std::string& value) {
     global = value;
     if (!FolderExists(global))
-        Drives::CreateFolder(global);
+        guard.Run([&] { Drives::CreateFolder(global); });
+}
+
+void SetAndCreateAll(Guard& guard, const std::string& mainRoot, const std::string& localRoot) {
+    Globals& global = Global();
+    SetAndCreate(guard, global.Data_drive, mainRoot + "TARVEX\\");
+    SetAndCreate(guard, global.Calib_path, global.Data_drive + "CALIB\\");
+    SetAndCreate(guard, global.Coord_path, global.Data_drive + "COORD\\");
+    SetAndCreate(guard, global.Init_path, global.Data_drive + "INIT\\");
+    SetAndCreate(guard, global.Download_path, global.Data_drive + "DOWNLOAD\\");
+    std::string localFolder;
+    SetAndCreate(guard, localFolder, localRoot + "TARVEX\\");
+    SetAndCreate(guard, global.Param_path, localRoot + "TARVEX\\PARAM");
+    SetAndCreate(guard, global.Temp_path, localRoot + "TARVEX\\TEMP");
+    SetAndCreate(guard, global.Work_path, localRoot + "TARVEX\\WORK");
 }
 
 }  // namespace
@@ -130,24 +144,14 @@ bool InitializeGolbals() {
     return finished && result;
 }
 
-void CreateDefaultFolders(const std::string& mainDrive, const std::string& localDrive) {
-    Globals& global = Global();
-    global.InitFailed = true;
-    const std::string mainRoot = Left(mainDrive, 1) + ":\\";
-    const std::string localRoot = Left(localDrive, 1) + ":\\";
-    SetAndCreate(global.Data_drive, mainRoot + "TARVEX\\");
-    SetAndCreate(global.Calib_path, global.Data_drive + "CALIB\\");
-    SetAndCreate(global.Coord_path, global.Data_drive + "COORD\\");
-    SetAndCreate(global.Init_path, global.Data_drive + "INIT\\");
-    SetAndCreate(global.Download_path, global.Data_drive + "DOWNLOAD\\");
-    std::string localFolder;
-    SetAndCreate(localFolder, localRoot + "TARVEX\\");
-    SetAndCreate(global.Param_path, localRoot + "TARVEX\\PARAM");
-    SetAndCreate(global.Temp_path, localRoot + "TARVEX\\TEMP");
-    SetAndCreate(global.Work_path, localRoot + "TARVEX\\WORK");
-    for (const PathKey& path : PathKeys)
-        IniWriteString(MainProfile, InfoSection, path.Key, global.*path.Value);
-    global.InitFailed = false;
+bool CreateDefaultFolders(const std::string& mainDrive, const std::string& localDrive) {
+    Global().InitFailed = true;
+    return Guarded("frmInit-cmdOK_Click", [&](Guard& guard) {
+        SetAndCreateAll(guard, Left(mainDrive, 1) + ":\\", Left(localDrive, 1) + ":\\");
+        for (const PathKey& path : PathKeys)
+            IniWriteString(MainProfile, InfoSection, path.Key, Global().*path.Value);
+        Global().InitFailed = false;
+    });
 }
 
 void RenameKeldLibraries() {

@@ -38,8 +38,9 @@ bool InitializeGolbals();
 
 /// What the OK of the dialog for default directories does with the two chosen drives (only their first
 /// character counts): sets the globals, makes the missing folders, and writes the eight keys. InitFailed is
-/// true from the start and false only when all went well. Raises what a folder's making raises.
-void CreateDefaultFolders(const std::string& mainDrive, const std::string& localDrive);
+/// true from the start and false only when all went well, which the result tells. Failures are reported as
+/// "frmInit-cmdOK_Click".
+bool CreateDefaultFolders(const std::string& mainDrive, const std::string& localDrive);
 
 /// Gives the three libraries of the Keld folder their working names where these are still missing.
 void RenameKeldLibraries();

@@ -125,7 +125,7 @@ TEST_F(StartUp, ReportsAnErrorInsideAsFailed) {
 }
 
 TEST_F(StartUp, CreatesTheDefaultFoldersAndWritesTheKeysInOrder) {
-    CreateDefaultFolders("d: [DATA]", "c:");
+    EXPECT_TRUE(CreateDefaultFolders("d: [DATA]", "c:"));
     EXPECT_EQ(FileLines("C:\\WINDOWS\\dv_tarvex.ini"),
               (std::vector<std::string>{"[Tarvex Info]", "Data_drive=d:\\TARVEX\\",
                                         "Calib_path=d:\\TARVEX\\CALIB\\", "Coord_path=d:\\TARVEX\\COORD\\",
@@ -151,9 +151,21 @@ TEST_F(StartUp, KeepsDefaultFoldersThatExist) {
 
 TEST_F(StartUp, AFolderThatCannotBeMadeLeavesInitFailed) {
     PutFile("D:\\TARVEX", "a file in the way");
-    EXPECT_THROW(CreateDefaultFolders("D:", "C:"), RunTimeError);
+    Screen.ExpectMessageTitled("Program Error");
+    EXPECT_FALSE(CreateDefaultFolders("D:", "C:"));
+    EXPECT_NE(Screen.Shown.back().Text.find("-frmInit-cmdOK_Click"), std::string::npos);
     EXPECT_TRUE(Global().InitFailed);
     EXPECT_FALSE(FileExists("C:\\WINDOWS\\dv_tarvex.ini"));
+}
+
+TEST_F(StartUp, AnAnswerOfRetryLetsTheMakingOfFoldersRunToItsEnd) {
+    const std::string drive = Site.HostFolder() + "/d:";
+    ASSERT_EQ(rename(drive.c_str(), (drive + "away").c_str()), 0);
+    Screen.ExpectMessageTitled("Program Error", Answer::Retry);
+    Screen.OnMessage = [&] { ASSERT_EQ(rename((drive + "away").c_str(), drive.c_str()), 0); };
+    EXPECT_TRUE(CreateDefaultFolders("D:", "C:"));
+    EXPECT_FALSE(Global().InitFailed);
+    EXPECT_TRUE(FolderExists(Global().Data_drive));
 }
 
 TEST_F(StartUp, RenamesALibraryOnlyWhenItStandsAlone) {

@@ -52,6 +52,8 @@ void ScriptedDesktop::ExpectFile(const std::string& title, std::optional<std::st
 
 Answer ScriptedDesktop::ShowMessage(const Message& message) {
     Shown.push_back(message);
+    if (OnMessage)
+        OnMessage();
     if (Script.empty() || Script.front().Of != Expected::Kind::Message) {
         ADD_FAILURE() << "unexpected message: " << message.Title << " | " << message.Text;
         return message.Choices == Buttons::Ok ? Answer::Ok : Answer::Cancel;

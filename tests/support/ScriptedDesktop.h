@@ -50,6 +50,7 @@ class ScriptedDesktop : public Desktop {
     DateTime Clock{2026, 11, 20, 9, 5, 7};
     std::function<void(const std::string&)> OnRun;  // called for each started command line
     std::function<void()> OnYield;
+    std::function<void()> OnMessage;  // called before each message is answered
 
   private:
     struct Expected {

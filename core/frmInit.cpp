@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/frmInit.h"
+
+#include "core/Drives.h"
+#include "core/Globals.h"
+#include "core/ReportError.h"
+#include "core/basMain.h"
+#include "core/widgets/ScreenText.h"
+#include "core/widgets/WaitCursor.h"
+#include "ui_frmInit.h"
+
+namespace Dorvane {
+
+frmInit::frmInit() : Form(std::make_unique<Ui::frmInit>()) {
+    Form->setupUi(this);
+    Form->lblDescription->setMinimumWidth(fontMetrics().averageCharWidth() * 60);
+    ReturnsBy(Form->cmdCancel);
+    Guarded("frmInit-LoadForm", [&](Guard& guard) {
+        guard.Run([&] { FillDrives(*Form->drvMain, 'D'); });
+        guard.Run([&] { FillDrives(*Form->drvLocal, 'C'); });
+    });
+    connect(Form->cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
+    connect(Form->cmdCancel, &QPushButton::clicked, this, [this] { cmdCancel_Click(); });
+}
+
+frmInit::~frmInit() = default;
+
+// A drive is listed as "D: [where it lies on this computer]".
+void frmInit::FillDrives(QComboBox& list, char preferred) {
+    for (const char letter : Drives::DriveLetters()) {
+        const std::string root = std::string(1, letter) + ":\\";
+        const QString place = QString::fromStdString(Drives::HostPath(root));
+        list.addItem(QStringLiteral("%1: [%2]").arg(QChar::fromLatin1(letter)).arg(place));
+        if (letter == preferred)
+            list.setCurrentIndex(list.count() - 1);
+    }
+}
+
+void frmInit::cmdOK_Click() {
+    const WaitCursor wait;
+    if (CreateDefaultFolders(FromScreen(Form->drvMain->currentText()),
+                             FromScreen(Form->drvLocal->currentText())))
+        Unload();
+}
+
+void frmInit::cmdCancel_Click() {
+    Global().InitFailed = true;
+    Unload();
+}
+
+}  // namespace Dorvane

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QMainWindow>
+#include <QPointer>
+
+// What all screens have in common: a remembered place, a window button that means the screen's own way out,
+// and an end that others can wait for. A screen is never modal by a loop of its own; it keeps the others out
+// of reach and goes on by what is called when it was unloaded.
+namespace Dorvane {
+
+/// Remembers where the operator left a window, under the window's object name, and puts it there when it is
+/// shown for the first time. The place is the operator's own, kept apart from the site's profiles.
+void RememberPlace(QWidget& window);
+
+/// A screen with menus and a status bar.
+class Screen : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    explicit Screen(QWidget* parent = nullptr);
+
+    /// Closes the screen for good.
+    void Unload();
+    /// Shows the screen, the others out of reach.
+    void ShowModal();
+
+  signals:
+    void Unloaded();
+
+  protected:
+    /// The button that the window's own close button (and Alt+F4) stands for.
+    void ReturnsBy(QAbstractButton* button) { WayOut = button; }
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    QPointer<QAbstractButton> WayOut;
+};
+
+/// A dialog.
+class ScreenDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit ScreenDialog(QWidget* parent = nullptr);
+
+    void Unload();
+    void ShowModal();
+
+  signals:
+    void Unloaded();
+
+  protected:
+    /// The button that the window's own close button and Escape stand for.
+    void ReturnsBy(QAbstractButton* button) { WayOut = button; }
+    void closeEvent(QCloseEvent* event) override;
+    void reject() override;
+
+  private:
+    void Leave();
+
+    QPointer<QAbstractButton> WayOut;
+};
+
+}  // namespace Dorvane

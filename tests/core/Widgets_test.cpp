@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+
+#include <QPushButton>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "core/Drives.h"
+#include "core/RunTimeError.h"
+#include "core/widgets/Animation.h"
+#include "core/widgets/PathLabel.h"
+#include "core/widgets/Pictures.h"
+#include "core/widgets/Screen.h"
+#include "core/widgets/ScreenText.h"
+#include "tests/support/ScreenTest.h"
+#include "tests/support/TestSite.h"
+
+namespace Dorvane {
+
+using namespace Testing;
+
+namespace {
+
+int ErrorOf(const std::function<void()>& statement) {
+    try {
+        statement();
+    } catch (const RunTimeError& error) {
+        return error.Number;
+    }
+    return 0;
+}
+
+class OneButtonScreen : public Screen {
+  public:
+    explicit OneButtonScreen(const QString& name) {
+        setObjectName(name);
+        auto* button = new QPushButton(this);
+        button->setObjectName("cmdHome");
+        connect(button, &QPushButton::clicked, this, [this] { Unload(); });
+        ReturnsBy(button);
+    }
+};
+
+}  // namespace
+
+TEST(ScreenTexts, CarryEveryCharacterOfTheCodePageUnharmed) {
+    std::string all;
+    for (int code = 1; code < 256; ++code)
+        if (code != 0x81 && code != 0x8d && code != 0x8f && code != 0x90 && code != 0x9d)
+            all += static_cast<char>(code);
+    EXPECT_EQ(FromScreen(ToScreen(all)), all);
+    EXPECT_EQ(ToScreen("\x80\xe9").toStdString(), "\xe2\x82\xac\xc3\xa9");
+    EXPECT_EQ(ToCaption("A&B").toStdString(), "A&&B");
+}
+
+class PictureFolder : public testing::Test {
+  protected:
+    PictureFolder() { UseShippedPictures(); }
+    TestSite Site;
+};
+
+TEST_F(PictureFolder, TakesTheDrawingWhereTheNamedFileIsNotThere) {
+    EXPECT_EQ(PictureFile("trashfull.ico"), "P:\\DORVANE\\graphics\\trashfull.svg");
+    PutFile("P:\\DORVANE\\graphics\\trashfull.ico", "own");
+    EXPECT_EQ(PictureFile("trashfull.ico"), "P:\\DORVANE\\graphics\\trashfull.ico");
+    EXPECT_EQ(PictureFile("absent.ico"), "");
+    EXPECT_EQ(PictureFile(""), "");
+}
+
+TEST_F(PictureFolder, IsCrispAtTwiceTheSize) {
+    const QIcon picture = LoadPicture("upload.svg");
+    EXPECT_EQ(picture.pixmap(QSize(32, 32), 2.0).size(), QSize(64, 64));
+}
+
+TEST_F(PictureFolder, RaisesWhatIsMissingOrNoPicture) {
+    PutFile("P:\\DORVANE\\graphics\\text.ico", "no picture");
+    PutFile("P:\\DORVANE\\graphics\\text.svg", "no picture");
+    EXPECT_EQ(ErrorOf([] { LoadPicture("absent.ico"); }), FileNotFound);
+    EXPECT_EQ(ErrorOf([] { LoadPicture("text.ico"); }), 481);
+    Animation player;
+    EXPECT_EQ(ErrorOf([&] { player.Open("absent.avi"); }), FileNotFound);
+    EXPECT_EQ(ErrorOf([&] { player.Open("text.ico"); }), 481);
+    EXPECT_EQ(ErrorOf([&] { player.Open("text.svg"); }), 481);
+}
+
+TEST_F(PictureFolder, EveryShippedAnimationMoves) {
+    for (const char* name : {"filecopy.avi", "filedelete.avi", "typcom.avi"}) {
+        Animation player;
+        player.Open(name);
+        player.resize(player.sizeHint());
+        player.show();
+        HandleEvents();
+        const QImage first = player.grab().toImage();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return player.grab().toImage() != first; })) << name;
+    }
+}
+
+TEST_F(PictureFolder, AStoppedAnimationStandsStill) {
+    Animation player;
+    player.Open("filecopy.avi");
+    player.resize(player.sizeHint());
+    player.show();
+    player.Stop();
+    HandleEvents();
+    const QImage first = player.grab().toImage();
+    QTest::qWait(150);
+    EXPECT_EQ(player.grab().toImage(), first);
+}
+
+TEST(PathLabels, ShowTheirTextAsItStandsAndKeepItWhole) {
+    PathLabel label;
+    const QString path = QStringLiteral("D:\\TARVEX\\<b>x</b>\\").repeated(30);
+    label.setText(path);
+    EXPECT_EQ(label.text(), path);
+    EXPECT_EQ(label.textFormat(), Qt::PlainText);
+    EXPECT_LT(label.minimumSizeHint().width(), label.fontMetrics().horizontalAdvance(path) / 4);
+}
+
+TEST(Screens, TheWindowsOwnButtonStandsForTheWayOut) {
+    auto* screen = new OneButtonScreen("frmWayOut");
+    const QPointer<Screen> alive(screen);
+    screen->ShowModal();
+    HandleEvents();
+    EXPECT_TRUE(screen->isModal());
+    QSignalSpy unloaded(screen, &Screen::Unloaded);
+    screen->close();
+    HandleEvents();
+    EXPECT_EQ(unloaded.count(), 1);
+    EXPECT_TRUE(alive.isNull());
+}
+
+TEST(Screens, RememberWhereTheOperatorLeftThem) {
+    auto* first = new OneButtonScreen("frmPlace");
+    first->show();
+    first->setGeometry(90, 80, 400, 300);
+    HandleEvents();
+    Click(*first, "cmdHome");
+    OneButtonScreen second("frmPlace");
+    second.show();
+    HandleEvents();
+    EXPECT_EQ(second.geometry(), QRect(90, 80, 400, 300));
+    OneButtonScreen other("frmOtherPlace");
+    other.show();
+    EXPECT_NE(other.size(), QSize(400, 300));
+}
+
+}  // namespace Dorvane

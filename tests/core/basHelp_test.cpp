@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/basHelp.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/ScriptedDesktop.h"
+#include "tests/support/TestSite.h"
+
+namespace Dorvane {
+
+using namespace Testing;
+
+TEST(Help, NamesTheFileInTheProgramsFolderAndTheWindow) {
+    const TestSite site;
+    ScriptedDesktop screen;
+    ShowHelpContents("Main");
+    ShowHelpIndex("Main");
+    EXPECT_EQ(screen.Started, (std::vector<std::string>{"help P:\\DORVANE\\help\\DorvaneHelp.chm>Main 1",
+                                                        "help P:\\DORVANE\\help\\DorvaneHelp.chm>Main 2"}));
+}
+
+}  // namespace Dorvane
