@@ -59,7 +59,7 @@ function(dorvane_screen_tests name)
   cmake_parse_arguments(TESTS "" "" "SOURCES;USES" ${ARGN})
   add_executable(test_${name}_screens ${TESTS_SOURCES})
   target_include_directories(test_${name}_screens PRIVATE "${PROJECT_SOURCE_DIR}")
-  target_link_libraries(test_${name}_screens PRIVATE ${TESTS_USES} dorvane_screen_testing)
+  target_link_libraries(test_${name}_screens PRIVATE ${TESTS_USES} dorvane_screen_test_main)
   # What the screens show comes from the program folder.
   add_dependencies(test_${name}_screens dorvane_site)
   target_compile_definitions(test_${name}_screens PRIVATE DORVANE_FOLDER="${DORVANE_FOLDER}")
