@@ -21,14 +21,12 @@ bool BrowseFrom(std::string& path, bool& missing, const std::string& title) {
 
 }  // namespace
 
-void BrowseUploadSource(UploadState& state) {
-    if (BrowseFrom(state.FromPath, state.FromPathMissing, "Upload Data From "))
-        TotalUpdate(state);
+bool BrowseUploadSource(UploadState& state) {
+    return BrowseFrom(state.FromPath, state.FromPathMissing, "Upload Data From ");
 }
 
-void BrowseUploadTarget(UploadState& state) {
-    if (BrowseFrom(state.ToPath, state.ToPathMissing, "Upload Data To "))
-        TotalUpdate(state);
+bool BrowseUploadTarget(UploadState& state) {
+    return BrowseFrom(state.ToPath, state.ToPathMissing, "Upload Data To ");
 }
 
 bool AskReductionFolder(std::string& folder) {

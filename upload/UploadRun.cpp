@@ -38,11 +38,13 @@ bool PrepareUpload(UploadState& state, List1<FileEntry>& files, std::string& sur
         ShowWarning("No file(s) selected.  Can not upload data", "Missing File Name");
         return false;
     }
-    if (!FolderExists(state.ToPath)) {
+    state.ToPathMissing = !FolderExists(state.ToPath);
+    if (state.ToPathMissing) {
         ShowWarning("To path is not a valid folder.  Can not upload data", "Missing Folder");
         return false;
     }
-    if (!FolderExists(state.FromPath)) {
+    state.FromPathMissing = !FolderExists(state.FromPath);
+    if (state.FromPathMissing) {
         ShowWarning("From path is not a valid folder.  Can not upload data", "Missing Folder");
         return false;
     }

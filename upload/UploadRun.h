@@ -4,27 +4,13 @@
 #include <cstdint>
 #include <string>
 
+#include "core/FileMeter.h"
 #include "core/List1.h"
 #include "datatree/basTarvex.h"
 #include "upload/UploadState.h"
 
 // The commands of the upload screen, without the screen.
 namespace Dorvane {
-
-/// The window that shows how far a run over several files has come. Its bar counts files, from 0 to the
-/// number that Open is given. As it stands it shows nothing.
-class FileMeter {
-  public:
-    virtual ~FileMeter() = default;
-    virtual void Open(int fileCount) { static_cast<void>(fileCount); }
-    /// The file that is now at work; `to` is empty where a file goes nowhere.
-    virtual void ShowFile(const std::string& from, const std::string& to) {
-        static_cast<void>(from);
-        static_cast<void>(to);
-    }
-    virtual void Advance(int filesDone) { static_cast<void>(filesDone); }
-    virtual void Close() {}
-};
 
 /// Lists the files of a selection: those of the one name or pattern, or of each pattern in turn. A file that
 /// two patterns match stands twice. Returns their number. Error 9 for more than 50 patterns, 6 past 32767

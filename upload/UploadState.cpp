@@ -70,19 +70,20 @@ void Update(UploadState& state) {
         List1<FileEntry> files;
         GetFiles(files, state.FromPath, "*.*");
         state.FileNames.Clear();
+        state.FileCount = files.Count();
         ListPatterns(state.CurrentDataType, state.FileNames);
         for (const FileEntry& file : files)
             state.FileNames.Add(file.Name);
         state.FileSelection = state.FileNames[1];
         const bool waiting = GetFiles(files, state.FromPath, "*.99*") > 0;
-        state.WasteBin = waiting ? "graphics\\trashfull.ico" : "graphics\\trashempty.ico";
+        state.WasteBin = waiting ? "trashfull.ico" : "trashempty.ico";
     });
 }
 
 std::string CopyAnimation(const std::string& dataTypeName) {
-    const std::string graphics = AppPath() + "graphics\\";
     const std::string own = IniReadString("Datatype.ini", dataTypeName, "FileCopy");
-    return graphics + (!own.empty() && FileExists(graphics + own) ? own : "filecopy.avi");
+    const bool isName = own.find_first_of("\\/:*?") == std::string::npos;
+    return isName && FileExists(AppPath() + "graphics\\" + own) ? own : "filecopy.avi";
 }
 
 }  // namespace Dorvane

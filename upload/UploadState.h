@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "core/List1.h"
@@ -20,7 +21,8 @@ struct UploadState {
     List1<std::string> FileNames;  // lstFileNames: the patterns, then the files of the collection folder
     std::string FileSelection;     // lblFileSelection: a file's name, or patterns separated by blanks
     bool PrintUpload = false;      // chkPrintUpload
-    std::string WasteBin;          // picture of cmdDelete999, below the program's folder
+    std::string WasteBin;          // picture of cmdDelete999
+    std::int16_t FileCount = 0;    // files in the collection folder when it was last listed
 };
 
 /// Takes the folders and the print switch from section "Upload Select" of dv_tarvex.ini, and derives the
@@ -38,8 +40,8 @@ void TotalUpdate(UploadState& state);
 /// it was when the collection folder does not exist. Reports as "frmUploadMenu-Update".
 void Update(UploadState& state);
 
-/// The animation of the meters, as a path: what key `FileCopy` names in the data type's section of
-/// "Datatype.ini" when the program's graphics folder holds it, else the one for all.
+/// The animation of the meters, by its name in the program's graphics folder: what key `FileCopy` names in
+/// the data type's section of "Datatype.ini" when the folder holds just that file, else the one for all.
 std::string CopyAnimation(const std::string& dataTypeName);
 
 }  // namespace Dorvane

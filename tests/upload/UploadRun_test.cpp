@@ -94,7 +94,7 @@ TEST_F(UploadSelectionTest, UploadsFileAfterFileAndShowsHowFarItIs) {
     EXPECT_EQ(FileContent(To + Index), IndexHead +
                                            "A        LEV       A                   3/7/2026\r\n"
                                            "B        LEV       B                   3/7/2026\r\n");
-    EXPECT_EQ(State.WasteBin, "graphics\\trashfull.ico");
+    EXPECT_EQ(State.WasteBin, "trashfull.ico");
     EXPECT_EQ(State.FileNames[4], "A.999");
 }
 
@@ -141,6 +141,8 @@ TEST_F(UploadSelectionTest, SaysWhenTheTargetIsNoFolderBeforeItLooksAtTheSource)
     State.FromPath = "C:\\GONE\\";
     ExpectWarning("Missing Folder", "To path is not a valid folder.  Can not upload data");
     Upload();
+    EXPECT_TRUE(State.ToPathMissing);
+    EXPECT_FALSE(State.FromPathMissing);
 }
 
 TEST_F(UploadSelectionTest, SaysWhenTheSourceIsNoFolder) {
@@ -148,6 +150,18 @@ TEST_F(UploadSelectionTest, SaysWhenTheSourceIsNoFolder) {
     State.FromPath = "C:\\GONE\\";
     ExpectWarning("Missing Folder", "From path is not a valid folder.  Can not upload data");
     Upload();
+    EXPECT_TRUE(State.FromPathMissing);
+    EXPECT_FALSE(State.ToPathMissing);
+}
+
+TEST_F(UploadSelectionTest, MarksFoldersThatCameBackAsThere) {
+    PutSource("A.LEV", "a");
+    State.FromPathMissing = true;
+    State.ToPathMissing = true;
+    State.FileSelection = "A.LEV";
+    Upload();
+    EXPECT_FALSE(State.FromPathMissing);
+    EXPECT_FALSE(State.ToPathMissing);
 }
 
 TEST_F(UploadSelectionTest, SaysWhenThereAreNoFiles) {
@@ -239,7 +253,7 @@ TEST_F(DeleteUploadedTest, DeletesEveryExtensionThatBeginsWith99) {
     EXPECT_EQ(Meter.Calls[8], "4");
     EXPECT_EQ(Meter.Calls[9], "close");
     EXPECT_EQ(Desktop.Yields, 4);
-    EXPECT_EQ(State.WasteBin, "graphics\\trashempty.ico");
+    EXPECT_EQ(State.WasteBin, "trashempty.ico");
 }
 
 TEST_F(DeleteUploadedTest, SaysWhenThereIsNothingToDelete) {

@@ -46,6 +46,7 @@ TEST_F(UpdateTest, OffersEachPatternThenAllThenTheFiles) {
     PutSource("A.LEV", "");
     TotalUpdate(State);
     EXPECT_EQ(State.FileNames, (Words{"*.LEV", "*.DAT", "*.LEV *.DAT ", "A.LEV", "B.TXT"}));
+    EXPECT_EQ(State.FileCount, 2);
     EXPECT_EQ(State.FileSelection, "*.LEV");
 }
 
@@ -78,14 +79,14 @@ TEST_F(UpdateTest, LeavesAllAsItWasWithoutACollectionFolder) {
 TEST_F(UpdateTest, ShowsAnEmptyWasteBin) {
     PutSource("A.LEV", "");
     Update(State);
-    EXPECT_EQ(State.WasteBin, "graphics\\trashempty.ico");
+    EXPECT_EQ(State.WasteBin, "trashempty.ico");
 }
 
 TEST_F(UpdateTest, ShowsAFullWasteBinForAnyExtensionThatBeginsWith99) {
     for (const char* name : {"A.999", "A.990", "A.99", "A.99X"}) {
         PutSource(name, "");
         Update(State);
-        EXPECT_EQ(State.WasteBin, "graphics\\trashfull.ico") << name;
+        EXPECT_EQ(State.WasteBin, "trashfull.ico") << name;
         std::remove((Site.HostFolder() + "c:/FIELD/" + name).c_str());
     }
 }
@@ -144,10 +145,26 @@ TEST_F(SaveUploadStateTest, WritesOnlyFoldersThatExist) {
 
 TEST_F(CopyAnimationTest, TakesTheTypesOwnWhenItIsThere) {
     PutLines("C:\\WINDOWS\\Datatype.ini", {"[LEVEL]", "FileCopy=level.avi"});
-    EXPECT_EQ(CopyAnimation("LEVEL"), "P:\\DORVANE\\graphics\\filecopy.avi");
+    EXPECT_EQ(CopyAnimation("LEVEL"), "filecopy.avi");
     PutFile("P:\\DORVANE\\graphics\\level.avi", "x");
-    EXPECT_EQ(CopyAnimation("LEVEL"), "P:\\DORVANE\\graphics\\level.avi");
-    EXPECT_EQ(CopyAnimation("TOTAL"), "P:\\DORVANE\\graphics\\filecopy.avi");
+    EXPECT_EQ(CopyAnimation("LEVEL"), "level.avi");
+    EXPECT_EQ(CopyAnimation("TOTAL"), "filecopy.avi");
+    EXPECT_EQ(CopyAnimation(""), "filecopy.avi");
+}
+
+TEST_F(CopyAnimationTest, TakesNoDrawingOfTheSameBaseNameForTheTypesOwn) {
+    PutLines("C:\\WINDOWS\\Datatype.ini", {"[LEVEL]", "FileCopy=level.avi"});
+    PutFile("P:\\DORVANE\\graphics\\level.svg", "x");
+    EXPECT_EQ(CopyAnimation("LEVEL"), "filecopy.avi");
+}
+
+TEST_F(CopyAnimationTest, TakesOnlyANameForTheTypesOwn) {
+    PutFile("P:\\DORVANE\\graphics\\level.avi", "x");
+    PutFile("P:\\DORVANE\\other.avi", "x");
+    for (const char* value : {"*.avi", "level.av?", "..\\other.avi", "P:\\DORVANE\\other.avi", "", "  "}) {
+        PutLines("C:\\WINDOWS\\Datatype.ini", {"[LEVEL]", std::string("FileCopy=") + value});
+        EXPECT_EQ(CopyAnimation("LEVEL"), "filecopy.avi") << value;
+    }
 }
 
 }  // namespace
