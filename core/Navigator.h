@@ -52,13 +52,18 @@ class Navigator {
     virtual void OpenDownload() = 0;
     virtual void OpenUpload() = 0;
     virtual void OpenInput() = 0;
-    virtual void OpenAdjustment() = 0;
+    /// `inputPath` is the input file to begin with, or empty.
+    virtual void OpenAdjustment(const std::string& inputPath = "") = 0;
     virtual void OpenDatabase() = 0;
+    virtual void OpenRetrieval() = 0;
+    virtual void OpenUpdate() = 0;
     virtual void OpenCalibration() = 0;
     virtual void OpenReduction(const std::string& folder) = 0;
 
     /// The folder picker. Its title is its mode, `folder` where it goes to; `then` runs when it is closed.
     virtual void OpenTree(const std::string& title, const std::string& folder, const Then& then = {}) = 0;
+    /// The folder picker in the middle of a procedure: returns when it is closed.
+    virtual void OpenTreeAndWait(const std::string& title, const std::string& folder) = 0;
     /// What the folder picker answers: the label of the caller is set, and the caller made visible.
     virtual void ReturnToUpload(const std::string& folder) = 0;
     virtual void ReturnToInput(const std::string& folder) = 0;
@@ -67,6 +72,11 @@ class Navigator {
                            const std::function<void(const SurveyAnswer&)>& then) = 0;
     virtual void AskCalibration(const std::string& directory,
                                 const std::function<void(const CalibrationAnswer&)>& then) = 0;
+
+    /// The weights of the observation kinds; `then` is told whether they were saved.
+    virtual void OpenWeights(const std::function<void(bool saved)>& then) = 0;
+    /// The versions of an input file: the texts of txtInput and cmbVersion of the adjustment screen.
+    virtual void OpenVersions(const std::string& inputPath, const std::string& version, const Then& then) = 0;
 
     /// The waiting window while something long is read.
     virtual void ShowSearch(const std::string& text) = 0;

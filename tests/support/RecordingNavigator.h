@@ -25,12 +25,29 @@ class RecordingNavigator : public Navigator {
     void OpenDownload() override { Calls.emplace_back("OpenDownload"); }
     void OpenUpload() override { Calls.emplace_back("OpenUpload"); }
     void OpenInput() override { Calls.emplace_back("OpenInput"); }
-    void OpenAdjustment() override { Calls.emplace_back("OpenAdjustment"); }
+    void OpenAdjustment(const std::string& inputPath) override {
+        Calls.push_back(inputPath.empty() ? "OpenAdjustment" : "OpenAdjustment " + inputPath);
+    }
     void OpenDatabase() override { Calls.emplace_back("OpenDatabase"); }
+    void OpenRetrieval() override { Calls.emplace_back("OpenRetrieval"); }
+    void OpenUpdate() override { Calls.emplace_back("OpenUpdate"); }
     void OpenCalibration() override { Calls.emplace_back("OpenCalibration"); }
     void OpenReduction(const std::string& folder) override { Calls.push_back("OpenReduction " + folder); }
     void OpenTree(const std::string& title, const std::string& folder, const Then& then) override {
         Calls.push_back("OpenTree " + title + "|" + folder);
+        WhenClosed = then;
+    }
+    void OpenTreeAndWait(const std::string& title, const std::string& folder) override {
+        Calls.push_back("OpenTreeAndWait " + title + "|" + folder);
+        if (OnTreeWaited)
+            OnTreeWaited();
+    }
+    void OpenWeights(const std::function<void(bool)>& then) override {
+        Calls.emplace_back("OpenWeights");
+        WeightsAnswered = then;
+    }
+    void OpenVersions(const std::string& inputPath, const std::string& version, const Then& then) override {
+        Calls.push_back("OpenVersions " + inputPath + "|" + version);
         WhenClosed = then;
     }
     void ReturnToUpload(const std::string& folder) override { Calls.push_back("ReturnToUpload " + folder); }
@@ -55,6 +72,8 @@ class RecordingNavigator : public Navigator {
 
     std::vector<std::string> Calls;
     Then WhenClosed;
+    std::function<void()> OnTreeWaited;  // what the operator does in the folder picker meanwhile
+    std::function<void(bool)> WeightsAnswered;
     std::function<void(const SurveyAnswer&)> SurveyAnswered;
     std::function<void(const CalibrationAnswer&)> CalibrationAnswered;
 
