@@ -7,6 +7,7 @@
 
 #include "core/Globals.h"
 #include "core/List1.h"
+#include "core/Navigator.h"
 #include "datatree/Sorter.h"
 #include "datatree/TreeModel.h"
 
@@ -48,17 +49,6 @@ struct WaitingWindow {
 
 /// Reads the whole tree into the global PathRecords under a waiting window with this text.
 void ReloadPathRecords(const WaitingWindow& waiting, const std::string& text);
-
-/// What the operator chose to add. One of the first four is empty when the choice was cancelled.
-struct SurveyAnswer {
-    std::string Root;
-    std::string Location;
-    std::string TypeMulti;  // the chosen data types, each followed by one blank
-    std::string Epoch;
-    std::string NewHistory;
-
-    bool operator==(const SurveyAnswer&) const = default;
-};
 
 /// What adding a survey needs of the higher floors. Folders end in a backslash.
 struct SurveyServices {
