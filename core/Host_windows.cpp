@@ -288,7 +288,10 @@ std::intptr_t ClaimSingleInstance(const std::string& name) {
 }
 
 std::intptr_t LoadLibrary(const std::string& path, std::string& reason) {
-    const HMODULE library = LoadLibraryW(Wide(path).c_str());
+    // What a library needs is looked for beside it, whatever folder the program lies in.
+    const bool named = path.find('\\') == std::string::npos;
+    const HMODULE library =
+        LoadLibraryExW(Wide(path).c_str(), nullptr, named ? 0 : LOAD_WITH_ALTERED_SEARCH_PATH);
     if (library == nullptr)
         reason = "error " + std::to_string(GetLastError());
     return reinterpret_cast<std::intptr_t>(library);
