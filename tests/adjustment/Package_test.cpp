@@ -4,57 +4,24 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
-#include "core/Drives.h"
-#include "core/RunTimeError.h"
+#include "tests/adjustment/PackageSite.h"
 #include "tests/support/ScriptedDesktop.h"
-#include "tests/support/TestSite.h"
 
 namespace Dorvane {
 namespace {
 
 using testing::ElementsAre;
+using Testing::ErrorOf;
 using testing::HasSubstr;
 using Testing::PutFile;
 
 class Package : public testing::Test {
   protected:
-    Package() {
-        Set("PACKAGE_LOG", Site.HostFolder() + "calls.log");
-        for (const char* name : {"PACKAGE_START", "PACKAGE_GO", "PACKAGE_LEAVES"})
-            unsetenv(name);
-    }
+    static void Set(const char* name, const std::string& value) { Testing::PackageSite::Set(name, value); }
+    static void Install(const std::string& library) { Testing::PackageSite::Install(library); }
+    std::vector<std::string> Calls() const { return Site.Calls(); }
 
-    static void Set(const char* name, const std::string& value) { setenv(name, value.c_str(), 1); }
-
-    static void Install(const std::string& library) {
-        Drives::CopyFile(Drives::DrivePath(library), "P:\\DORVANE\\" + KrennPackage::LibraryName());
-    }
-
-    std::vector<std::string> Calls() {
-        const std::string text = Testing::FileContent(Drives::DrivePath(Site.HostFolder() + "calls.log"));
-        std::vector<std::string> calls;
-        std::size_t start = 0;
-        for (std::size_t end = text.find('\n'); end != std::string::npos; end = text.find('\n', start)) {
-            calls.push_back(text.substr(start, end - start));
-            start = end + 1;
-        }
-        return calls;
-    }
-
-    template <class Body>
-    RunTimeError ErrorOf(const Body& body) {
-        try {
-            body();
-        } catch (const RunTimeError& error) {
-            return error;
-        }
-        ADD_FAILURE() << "nothing was raised";
-        return RunTimeError(0);
-    }
-
-    Testing::TestSite Site;
+    Testing::PackageSite Site;
     Testing::ScriptedDesktop Desktop;
 };
 

@@ -5,9 +5,12 @@
 #include <cstring>
 #include <string>
 
+#include "tests/adjustment/package/Deeds.h"
+
 // A package for the tests of its calls. Each call adds a line to the file named by PACKAGE_LOG; the results
 // are the numbers in PACKAGE_START and PACKAGE_GO. PACKAGE_LEAVES is written over the path that was handed
-// over.
+// over. PACKAGE_START_DOES, PACKAGE_GO_DOES and PACKAGE_STOP_DOES name what a call does beside it, see
+// Deeds.h.
 namespace {
 
 std::string Variable(const char* name) {
@@ -28,6 +31,7 @@ std::int16_t Number(const char* name) {
 
 std::int16_t Started(const char* names, char* path) {
     Record(std::string(names) + " start " + path);
+    PackageDeeds::Do(Variable("PACKAGE_START_DOES"));
     const std::string leaves = Variable("PACKAGE_LEAVES");
     if (!leaves.empty())
         std::memcpy(path, leaves.c_str(), leaves.size() + 1);
@@ -36,6 +40,7 @@ std::int16_t Started(const char* names, char* path) {
 
 [[maybe_unused]] std::int16_t Gone(const char* names, std::int32_t type) {
     Record(std::string(names) + " go " + std::to_string(type));
+    PackageDeeds::Do(Variable("PACKAGE_GO_DOES"));
     return Number("PACKAGE_GO");
 }
 
@@ -53,6 +58,7 @@ std::int16_t go(std::int32_t type) {
 #endif
 void stop() {
     Record("plain stop");
+    PackageDeeds::Do(Variable("PACKAGE_STOP_DOES"));
 }
 
 #ifdef PACKAGE_DECORATED
