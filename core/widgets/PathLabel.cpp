@@ -6,6 +6,8 @@
 #include <QStyle>
 #include <QToolTip>
 
+#include "core/widgets/ScreenText.h"
+
 namespace Dorvane {
 
 PathLabel::PathLabel(QWidget* parent) : QLabel(parent) {
@@ -33,7 +35,7 @@ void PathLabel::paintEvent(QPaintEvent* /*event*/) {
 
 bool PathLabel::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text().toHtmlEscaped(), this);
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), ToTip(FromScreen(text())), this);
         return true;
     }
     return QLabel::event(event);

@@ -15,4 +15,7 @@ std::string FromScreen(const QString& text);
 /// A text for a control that reads "&" as a mnemonic, so that a name with "&" shows as it stands.
 QString ToCaption(const std::string& text);
 
+/// A text for a tool tip, which shows as it stands, whatever markup is in it.
+QString ToTip(const std::string& text);
+
 }  // namespace Dorvane

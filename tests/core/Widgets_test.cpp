@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 
+#include <QHelpEvent>
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 #include "core/Drives.h"
 #include "core/RunTimeError.h"
 #include "core/widgets/Animation.h"
+#include "core/widgets/HomeLook.h"
 #include "core/widgets/PathLabel.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/Screen.h"
@@ -54,6 +57,11 @@ TEST(ScreenTexts, CarryEveryCharacterOfTheCodePageUnharmed) {
     EXPECT_EQ(ToCaption("A&B").toStdString(), "A&&B");
 }
 
+TEST(ScreenTexts, ShowMarkupInATipAsItStands) {
+    EXPECT_EQ(ToTip("A & B").toStdString(), "A & B");
+    EXPECT_EQ(ToTip("<b>A & B</b>").toStdString(), "<span>&lt;b&gt;A &amp; B&lt;/b&gt;</span>");
+}
+
 class PictureFolder : public testing::Test {
   protected:
     PictureFolder() { UseShippedPictures(); }
@@ -66,6 +74,23 @@ TEST_F(PictureFolder, TakesTheDrawingWhereTheNamedFileIsNotThere) {
     EXPECT_EQ(PictureFile("trashfull.ico"), "P:\\DORVANE\\graphics\\trashfull.ico");
     EXPECT_EQ(PictureFile("absent.ico"), "");
     EXPECT_EQ(PictureFile(""), "");
+}
+
+TEST_F(PictureFolder, DressesAButtonLikeThatOfTheHomeMenu) {
+    PutLines("C:\\WINDOWS\\dv_main.ini", {"[Main Icons]", "Icon5=input.ico", "Icon6=none-such.ico",
+                                          "Icon7=text.ico", "[Main Tips]", "Tip5=Create <it>", "Tip6="});
+    PutFile("P:\\DORVANE\\graphics\\text.ico", "no picture");
+    QPushButton button;
+    button.setToolTip(QStringLiteral("Own tip"));
+    for (const int nothingThere : {1, 6}) {
+        DressLikeHome(button, nothingThere);
+        EXPECT_TRUE(button.icon().isNull());
+        EXPECT_EQ(button.toolTip(), QStringLiteral("Own tip"));
+    }
+    DressLikeHome(button, 5);
+    EXPECT_FALSE(button.icon().isNull());
+    EXPECT_EQ(button.toolTip(), ToTip("Create <it>"));
+    EXPECT_EQ(ErrorOf([&] { DressLikeHome(button, 7); }), 481);
 }
 
 TEST_F(PictureFolder, IsCrispAtTwiceTheSize) {
@@ -115,6 +140,18 @@ TEST(PathLabels, ShowTheirTextAsItStandsAndKeepItWhole) {
     EXPECT_EQ(label.text(), path);
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
     EXPECT_LT(label.minimumSizeHint().width(), label.fontMetrics().horizontalAdvance(path) / 4);
+}
+
+TEST(PathLabels, TellTheWholePathAsTheirTip) {
+    for (const char* path : {"D:\\A & B\\", "D:\\<b>A & B</b>\\"}) {
+        PathLabel label;
+        label.setText(QLatin1String(path));
+        label.show();
+        QHelpEvent asked(QEvent::ToolTip, label.rect().center(), label.mapToGlobal(label.rect().center()));
+        QApplication::sendEvent(&label, &asked);
+        EXPECT_EQ(QToolTip::text(), ToTip(path));
+    }
+    QToolTip::hideText();
 }
 
 TEST(Screens, TheWindowsOwnButtonStandsForTheWayOut) {
