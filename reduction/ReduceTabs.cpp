@@ -4,7 +4,6 @@
 #include "core/Globals.h"
 #include "core/ProfileStore.h"
 #include "core/ReportError.h"
-#include "core/basGeneral.h"
 #include "datatree/Sorter.h"
 #include "datatree/basRead.h"
 #include "upload/DataTypes.h"
@@ -29,8 +28,7 @@ bool ReadTab(const std::string& section, const std::string& extension, ReduceTab
     tab.CalibrationType = key("_Calib");
     tab.ReduceList = key("_Reduce");
     tab.RunTip = key("_RedTip");
-    const std::string picture = AppPath() + "graphics\\" + key("_RedIcon");
-    tab.RunPicture = FileExists(picture) ? picture : "";
+    tab.RunPicture = key("_RedIcon");
     return true;
 }
 

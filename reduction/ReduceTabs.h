@@ -14,7 +14,7 @@ struct ReduceTab {
     std::string Name;             // caption
     std::string CalibrationType;  // empty: no calibration choice is shown
     std::string ReduceList;       // program, then its result files, as the profile has them
-    std::string RunPicture;       // picture of cmdReduce as a path; empty when there is no such file
+    std::string RunPicture;       // picture of cmdReduce: a file name in the program's graphics folder
     std::string RunTip;
     List1<std::string> Epochs;  // cmbCalibEpoch: "none", then the epochs of the calibration type
     int Epoch = 0;              // the chosen one, from 1

@@ -35,7 +35,8 @@ bool RunProgram(const std::string& program, Guard& guard) {
 
 }  // namespace
 
-void RunReduction(ReduceState& state, int tab) {
+bool RunReduction(ReduceState& state, int tab) {
+    bool redraw = false;
     Guarded("frmReduce-cmdReduce_Click", [&](Guard& guard) {
         ReduceTab& own = state.Tabs[tab];
         std::string surveyIndexName;
@@ -52,7 +53,9 @@ void RunReduction(ReduceState& state, int tab) {
         if (!RunProgram(reduceTokens[1], guard))
             return;
         ReduceIconSetup(state.Folder, own.Reduction, own.ReduceList, own.Extension, state.ExtraExtension);
+        redraw = true;
     });
+    return redraw;
 }
 
 }  // namespace Dorvane

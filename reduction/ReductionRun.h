@@ -10,6 +10,7 @@ namespace Dorvane {
 /// When the parameter file could not be written whole, or the program is not there, which a message says, the
 /// run ends with the old results gone and the tab as it was. Neither a failed start nor the program's exit
 /// code is looked at. The current drive becomes that of Param_path. Reports as "frmReduce-cmdReduce_Click".
-void RunReduction(ReduceState& state, int tab);
+/// True when the tab is to be drawn anew from its state.
+bool RunReduction(ReduceState& state, int tab);
 
 }  // namespace Dorvane

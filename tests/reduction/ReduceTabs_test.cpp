@@ -24,7 +24,6 @@ TEST_F(SetupReduceTabsTest, MakesATabOfEachNamedExtension) {
                      "[LEVEL]", "Extension=LEV DAT", "LEV_Name=Levelling", "LEV_Calib=STAFF",
                      "LEV_Reduce=lev.exe, one.res", "LEV_RedIcon=lev.ico", "LEV_RedTip=Reduce levels",
                      "DAT_Name=Data"});
-    PutFile("P:\\DORVANE\\graphics\\LEV.ICO", "x");
     Put("DAY1.LEV", "x");
     Put("ONE.RES", "x");
     ASSERT_TRUE(Tabs());
@@ -37,7 +36,7 @@ TEST_F(SetupReduceTabsTest, MakesATabOfEachNamedExtension) {
     EXPECT_EQ(first.Name, "Levelling");
     EXPECT_EQ(first.CalibrationType, "STAFF");
     EXPECT_EQ(first.ReduceList, "lev.exe, one.res");
-    EXPECT_EQ(first.RunPicture, "P:\\DORVANE\\graphics\\lev.ico");
+    EXPECT_EQ(first.RunPicture, "lev.ico");
     EXPECT_EQ(first.RunTip, "Reduce levels");
     EXPECT_EQ(first.Data.Tag, "1");
     EXPECT_EQ(first.Reduction.Picture.Tag, "1");
