@@ -123,6 +123,7 @@ TEST_F(ChildPackage_, IsNotDisturbedByWhatThePackagePrints) {
         Site.Set(call, "make noise");
     Site.Set("PACKAGE_GO", "12");
     testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
     ChildPackage package;
     std::string path = "D:\\X.INP";
     EXPECT_EQ(package.Start(path), 0);
@@ -130,6 +131,8 @@ TEST_F(ChildPackage_, IsNotDisturbedByWhatThePackagePrints) {
     package.Stop();
     const std::string noise = testing::internal::GetCapturedStdout();
     EXPECT_EQ(noise.find("done 99\n"), 0U);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "error 98 nonsense\nerror 98 nonsense\nerror 98 nonsense\n");
     EXPECT_EQ(noise.size(), 3 * (20000 * 8 + 18));
 }
 

@@ -25,6 +25,7 @@ inline void MakeNoise() {
         std::puts("done 99");
     std::fputs("a line without end", stdout);
     std::fflush(stdout);
+    std::fputs("error 98 nonsense\n", stderr);
 }
 
 /// Waits until somebody opens the pipe of the file system that PACKAGE_GATE names.
