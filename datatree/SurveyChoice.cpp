@@ -11,16 +11,6 @@ namespace Dorvane {
 
 namespace {
 
-void ReadStructures(SurveyChoice& choice) {
-    const std::string& folder = Global().Init_path;
-    choice.Choices.Clear();
-    choice.Structures.Clear();
-    choice.Structures.Resize(MostSystems);
-    ReadChoiceFile(choice.Choices, folder, "CHOICES.SYS");
-    for (int i = 1; i <= choice.Choices.Count(); ++i)
-        ReadStrFile(choice.Structures, i, folder, choice.Choices[i].Name + ".STR");
-}
-
 // The structure of the chosen system, or nothing.
 const StructureRecord* ChosenStructure(const SurveyChoice& choice) {
     for (int i = 1; i <= choice.Choices.Count(); ++i)
@@ -79,13 +69,23 @@ void OfferFreeEpochs(SurveyChoice& choice, const StructureRecord& structure) {
 
 }  // namespace
 
+void ReadSystems(List1<ChoiceRecord>& choices, List1<StructureRecord>& structures) {
+    const std::string& folder = Global().Init_path;
+    choices.Clear();
+    structures.Clear();
+    structures.Resize(MostSystems);
+    ReadChoiceFile(choices, folder, "CHOICES.SYS");
+    for (int i = 1; i <= choices.Count(); ++i)
+        ReadStrFile(structures, i, folder, choices[i].Name + ".STR");
+}
+
 void SetSurveyDirectory(SurveyChoice& choice, const std::string& directory) {
     Guarded("frmAddSurvey-lblDirectory_Change", [&](Guard&) {
         choice.Directory = directory;
         choice.Root.clear();
         choice.Roots.Clear();
         ClearBelowRoot(choice);
-        ReadStructures(choice);
+        ReadSystems(choice.Choices, choice.Structures);
         List1<std::string> parts;
         int count = 0;
         if (FolderExists(choice.Directory))

@@ -12,6 +12,10 @@
 // "frmAddSurvey-" and the event; error 9 for a system beyond the 16 that the dialog has room for.
 namespace Dorvane {
 
+/// Reads CHOICES.SYS and the structure file of each of its systems, as a screen keeps them: room for 16
+/// structures, by the position in CHOICES.SYS.
+void ReadSystems(List1<ChoiceRecord>& choices, List1<StructureRecord>& structures);
+
 /// The dialog's structures and what its controls hold.
 struct SurveyChoice {
     List1<ChoiceRecord> Choices;
