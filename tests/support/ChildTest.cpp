@@ -34,6 +34,10 @@ void InChild(const std::function<bool()>& prepare, const std::function<void()>& 
             } catch (const RunTimeError& error) {
                 std::fprintf(stderr, "error %d in the child: %s\n", error.Number, error.what());
                 result = 1;
+            } catch (const std::exception& error) {
+                // What left the child by here would run the tests that follow a second time.
+                std::fprintf(stderr, "failure in the child: %s\n", error.what());
+                result = 1;
             }
         }
         std::fflush(nullptr);
