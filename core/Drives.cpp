@@ -92,6 +92,38 @@ std::string FindParts(std::string host, std::string_view path) {
     return host;
 }
 
+// The drive that a host path lies on, and how much of the path leads there.
+struct DrivePlace {
+    char Letter = 'Z';
+    std::size_t Length = 0;
+};
+
+bool LiesBelow(const std::string& path, const std::string& root) {
+    return path.compare(0, root.size(), root) == 0 &&
+           (path.size() == root.size() || path[root.size()] == '/');
+}
+
+// The drive whose link the path goes through as it stands, which also tells where a file is to be that is not
+// there yet. The drive of the host's root names no place of its own.
+std::optional<DrivePlace> PlaceByLink(const std::string& path) {
+    for (const char letter : DriveLetters()) {
+        const std::string link = LinkOf(letter);
+        if (LiesBelow(path, link) && Host::RealPath(link) != "/")
+            return DrivePlace{letter, link.size()};
+    }
+    return std::nullopt;
+}
+
+DrivePlace NearestDrive(const std::string& path) {
+    DrivePlace nearest;
+    for (const char letter : DriveLetters()) {
+        const std::string root = Host::RealPath(LinkOf(letter));
+        if (root != "/" && root.size() > nearest.Length && LiesBelow(path, root))
+            nearest = {letter, root.size()};
+    }
+    return nearest;
+}
+
 bool MatchesFrom(std::string_view name, std::string_view pattern) {
     if (pattern.empty())
         return name.empty();
@@ -170,25 +202,19 @@ std::string DrivePath(const std::string& hostPath) {
     if (Global().DrivesFolder.empty())
         Open();
     const bool folder = !hostPath.empty() && hostPath.back() == '/';
-    const std::string path = Host::RealPath(WithoutTrailingSlash(hostPath));
-    char nearest = 'Z';
-    std::size_t length = 0;
-    for (const char letter : DriveLetters()) {
-        const std::string root = WithoutTrailingSlash(Host::RealPath(LinkOf(letter)));
-        const bool above = path.compare(0, root.size(), root) == 0 &&
-                           (path.size() == root.size() || path[root.size()] == '/');
-        if (above && root.size() > length && root != "/") {
-            nearest = letter;
-            length = root.size();
-        }
+    std::string path = WithoutTrailingSlash(hostPath);
+    std::optional<DrivePlace> place = PlaceByLink(path);
+    if (!place) {
+        path = Host::RealPath(path);
+        place = NearestDrive(path);
     }
-    std::string rest = TextFromUtf8(path.substr(length));
+    std::string rest = TextFromUtf8(path.substr(place->Length));
     std::replace(rest.begin(), rest.end(), '/', '\\');
     if (rest.empty() || rest.front() != '\\')
         rest.insert(0, 1, '\\');
     if (folder && rest.back() != '\\')
         rest += '\\';
-    return std::string(1, nearest) + ":" + rest;
+    return std::string(1, place->Letter) + ":" + rest;
 }
 
 std::string DriveLetters() {

@@ -36,7 +36,8 @@ void Open(const std::string& hostFolder);
 /// not exist stand as given. Error 68 for a drive that is not there, 52 for an illegal path.
 std::string HostPath(std::string_view path);
 
-/// The drive path of a host path, by the drive whose folder is nearest above it.
+/// The drive path of a host path, which need not exist: by the drive link that it goes through, or by the
+/// drive whose folder is nearest above it.
 std::string DrivePath(const std::string& hostPath);
 
 /// The letters of the drives that are there, in upper case, rising.

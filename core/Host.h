@@ -30,8 +30,9 @@ FileInfo Inspect(
     const std::string& path);  // a link counts as what it leads to; errors but absence are raised
 
 std::vector<std::string> FolderNames(
-    const std::string& folder);                 // without "." and ".."; raises 76 when missing
-std::string RealPath(const std::string& path);  // links followed; the path itself if it fails
+    const std::string& folder);  // without "." and ".."; raises 76 when missing
+std::string RealPath(
+    const std::string& path);  // links followed as far as it exists; the path itself if it fails
 void CreateFolder(const std::string& path);
 void CreateLink(const std::string& link, const std::string& target);
 

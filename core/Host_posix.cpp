@@ -154,7 +154,7 @@ std::vector<std::string> FolderNames(const std::string& folder) {
 
 std::string RealPath(const std::string& path) {
     std::error_code failure;
-    const std::filesystem::path real = std::filesystem::canonical(path, failure);
+    const std::filesystem::path real = std::filesystem::weakly_canonical(path, failure);
     return failure ? path : real.string();
 }
 

@@ -88,6 +88,19 @@ TEST_F(DrivesTest, TranslatesHostPathsBackByTheNearestDrive) {
     EXPECT_EQ(Drives::DrivePath("/etc/hostname"), "Z:\\etc\\hostname");
 }
 
+TEST_F(DrivesTest, TranslatesTheHostPathOfAFileThatIsNotThereYet) {
+    EXPECT_EQ(Drives::DrivePath(Site.HostFolder() + "d:/NEW/A.TXT"), "D:\\NEW\\A.TXT");
+    std::filesystem::create_directory(Site.HostFolder() + "elsewhere");
+    std::filesystem::create_directory_symlink(Site.HostFolder() + "elsewhere", Site.HostFolder() + "e:");
+    EXPECT_EQ(Drives::DrivePath(Site.HostFolder() + "elsewhere/NEW/A.TXT"), "E:\\NEW\\A.TXT");
+}
+
+TEST_F(DrivesTest, KeepsAFolderThatLeadsOutOfTheDriveOnTheDrive) {
+    std::filesystem::create_directory(Site.HostFolder() + "elsewhere");
+    std::filesystem::create_directory_symlink(Site.HostFolder() + "elsewhere", Site.HostFolder() + "d:/LINK");
+    EXPECT_EQ(Drives::DrivePath(Site.HostFolder() + "d:/LINK/A.TXT"), "D:\\LINK\\A.TXT");
+}
+
 TEST_F(DrivesTest, ListsTheDrivesThatAreThere) {
     EXPECT_EQ(Drives::DriveLetters(), "CDPZ");
 }
