@@ -8,13 +8,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QProcess>
 #include <QTest>
+#include <filesystem>
 #include <stdexcept>
 
 #include "core/Drives.h"
 #include "core/Text.h"
 #include "core/widgets/ScreenText.h"
-#include "tests/support/TestSite.h"
 
 namespace Dorvane::Testing {
 
@@ -97,6 +98,26 @@ void ClickItem(QWidget& screen, const char* list, const std::string& text) {
     HandleEvents();
 }
 
+void InFreshProcess(const std::function<void()>& body) {
+    constexpr const char* mark = "DORVANE_FRESH_PROCESS";
+    if (qEnvironmentVariableIsSet(mark)) {
+        body();
+        return;
+    }
+    const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+    QProcess copy;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QLatin1String(mark), QStringLiteral("1"));
+    copy.setProcessEnvironment(environment);
+    copy.setProcessChannelMode(QProcess::ForwardedChannels);
+    copy.start(QApplication::applicationFilePath(),
+               {QStringLiteral("--gtest_filter=%1.%2")
+                    .arg(QLatin1String(test.test_suite_name()), QLatin1String(test.name()))});
+    ASSERT_TRUE(copy.waitForFinished(-1)) << copy.errorString().toStdString();
+    EXPECT_EQ(copy.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(copy.exitCode(), 0) << "failed in the copy, see above";
+}
+
 void HandleEvents() {
     for (int round = 0; round < 5; ++round) {
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -106,10 +127,8 @@ void HandleEvents() {
 }
 
 void UseShippedPictures() {
-    const std::string from = Drives::DrivePath(DORVANE_FOLDER "/graphics") + "\\";
-    MakeFolders("P:\\DORVANE\\graphics\\");
-    for (const Drives::Entry& entry : Drives::List(from))
-        Drives::CopyFile(from + entry.Name, "P:\\DORVANE\\graphics\\" + entry.Name);
+    // Not by the drives, which would flush each of them to disk.
+    std::filesystem::copy(DORVANE_FOLDER "/graphics", Drives::HostPath("P:\\DORVANE\\graphics"));
 }
 
 }  // namespace Dorvane::Testing

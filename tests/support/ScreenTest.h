@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QWidget>
+#include <functional>
 #include <string>
 
 class QAction;
@@ -39,6 +40,11 @@ bool IsShown(QWidget& screen, const char* name);
 /// The texts of a list, and a click on the item of a text.
 std::vector<std::string> Items(QWidget& screen, const char* list);
 void ClickItem(QWidget& screen, const char* list, const std::string& text);
+
+/// Runs this test in a copy of the test program that has shown nothing yet. What runs a child process (see
+/// TestSite.h) has to start so: the toolkit paints with threads, which a child of a process that has painted
+/// lacks and waits for.
+void InFreshProcess(const std::function<void()>& body);
 
 /// Handles all events that wait, deferred deletions too.
 void HandleEvents();
