@@ -9,6 +9,7 @@
 #include <QShowEvent>
 #include <QSignalBlocker>
 #include <QTimer>
+#include <algorithm>
 #include <utility>
 
 #include "core/Drives.h"
@@ -55,6 +56,9 @@ frmTree::frmTree(Navigator& navigator, SurveyServices services)
     Form->setupUi(this);
     const QFontMetrics metrics = fontMetrics();
     resize(metrics.averageCharWidth() * 120, metrics.lineSpacing() * 36);
+    const int picture = std::max(16, metrics.lineSpacing());
+    Form->trvDirectory->setIconSize({picture, picture});
+    Form->lsvFiles->setIconSize({picture, picture});
     Form->splTree->setSizes({metrics.averageCharWidth() * 60, metrics.averageCharWidth() * 60});
     Form->splTree->restoreState(QSettings().value(SplitterPlace).toByteArray());
     FolderPanel = AddPanel(*Form->sbrTree, QStringLiteral("sbrTreePanel1"), 1);
@@ -124,10 +128,15 @@ void frmTree::ConnectButtons() {
             Form->cmdOK->click();
     });
     connect(Form->lsvFiles, &QListWidget::itemSelectionChanged, this, &frmTree::lsvFiles_ItemClick);
-    connect(Form->lsvFiles, &QListWidget::itemActivated, this, [this] {
+    // Not by the list's own activation, which is a single click on some desktops.
+    const auto edit = [this] {
         if (Form->cmdEdit->isVisible())
             Form->cmdEdit->click();
-    });
+    };
+    connect(Form->lsvFiles, &QListWidget::itemDoubleClicked, this, edit);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
+        connect(new QShortcut(key, Form->lsvFiles, nullptr, nullptr, Qt::WidgetShortcut),
+                &QShortcut::activated, this, edit);
     OnClick(Form->cmdOK, "frmTree-cmdOK_Click", &frmTree::cmdOK_Click);
     OnClick(Form->cmdCancel, "frmTree-cmdCancel_Click", &frmTree::cmdCancel_Click);
     OnClick(Form->cmdHome, "frmTree-cmdHome_Click", &frmTree::cmdHome_Click);
