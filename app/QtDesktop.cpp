@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/QtDesktop.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QPushButton>
+
+#include "app/DriveFileDialog.h"
+#include "app/HelpViewer.h"
+#include "app/QtPrinting.h"
+#include "core/CommandLine.h"
+#include "core/Globals.h"
+#include "core/Host.h"
+#include "core/ReportError.h"
+#include "core/widgets/ScreenText.h"
+
+namespace Dorvane {
+
+namespace {
+
+constexpr int HelpIndex = 2;
+
+QMessageBox::Icon IconOf(Icon icon) {
+    switch (icon) {
+        case Icon::None: return QMessageBox::NoIcon;
+        case Icon::Stop: return QMessageBox::Critical;
+        case Icon::Question: return QMessageBox::Question;
+        case Icon::Exclamation: return QMessageBox::Warning;
+        case Icon::Information: return QMessageBox::Information;
+    }
+    return QMessageBox::NoIcon;
+}
+
+struct ButtonOf {
+    Answer Of;
+    QMessageBox::StandardButton Button;
+};
+
+constexpr ButtonOf AllButtons[] = {
+    {Answer::Ok, QMessageBox::Ok},         {Answer::Cancel, QMessageBox::Cancel},
+    {Answer::Abort, QMessageBox::Abort},   {Answer::Retry, QMessageBox::Retry},
+    {Answer::Ignore, QMessageBox::Ignore}, {Answer::Yes, QMessageBox::Yes},
+    {Answer::No, QMessageBox::No}};
+
+// The buttons of a box, the first one first and the one that Escape stands for last.
+std::vector<QMessageBox::StandardButton> ButtonsOf(Buttons choices) {
+    switch (choices) {
+        case Buttons::Ok: return {QMessageBox::Ok};
+        case Buttons::RetryCancel: return {QMessageBox::Retry, QMessageBox::Cancel};
+        case Buttons::YesNo: return {QMessageBox::Yes, QMessageBox::No};
+        case Buttons::YesNoCancel: return {QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel};
+    }
+    return {QMessageBox::Ok};
+}
+
+Answer AnswerOf(int button) {
+    for (const ButtonOf& each : AllButtons)
+        if (each.Button == button)
+            return each.Of;
+    return Answer::Cancel;
+}
+
+QString WithLineBreaks(const std::string& text) {
+    return ToScreen(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+}
+
+// The window above which a dialog comes. The help stays beside, so it is not the one.
+QWidget* Above(const QWidget* help) {
+    QWidget* active = QApplication::activeWindow();
+    return active != nullptr && active != help ? active : QApplication::activeModalWidget();
+}
+
+// Drops what the operator typed and clicked, as long as this lives.
+class DroppedInput : public QObject {
+  public:
+    DroppedInput() { QCoreApplication::instance()->installEventFilter(this); }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        switch (event->type()) {
+            case QEvent::KeyPress:
+            case QEvent::KeyRelease:
+            case QEvent::ShortcutOverride:
+            case QEvent::Shortcut:
+            case QEvent::MouseButtonPress:
+            case QEvent::MouseButtonRelease:
+            case QEvent::MouseButtonDblClick:
+            case QEvent::Wheel:
+            case QEvent::Close: return event->spontaneous();
+            default: return false;
+        }
+    }
+};
+
+}  // namespace
+
+QtDesktop::QtDesktop() : Former(Global().OwnDesktop) {
+    InstallDesktop(this);
+}
+
+QtDesktop::~QtDesktop() {
+    InstallDesktop(Former);
+}
+
+Answer QtDesktop::ShowMessage(const Message& message) {
+    QMessageBox box(Above(Help.get()));
+    box.setTextFormat(Qt::PlainText);
+    box.setWindowTitle(ToScreen(message.Title));
+    box.setText(WithLineBreaks(message.Text));
+    box.setIcon(IconOf(message.Picture));
+    const std::vector<QMessageBox::StandardButton> buttons = ButtonsOf(message.Choices);
+    for (const QMessageBox::StandardButton button : buttons)
+        box.addButton(button);
+    box.setEscapeButton(buttons.back());
+    box.setDefaultButton(buttons.front());
+    for (const QMessageBox::StandardButton button : buttons)
+        if (AnswerOf(button) == message.Default)
+            box.setDefaultButton(button);
+    if (message.HasHelp) {
+        QPushButton* const help = box.addButton(QMessageBox::Help);
+        help->disconnect(SIGNAL(clicked()));  // the box stays open
+        QObject::connect(help, &QPushButton::clicked, &box, [&] {
+            Guarded("QtDesktop-ShowMessage",
+                    [&](Guard&) { OpenHelp(message.HelpFile).ShowError(message.HelpContext); });
+        });
+    }
+    return AnswerOf(box.exec());
+}
+
+std::optional<std::string> QtDesktop::AskText(const std::string& prompt, const std::string& title,
+                                              const std::string& initial) {
+    QInputDialog box(Above(Help.get()));
+    box.setWindowTitle(ToScreen(title));
+    box.setLabelText(WithLineBreaks(prompt));
+    box.setTextValue(ToScreen(initial));
+    for (QLabel* const label : box.findChildren<QLabel*>())
+        label->setTextFormat(Qt::PlainText);
+    box.setMinimumWidth(box.fontMetrics().averageCharWidth() * 50);
+    if (box.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return FromScreen(box.textValue());
+}
+
+std::optional<std::string> QtDesktop::AskFile(const FileDialog& dialog) {
+    DriveFileDialog box(dialog, Above(Help.get()));
+    if (box.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return box.ChosenPath();
+}
+
+int QtDesktop::PrinterCount() {
+    return static_cast<int>(QPrinterInfo::availablePrinterNames().size());
+}
+
+QPrinter& QtDesktop::Printer() {
+    if (ChosenPrinter == nullptr)
+        ChosenPrinter = OpenDefaultPrinter();
+    return *ChosenPrinter;
+}
+
+bool QtDesktop::SetupPrinter(PrinterChoice& choice) {
+    // The dialog changes its printer as the operator tries one, also when it is cancelled.
+    std::unique_ptr<QPrinter> tried = OpenPrinterLike(Printer());
+    QPrintDialog box(tried.get(), Above(Help.get()));
+    box.setWindowTitle(QCoreApplication::translate("QtDesktop", "Printer Setup"));
+    box.setOption(QAbstractPrintDialog::PrintToFile, false);
+    box.setOption(QAbstractPrintDialog::PrintSelection, false);
+    box.setOption(QAbstractPrintDialog::PrintCurrentPage, false);
+    if (auto* buttons = box.findChild<QDialogButtonBox*>())
+        if (QPushButton* const ok = buttons->button(QDialogButtonBox::Ok))
+            ok->setText(QCoreApplication::translate("QtDesktop", "OK"));
+    const bool confirmed = box.exec() == QDialog::Accepted;
+    if (confirmed)
+        ChosenPrinter = std::move(tried);
+    choice = {Printer().copyCount(), Printer().fromPage(), Printer().toPage()};
+    return confirmed;
+}
+
+std::unique_ptr<PrintJob> QtDesktop::BeginPrint(const std::string& font, int points) {
+    return NewPrintJob(Printer(), font, points);
+}
+
+HelpViewer& QtDesktop::OpenHelp(const std::string& file) {
+    if (Help == nullptr || Help->File() != file)
+        Help = std::make_unique<HelpViewer>(file);
+    return *Help;
+}
+
+void QtDesktop::ShowHelp(const std::string& file, const std::string& /*window*/, int command) {
+    HelpViewer& help = OpenHelp(file);
+    if (command == HelpIndex)
+        help.ShowIndex();
+    else
+        help.ShowContents();
+}
+
+void QtDesktop::RunAndWait(const std::string& commandLine) {
+    try {
+        StartCommandLine(commandLine, true);
+    } catch (const RunTimeError&) {
+        return;  // nothing tells of a program that did not start
+    }
+    const DroppedInput dropped;
+    QCoreApplication::processEvents();
+}
+
+void QtDesktop::StartProgram(const std::string& commandLine) {
+    StartCommandLine(commandLine, false);
+}
+
+DateTime QtDesktop::Now() {
+    return Host::Now();
+}
+
+void QtDesktop::YieldEvents() {
+    QCoreApplication::processEvents();
+}
+
+}  // namespace Dorvane
