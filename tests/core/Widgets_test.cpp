@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <QHelpEvent>
+#include <QListWidget>
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
@@ -14,6 +15,7 @@
 #include "core/widgets/HomeLook.h"
 #include "core/widgets/PathLabel.h"
 #include "core/widgets/Pictures.h"
+#include "core/widgets/RowStyle.h"
 #include "core/widgets/Screen.h"
 #include "core/widgets/ScreenText.h"
 #include "tests/support/ScreenTest.h"
@@ -152,6 +154,17 @@ TEST(PathLabels, TellTheWholePathAsTheirTip) {
         EXPECT_EQ(QToolTip::text(), ToTip(path));
     }
     QToolTip::hideText();
+}
+
+TEST(Rows, AreAsHighAsCapitalsWithAccentsNeed) {
+    QListWidget list;
+    list.setStyle(new RowStyle(QStringLiteral("Fusion")));
+    list.style()->setParent(&list);
+    list.addItem(
+        ToScreen("\xdc"
+                 "BERSICHT"));
+    list.resize(300, 200);
+    EXPECT_GE(list.sizeHintForRow(0), list.fontMetrics().height() + 4);
 }
 
 TEST(Screens, TheWindowsOwnButtonStandsForTheWayOut) {
