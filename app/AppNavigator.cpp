@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/AppNavigator.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QTimer>
+
+#include "core/basMain.h"
+#include "core/frmAbout.h"
+#include "core/frmConstruct.h"
+#include "core/frmInit.h"
+#include "core/frmMain.h"
+#include "core/frmSplash.h"
+#include "core/frmSysOption.h"
+#include "core/widgets/ScreenText.h"
+#include "database/basDatabase.h"
+#include "datatree/basTree.h"
+#include "datatree/frmAddSurvey.h"
+#include "datatree/frmTree.h"
+#include "reduction/frmAddCalib.h"
+#include "reduction/frmCalibTree.h"
+#include "upload/SurveyIndex.h"
+#include "upload/frmCopyMeter.h"
+#include "upload/frmDeleteMeter.h"
+#include "upload/frmDownload.h"
+#include "upload/frmMoveMeter.h"
+#include "upload/frmSearch.h"
+#include "upload/frmUploadMenu.h"
+
+namespace Dorvane {
+
+namespace {
+
+// The procedure that opens such a window stands still until it is closed, which may be while it is shown.
+template <class Window>
+void ShowUntilUnloaded(Window* window) {
+    QEventLoop loop;
+    bool unloaded = false;
+    QObject::connect(window, &Window::Unloaded, &loop, [&] {
+        unloaded = true;
+        loop.quit();
+    });
+    window->ShowModal();
+    if (!unloaded)
+        loop.exec();
+}
+
+// Every screen that is loaded, hidden ones too.
+QWidgetList AllScreens() {
+    QWidgetList screens;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (qobject_cast<Screen*>(window) != nullptr || qobject_cast<ScreenDialog*>(window) != nullptr)
+            screens.append(window);
+    return screens;
+}
+
+// What follows a screen comes when the event that closed it has come to its end.
+void CallLater(const Navigator::Then& then) {
+    QTimer::singleShot(0, qApp, then);
+}
+
+template <class Window>
+void CallWhenUnloaded(Window* window, const Navigator::Then& then) {
+    if (then)
+        QObject::connect(window, &Window::Unloaded, qApp, [then] { CallLater(then); });
+}
+
+// The same for a dialog that answers something.
+template <class Dialog, class Then>
+void AnswerWhenUnloaded(Dialog* dialog, const Then& then) {
+    QObject::connect(dialog, &Dialog::Unloaded, qApp,
+                     [dialog, then] { CallLater([answer = dialog->Answer(), then] { then(answer); }); });
+}
+
+}  // namespace
+
+AppNavigator::AppNavigator() = default;
+
+AppNavigator::~AppNavigator() {
+    for (QWidget* window : AllScreens())
+        if (window != Home.get())
+            delete window;
+}
+
+void AppNavigator::ShowSplash() {
+    ShowUntilUnloaded(new frmSplash);
+}
+
+void AppNavigator::ShowInit() {
+    ShowUntilUnloaded(new frmInit);
+}
+
+void AppNavigator::ShowMain() {
+    Home = std::make_unique<frmMain>(*this, [this] {
+        ReloadPathRecords({[this](const std::string& text) { ShowSearch(text); }, [this] { CloseSearch(); }},
+                          "Searching for existing Tarvex data folders.");
+    });
+    ShowHome();
+}
+
+void AppNavigator::ShowHome() {
+    Home->show();
+    Home->raise();
+    Home->activateWindow();
+}
+
+void AppNavigator::ShowPathType() {
+    Home->ShowPathType();
+}
+
+void AppNavigator::EndProgram() {
+    for (QWidget* window : AllScreens())
+        window->hide();
+    QApplication::exit();
+}
+
+void AppNavigator::OpenAbout() {
+    (new frmAbout)->ShowModal();
+}
+
+void AppNavigator::OpenConstruct(const std::string& title, const std::string& text, const Then& then) {
+    auto* notice = new frmConstruct(title, text);
+    CallWhenUnloaded(notice, then);
+    notice->ShowModal();
+}
+
+void AppNavigator::OpenSystemOptions() {
+    (new frmSysOption(*this))->ShowModal();
+}
+
+void AppNavigator::OpenDownload() {
+    (new frmDownload(*this))->show();
+}
+
+void AppNavigator::OpenUpload() {
+    if (Upload.isNull())
+        Upload = new frmUploadMenu(*this);
+    Upload->show();
+    Upload->activateWindow();
+}
+
+void AppNavigator::NotYet(const std::string& title) {
+    OpenConstruct(title, "Option Under Construction: In the future this option will open \"" + title + "\".",
+                  [this] { ShowHome(); });
+}
+
+void AppNavigator::OpenInput() {
+    NotYet("Input Creation");
+}
+
+void AppNavigator::OpenAdjustment(const std::string& /*inputPath*/) {
+    NotYet("Adjustment Run");
+}
+
+void AppNavigator::OpenDatabase() {
+    NotYet("Coordinate Database");
+}
+
+void AppNavigator::OpenRetrieval() {
+    NotYet("Coordinate Retrieval");
+}
+
+void AppNavigator::OpenUpdate() {
+    NotYet("Coordinate Update");
+}
+
+void AppNavigator::OpenWeights(const std::function<void(bool saved)>& /*then*/) {
+    NotYet("Observation Weights");
+}
+
+void AppNavigator::OpenVersions(const std::string& /*inputPath*/, const std::string& /*version*/,
+                                const Then& /*then*/) {
+    NotYet("Input Versions");
+}
+
+void AppNavigator::OpenReduction(const std::string& /*folder*/) {
+    NotYet("Data Reduction");
+}
+
+void AppNavigator::OpenCalibration() {
+    (new frmCalibTree(*this))->ShowModal();
+}
+
+frmTree* AppNavigator::LoadTree(const std::string& title, const std::string& folder) {
+    SurveyServices services;
+    services.WriteSrvNew = WriteSrvNew;
+    services.WriteCoordNew = WriteCoordNew;
+    services.Waiting = {[this](const std::string& text) { ShowSearch(text); }, [this] { CloseSearch(); }};
+    auto* tree = new frmTree(*this, services);
+    tree->setWindowTitle(ToScreen(title));
+    tree->SetTempDirectory(folder);
+    return tree;
+}
+
+void AppNavigator::OpenTree(const std::string& title, const std::string& folder, const Then& then) {
+    frmTree* tree = LoadTree(title, folder);
+    CallWhenUnloaded(tree, then);
+    tree->ShowModal();
+}
+
+void AppNavigator::OpenTreeAndWait(const std::string& title, const std::string& folder) {
+    ShowUntilUnloaded(LoadTree(title, folder));
+}
+
+void AppNavigator::ReturnToUpload(const std::string& folder) {
+    if (!Upload.isNull())
+        Upload->SetToPath(folder);
+    OpenUpload();
+}
+
+void AppNavigator::ReturnToInput(const std::string& /*folder*/) {
+    OpenInput();
+}
+
+void AppNavigator::AskSurvey(const std::string& directory,
+                             const std::function<void(const SurveyAnswer&)>& then) {
+    auto* dialog = new frmAddSurvey;
+    AnswerWhenUnloaded(dialog, then);
+    dialog->SetDirectory(directory);
+    dialog->ShowModal();
+}
+
+void AppNavigator::AskCalibration(const std::string& directory,
+                                  const std::function<void(const CalibrationAnswer&)>& then) {
+    auto* dialog = new frmAddCalib;
+    AnswerWhenUnloaded(dialog, then);
+    dialog->SetDirectory(directory);
+    dialog->ShowModal();
+}
+
+void AppNavigator::ShowSearch(const std::string& text) {
+    if (Search.isNull())
+        Search = new frmSearch;
+    Search->ShowText(text);
+}
+
+void AppNavigator::CloseSearch() {
+    if (!Search.isNull())
+        Search->Unload();
+}
+
+std::string AppNavigator::UploadDataType() const {
+    return Upload.isNull() ? "" : Upload->DataTypeName();
+}
+
+std::unique_ptr<FileMeter> AppNavigator::MoveMeter() {
+    return std::make_unique<frmMoveMeter>(UploadDataType());
+}
+
+std::unique_ptr<FileMeter> AppNavigator::CopyMeter(const std::string& title) {
+    return std::make_unique<frmCopyMeter>(UploadDataType(), title);
+}
+
+std::unique_ptr<FileMeter> AppNavigator::DeleteMeter() {
+    return std::make_unique<frmDeleteMeter>();
+}
+
+}  // namespace Dorvane
