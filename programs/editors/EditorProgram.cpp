@@ -53,4 +53,13 @@ int RunEditor(int& count, char** arguments, const char* name, const std::functio
     return result;
 }
 
+bool HasInitPath() {
+    if (!Global().Init_path.empty())
+        return true;
+    TheDesktop().ShowMessage({.Text = "Init_path in dv_tarvex.ini does not name an existing folder.",
+                              .Title = "INI File Error",
+                              .Picture = Icon::Exclamation});
+    return false;
+}
+
 }  // namespace Dorvane

@@ -14,4 +14,8 @@ namespace Dorvane {
 /// all. The result is the exit code.
 int RunEditor(int& count, char** arguments, const char* name, const std::function<ScreenDialog*()>& open);
 
+/// True when the profile names a folder of structure files that exists; else a message says that there is
+/// none.
+bool HasInitPath();
+
 }  // namespace Dorvane

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/Globals.h"
+#include "programs/editors/EditorProgram.h"
+#include "programs/editors/frmEditBias.h"
+
+using namespace Dorvane;
+
+int main(int count, char** arguments) {
+    return RunEditor(count, arguments, "EditBias", []() -> ScreenDialog* {
+        return HasInitPath() ? new frmEditBias(Global().Init_path) : nullptr;
+    });
+}

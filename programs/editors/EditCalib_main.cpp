@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/Globals.h"
+#include "programs/editors/EditorProgram.h"
+#include "programs/editors/frmEditCalib.h"
+
+using namespace Dorvane;
+
+int main(int count, char** arguments) {
+    return RunEditor(count, arguments, "EditCalib", []() -> ScreenDialog* {
+        return HasInitPath() ? new frmEditCalib(Global().Init_path, Global().Calib_path) : nullptr;
+    });
+}
