@@ -27,8 +27,9 @@ class ChildSite : public testing::Test {
         std::filesystem::create_symlink(DORVANE_FOLDER "/Programs", Programs());
         EXPECT_EQ(mkfifo(Gate().c_str(), 0600), 0);
         Site.Set("PACKAGE_GATE", Gate());
-        // A sanitizer in the child leaves the signals to the system, which tells of them.
-        Site.Set("ASAN_OPTIONS", "handle_segv=0:handle_abort=0");
+        // A sanitizer in the child leaves the signals to the system, which tells of them, and starts no
+        // process of its own.
+        Site.Set("ASAN_OPTIONS", "handle_segv=0:handle_abort=0:detect_leaks=0");
         Site.Install(PLAIN_PACKAGE);
         OpenBefore = OpenFiles();
     }
