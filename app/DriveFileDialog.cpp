@@ -4,9 +4,11 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QFileSystemModel>
+#include <QHeaderView>
 #include <QLayout>
 #include <QLineEdit>
 #include <QListView>
+#include <QTreeView>
 
 #include "core/Drives.h"
 #include "core/RunTimeError.h"
@@ -64,6 +66,7 @@ DriveFileDialog::DriveFileDialog(const FileDialog& dialog, QWidget* parent)
     SetUpDrives();
     SetUpFilters(dialog);
     SetUpFolderList();
+    SetUpRoom();
     GoToStart(dialog);
 }
 
@@ -108,6 +111,18 @@ void DriveFileDialog::SetUpFolderList() {
         setDirectory(Folders->itemData(index).toString());
         ShowFolder();
     });
+}
+
+// Room for a name of usual length beside a whole date.
+void DriveFileDialog::SetUpRoom() {
+    const int letter = fontMetrics().averageCharWidth();
+    resize(size().expandedTo({letter * 125, fontMetrics().lineSpacing() * 32}));
+    if (auto* list = findChild<QTreeView*>(QStringLiteral("treeView"))) {
+        constexpr int Name = 0;
+        constexpr int Date = 3;
+        list->header()->resizeSection(Name, letter * 46);
+        list->header()->resizeSection(Date, letter * 28);
+    }
 }
 
 void DriveFileDialog::GoToStart(const FileDialog& dialog) {

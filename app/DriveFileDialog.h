@@ -33,6 +33,7 @@ class DriveFileDialog : public QFileDialog {
     void SetUpDrives();
     void SetUpFilters(const FileDialog& dialog);
     void SetUpFolderList();
+    void SetUpRoom();
     void GoToStart(const FileDialog& dialog);
     void ShowFolder();
     bool EnterMarkedFolder();

@@ -47,8 +47,8 @@ HelpViewer::HelpViewer(std::string file) : FileName(std::move(file)) {
     SetUpPage();
     SetUpFindBar();
     const int letter = fontMetrics().averageCharWidth();
-    resize(letter * 130, fontMetrics().lineSpacing() * 36);
-    Form->splitter->setSizes({letter * 36, letter * 94});
+    resize(letter * 150, fontMetrics().lineSpacing() * 42);
+    Form->splitter->setSizes({letter * 48, letter * 102});
     Form->splitter->setStretchFactor(1, 1);
     RememberPlace(*this);
     // From here on contents and index come in, beside the program.
@@ -138,6 +138,7 @@ void HelpViewer::SetUpIndex() {
 void HelpViewer::SetUpPage() {
     Form->page->ReadFrom(Engine);
     Form->page->document()->setDocumentMargin(fontMetrics().averageCharWidth() * 2);
+    Form->page->document()->setIndentWidth(fontMetrics().averageCharWidth() * 4);
     connect(Form->page, &QTextBrowser::backwardAvailable, Form->actBack, &QAction::setEnabled);
     connect(Form->page, &QTextBrowser::forwardAvailable, Form->actForward, &QAction::setEnabled);
     connect(Form->page, &QTextBrowser::sourceChanged, this, [this] { PageChanged(); });

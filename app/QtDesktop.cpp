@@ -5,6 +5,7 @@
 #include <QDialogButtonBox>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -66,8 +67,20 @@ Answer AnswerOf(int button) {
     return Answer::Cancel;
 }
 
+// A name longer than a line may break anywhere, since a box cuts what it cannot break.
 QString WithLineBreaks(const std::string& text) {
-    return ToScreen(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    constexpr int LongestWord = 80;
+    constexpr QChar BreakHere(0x200B);
+    const QString shown = ToScreen(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    QString lines;
+    int letters = 0;
+    for (const QChar c : shown) {
+        letters = c.isSpace() ? 0 : letters + 1;
+        if (letters > LongestWord)
+            lines += BreakHere;
+        lines += c;
+    }
+    return lines;
 }
 
 // The window above which a dialog comes. The help stays beside, so it is not the one.
@@ -140,7 +153,8 @@ std::optional<std::string> QtDesktop::AskText(const std::string& prompt, const s
     box.setTextValue(ToScreen(initial));
     for (QLabel* const label : box.findChildren<QLabel*>())
         label->setTextFormat(Qt::PlainText);
-    box.setMinimumWidth(box.fontMetrics().averageCharWidth() * 50);
+    for (QLineEdit* const field : box.findChildren<QLineEdit*>())
+        field->setMinimumWidth(field->fontMetrics().averageCharWidth() * 50);
     if (box.exec() != QDialog::Accepted)
         return std::nullopt;
     return FromScreen(box.textValue());

@@ -90,6 +90,19 @@ TEST_F(Messages, ShowTheirTextAsItStands) {
     Screen.ShowMessage({"<b>\xE9</b> & co\r\nsecond\r\n\r\nfourth", "Title"});
 }
 
+TEST_F(Messages, ShowANameOfAnyLengthWhole) {
+    Hands.ExpectDialog("Title", [](QWidget& widget) {
+        auto& label = Control<QLabel>(widget, "qt_msgbox_label");
+        EXPECT_EQ(label.text().count(QLatin1Char('X')), 250);
+        const QRect room(0, 0, label.width(), 10000);
+        const QRect needed = label.fontMetrics().boundingRect(room, Qt::TextWordWrap, label.text());
+        EXPECT_LE(needed.width(), label.width());
+        EXPECT_LE(needed.height(), label.height());
+        QTest::keyClick(&widget, Qt::Key_Escape);
+    });
+    Screen.ShowMessage({"File D:\\" + std::string(250, 'X') + " already exists.", "Title"});
+}
+
 TEST_F(Messages, ComeAboveTheWindowInUse) {
     QWidget window;
     window.show();
