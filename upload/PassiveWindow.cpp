@@ -63,7 +63,6 @@ void PassiveWindow::ShowAtOnce() {
     do {
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     } while (!windowHandle()->isExposed() && shown.elapsed() < LongestWait);
-    repaint();
 }
 
 void PassiveWindow::PutOverActiveWindow() {

@@ -170,8 +170,8 @@ TEST_F(frmMoveMeterTest, ReportsAnAnimationThatCannotBePlayedAndShowsTheRest) {
     Desktop.ExpectMessageTitled("Program Error");
     frmMoveMeter meter("LEVEL");
     meter.Open(2);
-    EXPECT_NE(Desktop.Shown[0].Text.find("Error : 481"), std::string::npos);
-    EXPECT_NE(Desktop.Shown[0].Text.find("Source : Dorvane-frmMoveMeter-LoadForm"), std::string::npos);
+    EXPECT_NE(Desktop.Shown.at(0).Text.find("Error : 481"), std::string::npos);
+    EXPECT_NE(Desktop.Shown.at(0).Text.find("Source : Dorvane-frmMoveMeter-LoadForm"), std::string::npos);
     EXPECT_TRUE(meter.isVisible());
     EXPECT_EQ(meter.width(), 282);
 }
@@ -230,7 +230,7 @@ TEST_F(frmCopyMeterTest, ReportsAMissingAnimationUnderItsOwnName) {
     Desktop.ExpectMessageTitled("Program Error");
     frmCopyMeter meter("", "Copying File ...");
     meter.Open(1);
-    EXPECT_NE(Desktop.Shown[0].Text.find("Source : Dorvane-frmCopyMeter-LoadForm"), std::string::npos);
+    EXPECT_NE(Desktop.Shown.at(0).Text.find("Source : Dorvane-frmCopyMeter-LoadForm"), std::string::npos);
     EXPECT_EQ(TextOf(meter), "Copying File ...");
     EXPECT_TRUE(meter.isVisible());
 }

@@ -111,8 +111,8 @@ TEST_F(frmUploadMenuTest, ReportsAPictureThatIsNoneAndOpensAllTheSame) {
     PutSource("A.LEV", "a");
     Desktop.ExpectMessageTitled("Program Error");
     frmUploadMenu& screen = Open();
-    EXPECT_NE(Desktop.Shown[0].Text.find("Error : 481"), std::string::npos);
-    EXPECT_NE(Desktop.Shown[0].Text.find("Source : Dorvane-frmUploadMenu-LoadForm"), std::string::npos);
+    EXPECT_NE(Desktop.Shown.at(0).Text.find("Error : 481"), std::string::npos);
+    EXPECT_NE(Desktop.Shown.at(0).Text.find("Source : Dorvane-frmUploadMenu-LoadForm"), std::string::npos);
     EXPECT_FALSE(Button(screen, "cmdReduce").icon().isNull());
     EXPECT_EQ(Items(screen, "lstFileNames"), (Names{"*.LEV", "*.DAT", "*.LEV *.DAT ", "A.LEV"}));
 }
@@ -319,10 +319,12 @@ TEST_F(frmUploadMenuTest, TellsAMissingWasteBinOnceAndWorks) {
 }
 
 TEST_F(frmUploadMenuTest, TakesThePictureOfTheSiteForTheWasteBin) {
-    PutFile("P:\\DORVANE\\graphics\\trashempty.ico", "no picture");
-    Desktop.ExpectMessageTitled("Program Error");
-    Open();
-    EXPECT_NE(Desktop.Shown[0].Text.find("481"), std::string::npos);
+    QPixmap own(16, 16);
+    own.fill(Qt::magenta);
+    const std::string folder = Drives::HostPath("P:\\DORVANE\\graphics\\");
+    ASSERT_TRUE(own.save(QString::fromStdString(folder + "/trashempty.ico"), "PNG"));
+    const QIcon shown = Button(Open(), "cmdDelete999").icon();
+    EXPECT_EQ(shown.pixmap(16, 16).toImage().pixelColor(8, 8), QColor(Qt::magenta));
 }
 
 TEST_F(frmUploadMenuTest, PrintsNothingByItsPrintButton) {
