@@ -79,6 +79,7 @@ EntryTable::EntryTable(QWidget* parent)
     Grid->setSelectionMode(QAbstractItemView::SingleSelection);
     Grid->setTabKeyNavigation(false);
     Grid->setWordWrap(false);
+    Grid->setMinimumHeight(fontMetrics().lineSpacing() * 10);
     setFocusProxy(Grid);
     connect(AddButton, &QPushButton::clicked, this, &EntryTable::Add);
     connect(RemoveButton, &QPushButton::clicked, this, &EntryTable::Remove);
@@ -119,9 +120,10 @@ void EntryTable::SetUp(const std::vector<EntryColumn>& columns, int most, bool c
         titles.append(columns[i].Title);
         if (!columns[i].Check)
             Grid->setItemDelegateForColumn(column, new FieldDelegate(columns[i], Grid));
-        const int characters = std::max(columns[i].Longest == 0 ? 12 : columns[i].Longest,
-                                        static_cast<int>(columns[i].Title.size()));
-        Grid->setColumnWidth(column, fontMetrics().averageCharWidth() * (characters + 6));
+        const int characters = std::max(columns[i].Longest, static_cast<int>(columns[i].Title.size())) +
+                               (columns[i].Check ? 3 : 6);
+        if (i + 1 < columns.size())  // the last one takes the room that is left
+            Grid->setColumnWidth(column, fontMetrics().averageCharWidth() * characters);
     }
     Grid->setHorizontalHeaderLabels(titles);
     Grid->horizontalHeader()->setStretchLastSection(true);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "programs/editors/frmEditChoice.h"
 
+#include <QLayout>
+
 #include "core/ReportError.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/ScreenText.h"
@@ -29,8 +31,10 @@ frmEditChoice::frmEditChoice(const std::string& folder)
                              {tr("Data"), 0, false, true},
                              {tr("Description"), LongestDescription}},
                             MostSystems);
-    for (EntryTable* table : {Form->tblLocations, Form->tblTypes, Form->tblEpochs})
+    for (EntryTable* table : {Form->tblLocations, Form->tblTypes, Form->tblEpochs}) {
         SetUpEntries(*table);
+        table->layout()->setContentsMargins(Form->systemLayout->contentsMargins());
+    }
     Form->lblFile->setText(ToScreen(Choices.File.Path));
     ShowSystems();
     connect(Form->tblSystems, &EntryTable::LineChosen, this, &frmEditChoice::tblSystems_LineChosen);

@@ -66,6 +66,7 @@ void frmEditTarvexINI::AddRow(std::size_t index) {
     Row& row = Rows[index];
     row.Folder = Named(new QLineEdit(ToScreen(Former.Folders[index])), QStringLiteral("txt") + key);
     row.Folder->setToolTip(key);
+    row.Folder->setMinimumWidth(fontMetrics().averageCharWidth() * 28);
     row.Browse = Named(new QPushButton(tr("Browse...")), QStringLiteral("cmdBrowse") + key);
     row.Browse->setToolTip(tr("Choose the folder %1").arg(key));
     row.State = Named(new QLabel, QStringLiteral("lbl") + key + QStringLiteral("State"));
