@@ -133,7 +133,7 @@ TEST_F(CalibTreeTest, AddsANewTypeWithItsFirstEpoch) {
               " *       CALIB     STAFF     C2601\r\n"
               " *       CALIB     STAFF     C2607\r\n"
               " *       CALIB     EDM       C2607\r\n");
-    EXPECT_EQ(Keys(), (KeyList{"D:\\TARVEX\\CALIB\\", "D:\\TARVEX\\CALIB\\STAFF\\",
+    ASSERT_EQ(Keys(), (KeyList{"D:\\TARVEX\\CALIB\\", "D:\\TARVEX\\CALIB\\STAFF\\",
                                "D:\\TARVEX\\CALIB\\STAFF\\C2601\\", "D:\\TARVEX\\CALIB\\STAFF\\C2607\\",
                                "D:\\TARVEX\\CALIB\\EDM\\", "D:\\TARVEX\\CALIB\\EDM\\C2607\\"}));
     EXPECT_EQ(Tree.Nodes.Nodes()[4].Caption, "Distance meters");
