@@ -16,21 +16,21 @@ namespace {
 
 constexpr int LongestValue = 127;
 
-std::string TrimGaps(std::string_view text) {
+std::string_view TrimGaps(std::string_view text) {
     const std::size_t first = text.find_first_not_of(" \t");
     if (first == std::string_view::npos)
         return "";
-    return std::string(text.substr(first, text.find_last_not_of(" \t") - first + 1));
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
 bool IsSection(std::string_view line, std::string_view section) {
-    const std::string text = TrimGaps(line);
+    const std::string_view text = TrimGaps(line);
     return text.size() >= 2 && text.front() == '[' && text.back() == ']' &&
-           EqualIgnoringCase(TrimGaps(std::string_view(text).substr(1, text.size() - 2)), TrimGaps(section));
+           EqualIgnoringCase(TrimGaps(text.substr(1, text.size() - 2)), TrimGaps(section));
 }
 
 bool IsAnySection(std::string_view line) {
-    const std::string text = TrimGaps(line);
+    const std::string_view text = TrimGaps(line);
     return !text.empty() && text.front() == '[';
 }
 
@@ -115,11 +115,16 @@ std::string IniReadString(std::string_view file, std::string_view section, std::
 
 void IniWriteString(std::string_view file, std::string_view section, std::string_view key,
                     std::string_view value) {
+    IniWriteSettings(file, {{std::string(section), std::string(key), std::string(value)}});
+}
+
+void IniWriteSettings(std::string_view file, const std::vector<IniSetting>& settings) {
     try {
         const std::string path = GetWindowsPath() + std::string(file);
         std::vector<std::string> lines = LinesOf(path);
         const std::vector<std::string> former = lines;
-        SetKey(lines, section, key, value);
+        for (const IniSetting& setting : settings)
+            SetKey(lines, setting.Section, setting.Key, setting.Value);
         if (lines == former)
             return;  // a list of settings saved whole costs a write only for what changed
         LineWriter writer(path);

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Dorvane {
 
@@ -16,5 +17,15 @@ std::string IniReadString(std::string_view file, std::string_view section, std::
 /// nothing: a profile that cannot be written keeps what it held.
 void IniWriteString(std::string_view file, std::string_view section, std::string_view key,
                     std::string_view value);
+
+/// One key of a profile file and the value that it is to have.
+struct IniSetting {
+    std::string Section;
+    std::string Key;
+    std::string Value;
+};
+
+/// Sets several keys one after another, as IniWriteString does, and writes the file once.
+void IniWriteSettings(std::string_view file, const std::vector<IniSetting>& settings);
 
 }  // namespace Dorvane

@@ -51,12 +51,13 @@ std::vector<ListEntry> LoadUserDbList() {
 }
 
 void SaveUserDbList(const std::vector<ListEntry>& list) {
+    std::vector<IniSetting> settings;
     int number = 0;
     for (const ListEntry& entry : list)
-        IniWriteString(InputProfile, Section, KeyOf(++number),
-                       Trim(entry.Text + (entry.Selected ? " 1" : " 0")));
+        settings.push_back({Section, KeyOf(++number), Trim(entry.Text + (entry.Selected ? " 1" : " 0"))});
     while (number < MostUserFiles)
-        IniWriteString(InputProfile, Section, KeyOf(++number), " ");
+        settings.push_back({Section, KeyOf(++number), " "});
+    IniWriteSettings(InputProfile, settings);
 }
 
 void BrowseUserDbFile(std::vector<ListEntry>& list) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <type_traits>
+#include <vector>
 
 #include "core/ProfileStore.h"
 #include "core/ReportError.h"
@@ -62,15 +63,26 @@ void Fill(WeightsTab& tab, const HeightWeight& weight) {
     ShowField(tab, 1, "Height Diff", weight.HDiff);
 }
 
-void Save(const WeightsTab& tab, const char* key, const std::string& text) {
-    IniWriteString(InputProfile, tab.Entry.Type, key + std::to_string(tab.Entry.Number), text);
-}
+// The settings of one tab, each key with the entry's number behind it.
+class TabSettings {
+  public:
+    TabSettings(std::vector<IniSetting>& settings, const InputType& entry)
+        : Settings(settings), Entry(entry) {}
 
-void SavePolar(const WeightsTab& tab) {
-    Save(tab, tab.Linear ? "LHAngle" : "HAngle", tab.Fields[tab.Linear ? 4 : 1].Text);
-    Save(tab, tab.Linear ? "LZAngle" : "ZAngle", tab.Fields[tab.Linear ? 5 : 2].Text);
-    Save(tab, "SDist", tab.Fields[3].Text);
-    Save(tab, "LinAngle", tab.Linear ? "1" : "0");
+    void Add(const char* key, const std::string& text) {
+        Settings.push_back({Entry.Type, key + std::to_string(Entry.Number), text});
+    }
+
+  private:
+    std::vector<IniSetting>& Settings;
+    const InputType& Entry;
+};
+
+void AddPolar(TabSettings& settings, const WeightsTab& tab) {
+    settings.Add(tab.Linear ? "LHAngle" : "HAngle", tab.Fields[tab.Linear ? 4 : 1].Text);
+    settings.Add(tab.Linear ? "LZAngle" : "ZAngle", tab.Fields[tab.Linear ? 5 : 2].Text);
+    settings.Add("SDist", tab.Fields[3].Text);
+    settings.Add("LinAngle", tab.Linear ? "1" : "0");
 }
 
 }  // namespace
@@ -103,18 +115,21 @@ void ClickLinear(WeightsTab& tab, bool on) {
 }
 
 void SaveWeights(const List1<WeightsTab>& tabs) {
+    std::vector<IniSetting> all;
     for (const WeightsTab& tab : tabs) {
+        TabSettings settings(all, tab.Entry);
         if (tab.HasLinear) {
-            SavePolar(tab);
+            AddPolar(settings, tab);
         } else if (tab.Entry.Type == "Angle") {
-            Save(tab, "HAngle", tab.Fields[1].Text);
-            Save(tab, "ZAngle", tab.Fields[2].Text);
+            settings.Add("HAngle", tab.Fields[1].Text);
+            settings.Add("ZAngle", tab.Fields[2].Text);
         } else if (tab.Entry.Type == "Distance") {
-            Save(tab, "SDist", tab.Fields[1].Text);
+            settings.Add("SDist", tab.Fields[1].Text);
         } else if (tab.Entry.Type == "Height") {
-            Save(tab, "HDiff", tab.Fields[1].Text);
+            settings.Add("HDiff", tab.Fields[1].Text);
         }
     }
+    IniWriteSettings(InputProfile, all);
 }
 
 std::string PlainDecimal(double value) {

@@ -85,6 +85,14 @@ TEST_F(ProfileStore, RaisesNothingOnADamagedOrUnreadableProfile) {
     IniWriteString("dv_dir.ini", "A", "K", "1");
 }
 
+TEST_F(ProfileStore, SetsSeveralKeysOneAfterAnother) {
+    PutFile(Path, "[A]\r\nK=1\r\n[B]\r\nL=2\r\n");
+    IniWriteSettings("dv_test.ini", {{"B", "L", "3"}, {"A", "M", "4"}, {"C", "N", "5"}, {"A", "M", "6"}});
+    EXPECT_EQ(FileContent(Path), "[A]\r\nK=1\r\nM=6\r\n[B]\r\nL=3\r\n[C]\r\nN=5\r\n");
+    IniWriteSettings("dv_test.ini", {});
+    EXPECT_EQ(FileContent(Path), "[A]\r\nK=1\r\nM=6\r\n[B]\r\nL=3\r\n[C]\r\nN=5\r\n");
+}
+
 TEST_F(ProfileStore, DoesNotWriteAValueThatStandsAlready) {
     PutFile(Path, "[A]\r\nK=1\r\nBlank= \r\n");
     SetTimeStamp(Path, {2001, 2, 3, 4, 5, 6});
