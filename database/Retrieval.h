@@ -3,8 +3,10 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 
+#include "core/FileMeter.h"
 #include "datatree/TreeModel.h"
 
 // What the events of the screen "Database Coordinate Retrieval" decide and do. Failures of a click are
@@ -40,7 +42,7 @@ struct RetrieveView {
     std::function<void(bool on)> WaitCursor;
     std::function<void(bool on)> Animation;
     std::function<void(const std::string& text)> ShowStatus;  // first panel of sbrRetrieve
-    std::function<void(bool on)> CopyMeter;                   // the window "Copying File ..."
+    std::function<std::unique_ptr<FileMeter>()> CopyMeter;    // the window "Copying File ..."
 };
 
 /// Fills a tree of locations from PathRecords: "DATABASE\", below it each root, below that its locations. A

@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <memory>
+#include <utility>
+
 #include "core/Drives.h"
 #include "core/Globals.h"
 #include "core/ReportError.h"
@@ -49,22 +52,23 @@ bool MayWrite(const std::string& file) {
     return TheDesktop().ShowMessage(question) == Answer::Yes;
 }
 
-// The window "Copying File ...", shown as long as this lives.
-class ShownMeter {
+// A meter over one file, open as long as this lives.
+class OneFileMeter {
   public:
-    explicit ShownMeter(const std::function<void(bool)>& show) : Show(show) { Turn(true); }
-    ~ShownMeter() { Turn(false); }
-    ShownMeter(const ShownMeter&) = delete;
-    ShownMeter& operator=(const ShownMeter&) = delete;
+    explicit OneFileMeter(std::unique_ptr<FileMeter> meter) : Meter(std::move(meter)) { Meter->Open(1); }
+    ~OneFileMeter() { Meter->Close(); }
+    OneFileMeter(const OneFileMeter&) = delete;
+    OneFileMeter& operator=(const OneFileMeter&) = delete;
+
+    FileMeter* operator->() { return Meter.get(); }
 
   private:
-    void Turn(bool on) const {
-        if (Show)
-            Show(on);
-    }
-
-    const std::function<void(bool)>& Show;
+    std::unique_ptr<FileMeter> Meter;
 };
+
+std::unique_ptr<FileMeter> MeterOf(const RetrieveView& view) {
+    return view.CopyMeter ? view.CopyMeter() : std::make_unique<FileMeter>();
+}
 
 }  // namespace
 
@@ -100,8 +104,11 @@ void ClickCopyOutput(const RetrieveForm& form, const RetrieveView& view) {
         if (!file || !MayWrite(*file))
             return;
         {
-            const ShownMeter meter(view.CopyMeter);
+            OneFileMeter meter(MeterOf(view));
+            meter->ShowFile(form.lblOutputFile, *file);
+            TheDesktop().YieldEvents();
             guard.Run([&] { Drives::CopyFile(form.lblOutputFile, *file); });
+            meter->Advance(1);
         }
         if (view.ShowStatus)
             view.ShowStatus(*file + " copied");

@@ -331,11 +331,22 @@ TEST_F(RetrieveClick, IsHiddenByAnyLaterChangeThoughTheFileStays) {
 // A result file on offer.
 class Output : public DatabaseSite {
   protected:
+    struct Meter : FileMeter {
+        explicit Meter(std::vector<std::string>& steps) : Steps(steps) {}
+        void Open(int files) override { Steps.push_back("open " + std::to_string(files)); }
+        void ShowFile(const std::string& from, const std::string& to) override {
+            Steps.push_back(from + " to " + to);
+        }
+        void Advance(int files) override { Steps.push_back("done " + std::to_string(files)); }
+        void Close() override { Steps.emplace_back("close"); }
+        std::vector<std::string>& Steps;
+    };
+
     Output() {
         Form.lblOutputFile = "C:\\TARVEX\\TEMP\\3DIM.OUT";
         PutFile(Form.lblOutputFile, "line 1\r\n\r\nline 3");
         View.ShowStatus = [this](const std::string& text) { Steps.push_back(text); };
-        View.CopyMeter = [this](bool on) { Steps.push_back(on ? "meter" : "no meter"); };
+        View.CopyMeter = [this] { return std::make_unique<Meter>(Steps); };
     }
 
     void Editor(const std::string& path, const std::string& name) {
@@ -400,7 +411,8 @@ TEST_F(Output, IsCopiedUnderTheNameAskedFor) {
     Desk.ExpectFile("", "D:\\COPY.3D");
     ClickCopyOutput(Form, View);
     EXPECT_EQ(FileContent("D:\\COPY.3D"), "line 1\r\n\r\nline 3");
-    EXPECT_EQ(Steps, (std::vector<std::string>{"meter", "no meter", "D:\\COPY.3D copied"}));
+    EXPECT_EQ(Steps, (std::vector<std::string>{"open 1", Form.lblOutputFile + " to D:\\COPY.3D", "done 1",
+                                               "close", "D:\\COPY.3D copied"}));
     ASSERT_EQ(Desk.Dialogs.size(), 1u);
     EXPECT_EQ(Desk.Dialogs[0].Purpose, FileDialog::Kind::Save);
     EXPECT_EQ(Desk.Dialogs[0].Folder, "C:\\TARVEX\\TEMP\\");
@@ -462,7 +474,8 @@ TEST_F(Output, ClosesTheMeterAfterAFailedCopy) {
     ClickCopyOutput(Form, View);
     EXPECT_NE(Desk.Shown[0].Text.find("Path doesn't exist."), std::string::npos);
     EXPECT_NE(Desk.Shown[0].Text.find("-frmDbRetrieve-cmdCopy_Click"), std::string::npos);
-    EXPECT_EQ(Steps, (std::vector<std::string>{"meter", "no meter"}));
+    EXPECT_EQ(Steps,
+              (std::vector<std::string>{"open 1", Form.lblOutputFile + " to D:\\NOWHERE\\COPY.3D", "close"}));
 }
 
 }  // namespace

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/frmDbOption.h"
+
+#include "core/ReportError.h"
+#include "core/widgets/Pictures.h"
+#include "ui_frmDbOption.h"
+
+namespace Dorvane {
+
+frmDbOption::frmDbOption(Navigator& navigator) : Nav(navigator), Form(std::make_unique<Ui::frmDbOption>()) {
+    Form->setupUi(this);
+    ReturnsBy(Form->cmdHome);
+    LoadForm();
+    LeaveBy(Form->cmdRetrieve, &Navigator::OpenRetrieval);
+    LeaveBy(Form->cmdUpdate, &Navigator::OpenUpdate);
+    LeaveBy(Form->cmdHome, &Navigator::ShowHome);
+}
+
+frmDbOption::~frmDbOption() = default;
+
+void frmDbOption::LoadForm() {
+    Guarded("frmDbOption-LoadForm", [&](Guard&) {
+        SetOptionalPicture(*Form->cmdRetrieve, "retrieve.svg");
+        SetOptionalPicture(*Form->cmdUpdate, "update.svg");
+        SetOptionalPicture(*Form->cmdHome, "home.svg");
+    });
+    Form->cmdRetrieve->setFocus();
+}
+
+void frmDbOption::LeaveBy(QPushButton* button, void (Navigator::*where)()) {
+    const std::string event = "frmDbOption-" + button->objectName().toStdString() + "_Click";
+    connect(button, &QPushButton::clicked, this, [this, event, where] {
+        Guarded(event, [&](Guard&) {
+            Unload();
+            (Nav.*where)();
+        });
+    });
+}
+
+}  // namespace Dorvane

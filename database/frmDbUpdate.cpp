@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/frmDbUpdate.h"
+
+#include <QShortcut>
+
+#include "core/ReportError.h"
+#include "core/widgets/Pictures.h"
+#include "core/widgets/ScreenText.h"
+#include "core/widgets/StatusPanels.h"
+#include "core/widgets/WaitCursor.h"
+#include "database/LocationTree.h"
+#include "ui_frmDbUpdate.h"
+
+namespace Dorvane {
+
+frmDbUpdate::frmDbUpdate(Navigator& navigator) : Nav(navigator), Form(std::make_unique<Ui::frmDbUpdate>()) {
+    Form->setupUi(this);
+    ReturnsBy(Form->cmdGoHome);
+    StatusPanel = AddPanel(*Form->sbrUpdate, QStringLiteral("sbrUpdatePanel1"), 1);
+    const QFontMetrics metrics = fontMetrics();
+    resize(metrics.averageCharWidth() * 100, metrics.lineSpacing() * 32);
+    ConnectCommands();
+    LoadForm();
+}
+
+frmDbUpdate::~frmDbUpdate() = default;
+
+void frmDbUpdate::LoadForm() {
+    Guarded("frmDbUpdate-LoadForm", [&](Guard&) {
+        SetOptionalPicture(*Form->cmdBrowse, "browse.svg");
+        SetOptionalPicture(*Form->cmdUpdate, "update.svg");
+        SetOptionalPicture(*Form->cmdGoBack, "back.svg");
+        SetOptionalPicture(*Form->cmdGoHome, "home.svg");
+    });
+    FillLocationTree(*Form->trvDirectory, "frmDbUpdate-LoadForm");
+    Form->trvDirectory->setFocus();
+}
+
+void frmDbUpdate::ConnectCommands() {
+    connect(Form->trvDirectory, &DirectoryTree::NodeClicked, this, &frmDbUpdate::trvDirectory_NodeClick);
+    connect(Form->cmdBrowse, &QPushButton::clicked, this, &frmDbUpdate::cmdBrowse_Click);
+    connect(Form->cmdUpdate, &QPushButton::clicked, this, &frmDbUpdate::cmdUpdate_Click);
+    connect(Form->cmdGoBack, &QPushButton::clicked, this,
+            [this] { LeaveTo("frmDbUpdate-cmdGoBack_Click", &Navigator::OpenDatabase); });
+    connect(Form->cmdGoHome, &QPushButton::clicked, this,
+            [this] { LeaveTo("frmDbUpdate-cmdGoHome_Click", &Navigator::ShowHome); });
+    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, Form->cmdGoHome, &QPushButton::click);
+}
+
+void frmDbUpdate::LeaveTo(const char* event, void (Navigator::*where)()) {
+    Guarded(event, [&](Guard&) {
+        Unload();
+        (Nav.*where)();
+    });
+}
+
+void frmDbUpdate::trvDirectory_NodeClick(const std::string& key) {
+    State.lblDirectory = key;
+    Form->lblDirectory->setText(ToScreen(key));
+}
+
+void frmDbUpdate::cmdBrowse_Click() {
+    ClickBrowseUpdate(State);
+    Form->lblUpDateFile->setText(ToScreen(State.lblUpDateFile));
+}
+
+void frmDbUpdate::cmdUpdate_Click() {
+    State.optBenchmark = Form->optBenchmark->isChecked();
+    State.optMonument = Form->optMonument->isChecked();
+    State.optIdeals = Form->optIdeals->isChecked();
+    State.opt3dim = Form->opt3dim->isChecked();
+    const WaitCursor wait;
+    StatusPanel->setText(QStringLiteral("Updating the database ..."));
+    StatusPanel->repaint();
+    ClickUpdate(State);
+    StatusPanel->clear();
+}
+
+}  // namespace Dorvane
