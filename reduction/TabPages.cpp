@@ -99,15 +99,14 @@ TabPages::TabPages(QWidget* parent)
     Rows->setSpacing(0);
     Strip->setWidget(StripContent);
     Strip->setWidgetResizable(true);
+    StripContent->setAutoFillBackground(false);
+    Strip->viewport()->setAutoFillBackground(false);
     Strip->setFrameShape(QFrame::NoFrame);
     Strip->setFocusPolicy(Qt::NoFocus);
     Strip->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Pages->setFrameShape(QFrame::StyledPanel);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(Strip);
-    layout->addWidget(Pages, 1);
+    (new QVBoxLayout(this))->addWidget(Pages);
+    Strip->raise();
     connect(Tabs, &QButtonGroup::idToggled, this, [this](int tab, bool on) {
         if (on)
             ShowPage(tab);
@@ -145,21 +144,34 @@ void TabPages::SetTabs(const QStringList& captions, int tabsPerRow) {
         Tabs->addButton(tab, i);
         Rows->addWidget(tab, i / tabsPerRow, column);
     }
-    for (int column = 0; column < Rows->columnCount(); ++column)
+    for (int column = 0; column < std::max(Rows->columnCount(), tabsPerRow); ++column)
         Rows->setColumnStretch(column, column < tabsPerRow ? 1 : 0);
-    LimitHeight((count + tabsPerRow - 1) / tabsPerRow);
+    MakeRoom((count + tabsPerRow - 1) / tabsPerRow);
     Strip->setVisible(count > 0);
     Pages->setVisible(count > 0);
     if (count > 0)
         SetCurrent(0);
 }
 
-void TabPages::LimitHeight(int rows) {
-    if (rows == 0)
-        return;
-    const int height = Tabs->button(0)->sizeHint().height();
-    Strip->setFixedHeight(height * std::min(rows, MostRowsSeen));
+// The strip lies over the page's upper edge by as much as the style lets tabs overlap it, so that the current
+// tab of the last row is one with its page.
+void TabPages::MakeRoom(int rows) {
+    const int tabHeight = rows == 0 ? 0 : Tabs->button(0)->sizeHint().height();
+    const int overlap = rows == 0 ? 0 : style()->pixelMetric(QStyle::PM_TabBarBaseOverlap, nullptr, this);
+    StripHeight = tabHeight * std::min(rows, MostRowsSeen);
     Strip->setVerticalScrollBarPolicy(rows > MostRowsSeen ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    layout()->setContentsMargins(0, StripHeight - overlap, 0, 0);
+    setMinimumWidth(Rows->minimumSize().width());
+    PlaceStrip();
+}
+
+void TabPages::PlaceStrip() {
+    Strip->setGeometry(0, 0, width(), StripHeight);
+}
+
+void TabPages::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    PlaceStrip();
 }
 
 int TabPages::TabCount() const {

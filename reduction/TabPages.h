@@ -40,16 +40,21 @@ class TabPages : public QWidget {
   signals:
     void CurrentChanged(int tab);
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
     void Step(int by);
     void ShowPage(int tab);
-    void LimitHeight(int rows);
+    void MakeRoom(int rows);
+    void PlaceStrip();
 
     QScrollArea* Strip;
     QWidget* StripContent;
     QGridLayout* Rows;
     QButtonGroup* Tabs;
     QStackedWidget* Pages;
+    int StripHeight = 0;
 };
 
 }  // namespace Dorvane

@@ -44,7 +44,7 @@ frmReduce::frmReduce(Navigator& navigator) : Nav(navigator), Form(std::make_uniq
     StatePanel = AddPanel(*Form->sbrReduce, QStringLiteral("sbrReducePanel1"), 1);
     TypePanel = AddPanel(*Form->sbrReduce, QStringLiteral("sbrReducePanel2"));
     const QFontMetrics metrics = fontMetrics();
-    resize(metrics.averageCharWidth() * 100, metrics.lineSpacing() * 28);
+    resize(metrics.averageCharWidth() * 100, metrics.lineSpacing() * 32);
     ConnectCommands();
     LoadForm();
 }

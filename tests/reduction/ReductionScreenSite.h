@@ -55,6 +55,7 @@ struct ReductionScreenSite : ReductionSite {
 
     frmReduce& Open(const std::string& folder = Folder) {
         Screen = new frmReduce(Navigator);
+        Screen->setUpdatesEnabled(Painted);
         Screen->SetSelectedDirectory(folder);
         Screen->ShowModal();
         HandleEvents();
@@ -67,6 +68,7 @@ struct ReductionScreenSite : ReductionSite {
 
     RecordingNavigator Navigator;
     QPointer<frmReduce> Screen;
+    bool Painted = true;  // not in a child process, which lacks the threads that the toolkit paints with
 };
 
 }  // namespace Dorvane::Testing

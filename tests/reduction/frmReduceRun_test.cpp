@@ -192,6 +192,7 @@ TEST_F(ReductionRunScreen, ReportsAResultThatMayNotBeDeletedAndKeepsTheTab) {
     Put("ONE.RES", "old");
     AsNobody([&] {
         ScriptedDesktop desktop;
+        Painted = false;
         frmReduce& screen = Open();
         desktop.ExpectMessageTitled("Program Error");
         Click(screen, "cmdReduce0");
@@ -207,6 +208,7 @@ TEST_F(ReductionRunScreen, ReportsAResultThatMayNotBeDeletedAndKeepsTheTab) {
 TEST_F(ReductionRunScreen, ReportsAFullDiskForTheParameterFileAndRunsNothing) {
     OnSmallDisk("C:\\TARVEX\\PARAM\\", 16, [&] {
         ScriptedDesktop desktop;
+        Painted = false;
         frmReduce& screen = Open();
         try {
             for (int i = 1; i < 100; ++i)
