@@ -43,8 +43,10 @@ bool WriteFiles(Guard& guard, InputScreen& screen, const InputServices& services
         return false;
     }
     WriteSummaryHeader(folder, inputName, model.Points, screen.txtProject, screen.txtTask);
+    TheDesktop().YieldEvents();
     screen.lblFileName = inputName;
     WriteInputSections(files, model);
+    TheDesktop().YieldEvents();
     CloseInputFiles(guard, files);
     return true;
 }

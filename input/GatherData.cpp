@@ -47,6 +47,7 @@ class Import {
                 continue;
             Read(type, folder, entry.Words, word);
             Append(type, entry.Words[1]);
+            TheDesktop().YieldEvents();
         }
     }
 

@@ -3,11 +3,11 @@
 
 #include <array>
 #include <charconv>
-#include <type_traits>
 #include <vector>
 
 #include "core/ProfileStore.h"
 #include "core/ReportError.h"
+#include "core/Text.h"
 #include "core/basGeneral.h"
 #include "input/InputTypes.h"
 #include "input/Weights.h"
@@ -18,8 +18,17 @@ namespace {
 
 constexpr int FieldCount = 5;
 
-void ShowField(WeightsTab& tab, int number, const char* title, double value) {
-    tab.Fields[number] = {title, PlainDecimal(value), true};
+// A stored value. What is no number, which was told, stands as it was typed, so that it can be put right
+// here.
+std::string StoredText(const InputType& entry, const char* key) {
+    const std::string text = IniReadString(InputProfile, entry.Type, key + std::to_string(entry.Number));
+    if (text.empty())
+        return "0";
+    return IsNumeric(text) ? PlainDecimal(StrictNumber(text)) : text;
+}
+
+void ShowField(WeightsTab& tab, int number, const char* title, const char* key) {
+    tab.Fields[number] = {title, StoredText(tab.Entry, key), true};
 }
 
 void SetAvailable(WeightsTab& tab, int first, int last, bool available) {
@@ -27,40 +36,32 @@ void SetAvailable(WeightsTab& tab, int first, int last, bool available) {
         tab.Fields[i].Available = available;
 }
 
-template <class Weight>
-void FillPolar(WeightsTab& tab, const Weight& weight) {
-    ShowField(tab, 1, "Horiz Angle", weight.HAngle);
-    ShowField(tab, 2, "Zenith Angle", weight.ZAngle);
-    ShowField(tab, 3, "Distance", weight.SDist);
-    ShowField(tab, 4, "Horizontal Error", weight.LHAngle);
-    ShowField(tab, 5, "Zenith Error", weight.LZAngle);
+void FillPolar(WeightsTab& tab) {
+    ShowField(tab, 1, "Horiz Angle", "HAngle");
+    ShowField(tab, 2, "Zenith Angle", "ZAngle");
+    ShowField(tab, 3, "Distance", "SDist");
+    ShowField(tab, 4, "Horizontal Error", "LHAngle");
+    ShowField(tab, 5, "Zenith Error", "LZAngle");
     tab.HasLinear = true;
-    ClickLinear(tab, weight.LinAngle == 1);
+    ClickLinear(tab, StoredText(tab.Entry, "LinAngle") == "1");
     // A "Total" tab that opens with the box on keeps its distance closed until the box is clicked, which is
     // meant.
-    if (std::is_same_v<Weight, TotalWeight> && tab.Linear)
+    if (tab.Entry.Type == "Total" && tab.Linear)
         SetAvailable(tab, 3, 3, false);
 }
 
-void Fill(WeightsTab& tab, const TrackerWeight& weight) {
-    FillPolar(tab, weight);
-}
-
-void Fill(WeightsTab& tab, const TotalWeight& weight) {
-    FillPolar(tab, weight);
-}
-
-void Fill(WeightsTab& tab, const AngleWeight& weight) {
-    ShowField(tab, 1, "Horiz Angle", weight.HAngle);
-    ShowField(tab, 2, "Zenith Angle", weight.ZAngle);
-}
-
-void Fill(WeightsTab& tab, const DistanceWeight& weight) {
-    ShowField(tab, 1, "Distance", weight.SDist);
-}
-
-void Fill(WeightsTab& tab, const HeightWeight& weight) {
-    ShowField(tab, 1, "Height Diff", weight.HDiff);
+void Fill(WeightsTab& tab) {
+    const std::string& kind = tab.Entry.Type;
+    if (kind == "Tracker" || kind == "Total") {
+        FillPolar(tab);
+    } else if (kind == "Angle") {
+        ShowField(tab, 1, "Horiz Angle", "HAngle");
+        ShowField(tab, 2, "Zenith Angle", "ZAngle");
+    } else if (kind == "Distance") {
+        ShowField(tab, 1, "Distance", "SDist");
+    } else if (kind == "Height") {
+        ShowField(tab, 1, "Height Diff", "HDiff");
+    }
 }
 
 // The settings of one tab, each key with the entry's number behind it.
@@ -94,13 +95,12 @@ List1<WeightsTab> OpenWeightsDialog() {
         ReadIniInputTypes(own.Types);
         ReadIniWeights(own.DistanceWeights, own.AngleWeights, own.TotalWeights, own.TrackerWeights,
                        own.HeightWeights);
-        InitObsArrays(own.DistanceSets, own.AngleSets, own.TotalSets, own.TrackerSets, own.HeightSets);
         for (const InputType& type : own.Types) {
             WeightsTab tab;
             tab.Entry = type;
             tab.Picture = AppPath() + "Graphics\\" + type.Icon;
             tab.Fields.Resize(FieldCount);
-            VisitObsSet(own, type, [&](const auto&, const auto& weight) { Fill(tab, weight); });
+            Fill(tab);
             tabs.Add(std::move(tab));
         }
     });

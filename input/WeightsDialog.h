@@ -25,7 +25,8 @@ struct WeightsTab {
 };
 
 /// The tabs as the dialog opens, one per input type, from types and weights read anew. A field shows its
-/// value as plain decimal text. Reports as "frmObsWeights-Form_Load".
+/// value as plain decimal text; what the profile has instead of a number is reported as
+/// "basRead-ReadIniWeights" and stands as it was typed. Reports as "frmObsWeights-Form_Load".
 List1<WeightsTab> OpenWeightsDialog();
 
 /// The click of the box: with it on the linear errors and the distance are available, otherwise the angular

@@ -45,6 +45,15 @@ TEST_F(GatherDataTest, ReadsEachFolderUnderItsTypeInTreeOrder) {
     EXPECT_EQ(Model().Stations.Count(), 1);
 }
 
+TEST_F(GatherDataTest, YieldsToEventsOncePerFile) {
+    PutLines(Folder + "TOTAL.RES", {"ST1 P7 123.4567 99.1234 25.12345"});
+    PutLines("D:\\TWO\\LEVEL.RES", {"A B -0.5"});
+    Add("Levelling", "D:\\TWO\\");
+    Add("Laser");
+    Gather();
+    EXPECT_EQ(Desktop.Yields, 2);
+}
+
 TEST_F(GatherDataTest, TellsAFolderWithoutResultFilesAndGoesOn) {
     PutLines("D:\\TWO\\LEVEL.RES", {"A B -0.5"});
     Add("Laser");

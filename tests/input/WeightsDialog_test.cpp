@@ -95,6 +95,20 @@ TEST_F(WeightsDialog, OkWritesTheAvailableKeysAsTypedAndKeepsTheOthers) {
                   "Number=1",    "SDist1=9x",   "HDist1=10"}));
 }
 
+TEST_F(WeightsDialog, AValueThatIsNoNumberIsReportedAndCanBePutRight) {
+    PutProfiles();
+    PutProfile("dv_input.ini", {"[Distance]", "Number=2", "SDist1=0.0O5", "SDist2=2", "[Tracker]", "Number=1",
+                                "HAngle1=3", "LinAngle1=on"});
+    Desktop.ExpectMessageTitled("Program Error");
+    const List1<WeightsTab> tabs = OpenWeightsDialog();
+    EXPECT_EQ(LastReport(), "13 Dorvane-basRead-ReadIniWeights");
+    ASSERT_EQ(tabs.Count(), 3);
+    EXPECT_EQ(tabs[1].Fields[1].Text, "3");
+    EXPECT_FALSE(tabs[1].Linear);
+    EXPECT_EQ(tabs[2].Fields[1].Text, "0.0O5");
+    EXPECT_EQ(tabs[3].Fields[1].Text, "2");
+}
+
 TEST_F(WeightsDialog, WritesUnderTheEntrysOwnNumber) {
     PutProfile("dv_input.ini", {"[Distance]", "Number=2", "SDist1=1", "SDist2=2"});
     List1<WeightsTab> tabs = OpenWeightsDialog();

@@ -236,6 +236,20 @@ TEST_F(FrmObsWeights, ReportsAMissingPictureOnceAndOpensAllTheSame) {
     EXPECT_EQ(Tabs().count(), 5);
 }
 
+TEST_F(FrmObsWeights, AMistypedValueIsReportedShownAndPutRight) {
+    IniWriteString("dv_input.ini", "Distance", "SDist1", "0.0O5");
+    Desktop.ExpectMessageTitled("Program Error");
+    OpenDialog();
+    EXPECT_EQ(LastReport(), "13 Dorvane-basRead-ReadIniWeights");
+    ASSERT_EQ(Tabs().count(), 5);
+    EXPECT_EQ(TextOf(Page(5), "txtValue1"), "0.0O5");
+    EXPECT_EQ(TextOf(Page(1), "txtValue1"), "0.0005");
+    Control<QLineEdit>(Page(5), "txtValue1").setText(QStringLiteral("0.005"));
+    Click(*Dialog, "cmdOK");
+    EXPECT_EQ(Key("Distance", "SDist1"), "0.005");
+    EXPECT_EQ(Key("Tracker", "HAngle1"), "0.0005");
+}
+
 TEST_F(FrmObsWeights, OpensEmptyWithoutInputTypes) {
     PutProfile("dv_input.ini", {});
     OpenDialog();
