@@ -24,6 +24,7 @@ void frmDbOption::LoadForm() {
         SetOptionalPicture(*Form->cmdUpdate, "update.svg");
         SetOptionalPicture(*Form->cmdHome, "home.svg");
     });
+    setMinimumWidth(fontMetrics().averageCharWidth() * 48);  // the title has room
     Form->cmdRetrieve->setFocus();
 }
 

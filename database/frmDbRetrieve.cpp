@@ -33,7 +33,7 @@ frmDbRetrieve::frmDbRetrieve(Navigator& navigator)
     ReturnsBy(Form->cmdHome);
     StatusPanel = AddPanel(*Form->sbrRetrieve, QStringLiteral("sbrRetrievePanel1"), 1);
     const QFontMetrics metrics = fontMetrics();
-    resize(metrics.averageCharWidth() * 100, metrics.lineSpacing() * 44);
+    resize(metrics.averageCharWidth() * 100, metrics.lineSpacing() * 40);
     ConnectChoices();
     ConnectCommands();
     ConnectMenus();

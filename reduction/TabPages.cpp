@@ -161,8 +161,12 @@ void TabPages::MakeRoom(int rows) {
     StripHeight = tabHeight * std::min(rows, MostRowsSeen);
     Strip->setVerticalScrollBarPolicy(rows > MostRowsSeen ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
     layout()->setContentsMargins(0, StripHeight - overlap, 0, 0);
-    setMinimumWidth(Rows->minimumSize().width());
+    updateGeometry();
     PlaceStrip();
+}
+
+QSize TabPages::minimumSizeHint() const {
+    return QWidget::minimumSizeHint().expandedTo({Rows->minimumSize().width(), 0});
 }
 
 void TabPages::PlaceStrip() {

@@ -34,6 +34,8 @@ class TabPages : public QWidget {
     /// -1 when there are no tabs.
     int Current() const;
 
+    QSize minimumSizeHint() const override;
+
     /// The focus goes to the current tab.
     void FocusTabs();
 

@@ -532,6 +532,20 @@ TEST_F(frmReduceTest, ShowsAccentsAndMarkupAsTheyStandInTheFiles) {
     EXPECT_EQ(Desktop.Started, Texts{"C:\\ED\\ED.EXE " + folder + "R\xC9S.RES"});
 }
 
+TEST_F(frmReduceTest, ClipsNothingAtItsSmallest) {
+    ConfigureTabs(8);
+    frmReduce& screen = Open();
+    screen.resize(screen.minimumSizeHint());
+    HandleEvents();
+    for (const char* name :
+         {"lblDataTitle0", "lblReductionTitle0", "lblReductionResults0", "cmdReduce0", "cmdEdit0",
+          "cmdPrint0", "tab0", "tab7", "cmdChangeDir", "cmdInputCreator", "cmdHome"}) {
+        const auto& control = Control<QWidget>(screen, name);
+        EXPECT_GE(control.width(), control.minimumSizeHint().width()) << name;
+        EXPECT_GE(control.height(), control.minimumSizeHint().height()) << name;
+    }
+}
+
 TEST_F(frmReduceTest, OpensWithAProfileOfJunk) {
     std::string junk;
     for (int i = 0; junk.size() < 127; ++i)
