@@ -13,12 +13,19 @@
 #include "core/frmSplash.h"
 #include "core/frmSysOption.h"
 #include "core/widgets/ScreenText.h"
+#include "database/CoordinateRetriever.h"
 #include "database/basDatabase.h"
+#include "database/frmDbOption.h"
+#include "database/frmDbRetrieve.h"
+#include "database/frmDbUpdate.h"
 #include "datatree/basTree.h"
 #include "datatree/frmAddSurvey.h"
 #include "datatree/frmTree.h"
+#include "input/frmInput.h"
+#include "input/frmObsWeights.h"
 #include "reduction/frmAddCalib.h"
 #include "reduction/frmCalibTree.h"
+#include "reduction/frmReduce.h"
 #include "upload/SurveyIndex.h"
 #include "upload/frmCopyMeter.h"
 #include "upload/frmDeleteMeter.h"
@@ -145,27 +152,20 @@ void AppNavigator::NotYet(const std::string& title) {
 }
 
 void AppNavigator::OpenInput() {
-    NotYet("Input Creation");
+    if (Input.isNull())
+        Input = new frmInput(*this, [] { return std::make_unique<CoordinateRetriever>(); });
+    Input->ShowModal();
+}
+
+void AppNavigator::OpenWeights(const std::function<void(bool saved)>& then) {
+    auto* weights = new frmObsWeights;
+    QObject::connect(weights, &frmObsWeights::Unloaded, qApp,
+                     [weights, then] { CallLater([saved = weights->Saved(), then] { then(saved); }); });
+    weights->ShowModal();
 }
 
 void AppNavigator::OpenAdjustment(const std::string& /*inputPath*/) {
     NotYet("Adjustment Run");
-}
-
-void AppNavigator::OpenDatabase() {
-    NotYet("Coordinate Database");
-}
-
-void AppNavigator::OpenRetrieval() {
-    NotYet("Coordinate Retrieval");
-}
-
-void AppNavigator::OpenUpdate() {
-    NotYet("Coordinate Update");
-}
-
-void AppNavigator::OpenWeights(const std::function<void(bool saved)>& /*then*/) {
-    NotYet("Observation Weights");
 }
 
 void AppNavigator::OpenVersions(const std::string& /*inputPath*/, const std::string& /*version*/,
@@ -173,8 +173,22 @@ void AppNavigator::OpenVersions(const std::string& /*inputPath*/, const std::str
     NotYet("Input Versions");
 }
 
-void AppNavigator::OpenReduction(const std::string& /*folder*/) {
-    NotYet("Data Reduction");
+void AppNavigator::OpenDatabase() {
+    (new frmDbOption(*this))->ShowModal();
+}
+
+void AppNavigator::OpenRetrieval() {
+    (new frmDbRetrieve(*this))->ShowModal();
+}
+
+void AppNavigator::OpenUpdate() {
+    (new frmDbUpdate(*this))->ShowModal();
+}
+
+void AppNavigator::OpenReduction(const std::string& folder) {
+    auto* reduction = new frmReduce(*this);
+    reduction->SetSelectedDirectory(folder);
+    reduction->ShowModal();
 }
 
 void AppNavigator::OpenCalibration() {
@@ -208,7 +222,9 @@ void AppNavigator::ReturnToUpload(const std::string& folder) {
     OpenUpload();
 }
 
-void AppNavigator::ReturnToInput(const std::string& /*folder*/) {
+void AppNavigator::ReturnToInput(const std::string& folder) {
+    if (!Input.isNull())
+        Input->SetDirectory(folder);
     OpenInput();
 }
 
@@ -235,8 +251,10 @@ void AppNavigator::ShowSearch(const std::string& text) {
 }
 
 void AppNavigator::CloseSearch() {
-    if (!Search.isNull())
-        Search->Unload();
+    if (Search.isNull())
+        return;
+    Search->Unload();
+    Search.clear();
 }
 
 std::string AppNavigator::UploadDataType() const {

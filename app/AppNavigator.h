@@ -9,6 +9,7 @@
 
 namespace Dorvane {
 
+class frmInput;
 class frmMain;
 class frmSearch;
 class frmUploadMenu;
@@ -69,6 +70,7 @@ class AppNavigator : public Navigator {
 
     std::unique_ptr<frmMain> Home;
     QPointer<frmUploadMenu> Upload;
+    QPointer<frmInput> Input;
     QPointer<frmSearch> Search;
 };
 

@@ -89,6 +89,20 @@ QWidget* Above(const QWidget* help) {
     return active != nullptr && active != help ? active : QApplication::activeModalWidget();
 }
 
+// The arrow above a box that asks something in the middle of what shows the wait cursor.
+class ArrowCursor {
+  public:
+    ArrowCursor() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~ArrowCursor() { QGuiApplication::restoreOverrideCursor(); }
+    ArrowCursor(const ArrowCursor&) = delete;
+    ArrowCursor& operator=(const ArrowCursor&) = delete;
+};
+
+int Ask(QDialog& box) {
+    const ArrowCursor arrow;
+    return box.exec();
+}
+
 // Drops what the operator typed and clicked, as long as this lives.
 class DroppedInput : public QObject {
   public:
@@ -142,7 +156,7 @@ Answer QtDesktop::ShowMessage(const Message& message) {
                     [&](Guard&) { OpenHelp(message.HelpFile).ShowError(message.HelpContext); });
         });
     }
-    return AnswerOf(box.exec());
+    return AnswerOf(Ask(box));
 }
 
 std::optional<std::string> QtDesktop::AskText(const std::string& prompt, const std::string& title,
@@ -155,14 +169,14 @@ std::optional<std::string> QtDesktop::AskText(const std::string& prompt, const s
         label->setTextFormat(Qt::PlainText);
     for (QLineEdit* const field : box.findChildren<QLineEdit*>())
         field->setMinimumWidth(field->fontMetrics().averageCharWidth() * 50);
-    if (box.exec() != QDialog::Accepted)
+    if (Ask(box) != QDialog::Accepted)
         return std::nullopt;
     return FromScreen(box.textValue());
 }
 
 std::optional<std::string> QtDesktop::AskFile(const FileDialog& dialog) {
     DriveFileDialog box(dialog, Above(Help.get()));
-    if (box.exec() != QDialog::Accepted)
+    if (Ask(box) != QDialog::Accepted)
         return std::nullopt;
     return box.ChosenPath();
 }
@@ -188,7 +202,7 @@ bool QtDesktop::SetupPrinter(PrinterChoice& choice) {
     if (auto* buttons = box.findChild<QDialogButtonBox*>())
         if (QPushButton* const ok = buttons->button(QDialogButtonBox::Ok))
             ok->setText(QCoreApplication::translate("QtDesktop", "OK"));
-    const bool confirmed = box.exec() == QDialog::Accepted;
+    const bool confirmed = Ask(box) == QDialog::Accepted;
     if (confirmed)
         ChosenPrinter = std::move(tried);
     choice = {Printer().copyCount(), Printer().fromPage(), Printer().toPage()};

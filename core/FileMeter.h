@@ -20,4 +20,20 @@ class FileMeter {
     virtual void Close() {}
 };
 
+/// A meter that is open as long as this lives, however the run ends.
+class OpenMeter {
+  public:
+    OpenMeter(FileMeter& meter, int fileCount);
+    ~OpenMeter();
+    OpenMeter(const OpenMeter&) = delete;
+    OpenMeter& operator=(const OpenMeter&) = delete;
+
+    /// Shows the file that is now at work, and yields to events, so that it is seen.
+    void Begin(const std::string& from, const std::string& to);
+    void Advance(int filesDone) { Meter.Advance(filesDone); }
+
+  private:
+    FileMeter& Meter;
+};
+
 }  // namespace Dorvane

@@ -55,7 +55,7 @@ void frmMain::BuildButtons() {
         button->setFixedSize(ButtonWidth, ButtonHeight);
         button->setIconSize({PictureSize, PictureSize});
         button->setFocusPolicy(Qt::StrongFocus);
-        button->setToolTip(ToScreen(buttons[place].Tip).toHtmlEscaped());
+        button->setToolTip(ToTip(buttons[place].Tip));
         button->setAccessibleName(ToScreen(buttons[place].Title));
         button->setShortcut(QKeySequence(QString::number((i + 1) % HomeButtonCount)));
         connect(button, &QToolButton::clicked, this, [this, i] { cmdMain_Click(i); });

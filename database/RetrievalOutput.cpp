@@ -52,20 +52,6 @@ bool MayWrite(const std::string& file) {
     return TheDesktop().ShowMessage(question) == Answer::Yes;
 }
 
-// A meter over one file, open as long as this lives.
-class OneFileMeter {
-  public:
-    explicit OneFileMeter(std::unique_ptr<FileMeter> meter) : Meter(std::move(meter)) { Meter->Open(1); }
-    ~OneFileMeter() { Meter->Close(); }
-    OneFileMeter(const OneFileMeter&) = delete;
-    OneFileMeter& operator=(const OneFileMeter&) = delete;
-
-    FileMeter* operator->() { return Meter.get(); }
-
-  private:
-    std::unique_ptr<FileMeter> Meter;
-};
-
 std::unique_ptr<FileMeter> MeterOf(const RetrieveView& view) {
     return view.CopyMeter ? view.CopyMeter() : std::make_unique<FileMeter>();
 }
@@ -104,11 +90,11 @@ void ClickCopyOutput(const RetrieveForm& form, const RetrieveView& view) {
         if (!file || !MayWrite(*file))
             return;
         {
-            OneFileMeter meter(MeterOf(view));
-            meter->ShowFile(form.lblOutputFile, *file);
-            TheDesktop().YieldEvents();
+            const std::unique_ptr<FileMeter> meter = MeterOf(view);
+            OpenMeter open(*meter, 1);
+            open.Begin(form.lblOutputFile, *file);
             guard.Run([&] { Drives::CopyFile(form.lblOutputFile, *file); });
-            meter->Advance(1);
+            open.Advance(1);
         }
         if (view.ShowStatus)
             view.ShowStatus(*file + " copied");

@@ -22,7 +22,7 @@ class DirectoryItem : public QTreeWidgetItem {
 
     QVariant data(int column, int role) const override {
         if (role == Qt::ToolTipRole)
-            return QStringLiteral("<span>%1</span>").arg(ToScreen(Key).toHtmlEscaped());
+            return ToTip(Key);
         return QTreeWidgetItem::data(column, role);
     }
 

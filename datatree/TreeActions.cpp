@@ -32,22 +32,6 @@ std::string AskCopyTarget() {
     return answer == Answer::Yes ? target : "";
 }
 
-// The copy meter over one file, open as long as this lives.
-class OneFileMeter {
-  public:
-    explicit OneFileMeter(Navigator& navigator) : Meter(navigator.CopyMeter("Copying File ...")) {
-        Meter->Open(1);
-    }
-    ~OneFileMeter() { Meter->Close(); }
-    OneFileMeter(const OneFileMeter&) = delete;
-    OneFileMeter& operator=(const OneFileMeter&) = delete;
-
-    FileMeter* operator->() { return Meter.get(); }
-
-  private:
-    std::unique_ptr<FileMeter> Meter;
-};
-
 }  // namespace
 
 void RememberTreeFolder(const std::string& directory) {
@@ -96,11 +80,11 @@ void CopyTreeFile(const std::string& directory, const std::string& file, Navigat
         if (target.empty())
             return;
         const std::string source = directory + file;
-        OneFileMeter meter(navigator);
-        meter->ShowFile(source, target);
-        TheDesktop().YieldEvents();
+        const std::unique_ptr<FileMeter> meter = navigator.CopyMeter("Copying File ...");
+        OpenMeter open(*meter, 1);
+        open.Begin(source, target);
         guard.Run([&] { Drives::CopyFile(source, target); });
-        meter->Advance(1);
+        open.Advance(1);
     });
 }
 

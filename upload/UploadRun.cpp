@@ -13,24 +13,6 @@ namespace Dorvane {
 
 namespace {
 
-// A meter that is open as long as this lives, however the run ends.
-class OpenMeter {
-  public:
-    OpenMeter(FileMeter& meter, int fileCount) : Meter(meter) { Meter.Open(fileCount); }
-    ~OpenMeter() { Meter.Close(); }
-    OpenMeter(const OpenMeter&) = delete;
-    OpenMeter& operator=(const OpenMeter&) = delete;
-
-    void Begin(const std::string& from, const std::string& to) {
-        Meter.ShowFile(from, to);
-        TheDesktop().YieldEvents();
-    }
-    void Advance(int filesDone) { Meter.Advance(filesDone); }
-
-  private:
-    FileMeter& Meter;
-};
-
 // The checks before an upload. False after a message; else `files` and `surveyIndexName` are ready.
 bool PrepareUpload(UploadState& state, List1<FileEntry>& files, std::string& surveyIndexName) {
     const std::string& selection = state.FileSelection;

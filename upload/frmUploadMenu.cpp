@@ -6,12 +6,11 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
-#include <QTextDocument>
 
 #include "core/Globals.h"
 #include "core/PathType.h"
-#include "core/ProfileStore.h"
 #include "core/basGeneral.h"
+#include "core/widgets/HomeLook.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/ScreenText.h"
 #include "core/widgets/StatusPanels.h"
@@ -23,23 +22,6 @@
 namespace Dorvane {
 
 namespace {
-
-// The tip of a profile is no markup, whatever stands in it.
-QString PlainTip(const std::string& tip) {
-    const QString text = ToScreen(tip);
-    return Qt::mightBeRichText(text) ? QStringLiteral("<span>%1</span>").arg(text.toHtmlEscaped()) : text;
-}
-
-// The picture and the tip that the home menu's profile gives the button of the same errand.
-void DressLikeHome(QAbstractButton& button, const char* number) {
-    Guarded("frmUploadMenu-LoadForm", [&](Guard&) {
-        const std::string profile = "dv_main.ini";
-        const std::string tip = IniReadString(profile, "Main Tips", std::string("Tip") + number);
-        if (!tip.empty())
-            button.setToolTip(PlainTip(tip));
-        SetOptionalPicture(button, IniReadString(profile, "Main Icons", std::string("Icon") + number));
-    });
-}
 
 void ShowPath(QLabel& label, const std::string& path, bool missing) {
     const QColor brightRed(255, 0, 0);
@@ -68,8 +50,8 @@ frmUploadMenu::frmUploadMenu(Navigator& navigator)
 frmUploadMenu::~frmUploadMenu() = default;
 
 void frmUploadMenu::LoadForm() {
-    DressLikeHome(*Form->cmdUpload, "3");
-    DressLikeHome(*Form->cmdReduce, "4");
+    Guarded("frmUploadMenu-LoadForm", [&](Guard&) { DressLikeHome(*Form->cmdUpload, 3); });
+    Guarded("frmUploadMenu-LoadForm", [&](Guard&) { DressLikeHome(*Form->cmdReduce, 4); });
     Guarded("frmUploadMenu-LoadForm", [&](Guard&) {
         SetOptionalPicture(*Form->cmdFromBrowse, "browse.svg");
         SetOptionalPicture(*Form->cmdToBrowse, "browse.svg");

@@ -3,8 +3,12 @@
 
 #include <QAbstractButton>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QSettings>
 #include <QTimer>
+
+#include "core/ReportError.h"
+#include "core/basHelp.h"
 
 namespace Dorvane {
 
@@ -49,6 +53,15 @@ void ShowApplicationModal(Window& window) {
     window.activateWindow();
 }
 
+// True when the key was the help key.
+bool OpensHelp(const QWidget& window, const QKeyEvent& event) {
+    if (!event.matches(QKeySequence::HelpContents))
+        return false;
+    const std::string procedure = window.objectName().toStdString() + "-Form_KeyDown";
+    Guarded(procedure, [](Guard&) { ShowHelpContents("Main"); });
+    return true;
+}
+
 // The click comes when the close event is done with, since it takes the window away.
 void ClickLater(QAbstractButton* button) {
     QTimer::singleShot(0, button, [button] { button->click(); });
@@ -81,6 +94,11 @@ void Screen::closeEvent(QCloseEvent* event) {
     ClickLater(WayOut);
 }
 
+void Screen::keyPressEvent(QKeyEvent* event) {
+    if (!OpensHelp(*this, *event))
+        QMainWindow::keyPressEvent(event);
+}
+
 ScreenDialog::ScreenDialog(QWidget* parent) : QDialog(parent) {
     RememberPlace(*this);
 }
@@ -98,6 +116,11 @@ void ScreenDialog::ShowModal() {
 void ScreenDialog::closeEvent(QCloseEvent* event) {
     event->ignore();
     Leave();
+}
+
+void ScreenDialog::keyPressEvent(QKeyEvent* event) {
+    if (!OpensHelp(*this, *event))
+        QDialog::keyPressEvent(event);
 }
 
 void ScreenDialog::reject() {

@@ -34,6 +34,8 @@ class Screen : public QMainWindow {
     /// The button that the window's own close button (and Alt+F4) stands for.
     void ReturnsBy(QAbstractButton* button) { WayOut = button; }
     void closeEvent(QCloseEvent* event) override;
+    /// The help key opens the manual.
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     QPointer<QAbstractButton> WayOut;
@@ -56,6 +58,7 @@ class ScreenDialog : public QDialog {
     /// The button that the window's own close button and Escape stand for.
     void ReturnsBy(QAbstractButton* button) { WayOut = button; }
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void reject() override;
 
   private:

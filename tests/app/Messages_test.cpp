@@ -15,6 +15,7 @@
 #include "core/Drives.h"
 #include "core/ReportError.h"
 #include "core/widgets/ScreenText.h"
+#include "core/widgets/WaitCursor.h"
 #include "tests/support/Operator.h"
 #include "tests/support/ScreenTest.h"
 #include "tests/support/TestSite.h"
@@ -67,6 +68,16 @@ TEST_F(Messages, TakeEnterForTheDefaultButton) {
     EXPECT_EQ(Press(Qt::Key_Return, Buttons::YesNo, Answer::No), Answer::No);
     EXPECT_EQ(Press(Qt::Key_Return, Buttons::RetryCancel), Answer::Retry);
     EXPECT_EQ(Press(Qt::Key_Return, Buttons::YesNoCancel, Answer::Cancel), Answer::Cancel);
+}
+
+TEST_F(Messages, StandUnderTheArrowWhereTheWaitCursorIsShown) {
+    const WaitCursor wait;
+    Hands.ExpectDialog("Title", [](QWidget& box) {
+        EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    Ask(Buttons::Ok);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
 }
 
 TEST_F(Messages, HaveTheButtonsAskedForAndNoOther) {

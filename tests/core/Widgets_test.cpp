@@ -19,6 +19,7 @@
 #include "core/widgets/Screen.h"
 #include "core/widgets/ScreenText.h"
 #include "tests/support/ScreenTest.h"
+#include "tests/support/ScriptedDesktop.h"
 #include "tests/support/TestSite.h"
 
 namespace Dorvane {
@@ -178,6 +179,19 @@ TEST(Screens, TheWindowsOwnButtonStandsForTheWayOut) {
     HandleEvents();
     EXPECT_EQ(unloaded.count(), 1);
     EXPECT_TRUE(alive.isNull());
+}
+
+TEST(Screens, OpenTheManualByTheHelpKey) {
+    const TestSite site;
+    const ScriptedDesktop desk;
+    OneButtonScreen screen("frmHelped");
+    screen.show();
+    QTest::keyClick(&screen, Qt::Key_F1);
+    ScreenDialog dialog;
+    dialog.show();
+    QTest::keyClick(&dialog, Qt::Key_F1);
+    const std::string help = "help P:\\DORVANE\\help\\DorvaneHelp.chm>Main 1";
+    EXPECT_THAT(desk.Started, testing::ElementsAre(help, help));
 }
 
 TEST(Screens, RememberWhereTheOperatorLeftThem) {

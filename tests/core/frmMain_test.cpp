@@ -94,6 +94,14 @@ TEST_F(HomeMenu, AMissingKeyMakesAButtonWithoutCaption) {
     EXPECT_TRUE(Control<QToolButton>(menu, "cmdMain0").icon().isNull());
 }
 
+TEST_F(HomeMenu, ATipShowsAsItStands) {
+    IniWriteString("dv_main.ini", "Main Tips", "Tip1", "Up & down");
+    IniWriteString("dv_main.ini", "Main Tips", "Tip2", "<b>bold</b>");
+    frmMain& menu = Open();
+    EXPECT_EQ(Control<QToolButton>(menu, "cmdMain0").toolTip(), "Up & down");
+    EXPECT_EQ(Control<QToolButton>(menu, "cmdMain1").toolTip(), "<span>&lt;b&gt;bold&lt;/b&gt;</span>");
+}
+
 TEST_F(HomeMenu, AnAbsentIconFileIsReportedAndTheMenuStillOpens) {
     IniWriteString("dv_main.ini", "Main Icons", "Icon4", "absent.ico");
     Desk.ExpectMessageTitled("Program Error");

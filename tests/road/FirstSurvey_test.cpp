@@ -2,13 +2,16 @@
 #include <gmock/gmock.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
 #include "core/Globals.h"
+#include "core/Host.h"
 #include "core/ProfileStore.h"
 #include "core/basGeneral.h"
+#include "core/basMain.h"
 #include "datatree/DirectoryTree.h"
 #include "tests/road/Workstation.h"
 
@@ -126,16 +129,56 @@ TEST_F(NewWorkstation, OffersNoEpochTwiceAndSharesTheProjectFolder) {
     Click(Screen("frmTree"), "cmdHome");
 }
 
+TEST_F(NewWorkstation, RefusesASecondCopyInWordsAndTouchesNothing) {
+    const std::intptr_t other = Host::ClaimSingleInstance(Global().InstanceName);
+    ASSERT_NE(other, -1);
+    const std::vector<std::string> before = AllFiles("C:\\");
+    Person.ExpectMessage("Tarvex Already Running",
+                         "Cannot load program agian.  The requested application is already open");
+    EXPECT_FALSE(Main({[] { ADD_FAILURE() << "splash"; }, [] { ADD_FAILURE() << "folders"; },
+                       [] { ADD_FAILURE() << "home menu"; }}));
+    EXPECT_EQ(AllFiles("C:\\"), before);
+}
+
+// Runs the program's events, does `act` in them, and tells whether the program ended by itself.
+bool EndsBy(const std::function<void()>& act) {
+    constexpr int Patience = 20000;
+    QTimer::singleShot(0, act);
+    QTimer::singleShot(Patience, qApp, [] { QApplication::exit(1); });
+    return QApplication::exec() == 0;
+}
+
 TEST_F(NewWorkstation, TheLastButtonEndsTheProgramFromTheHomeMenu) {
     Start();
-    bool ended = false;
-    QTimer::singleShot(0, [&] {
-        QTest::mouseClick(&Control<QAbstractButton>(Screen("frmMain"), "cmdMain9"), Qt::LeftButton);
-    });
-    QTimer::singleShot(20000, qApp, [] { QApplication::exit(1); });
-    ended = QApplication::exec() == 0;
-    EXPECT_TRUE(ended);
+    EXPECT_TRUE(EndsBy([] { Click(Screen("frmMain"), "cmdMain9"); }));
     EXPECT_FALSE(IsOpen("frmMain"));
+}
+
+TEST_F(NewWorkstation, ExitEndsTheProgramWhateverScreensAreStillLoaded) {
+    Start();
+    LayDownStructures();
+    Click(Screen("frmMain"), "cmdMain2");
+    Click(Screen("frmUploadMenu"), "cmdToBrowse");
+    Click(Screen("frmTree"), "cmdHome");
+    EXPECT_TRUE(IsOpen("frmMain"));
+    EXPECT_TRUE(EndsBy([] { Choose(Screen("frmMain"), "mnuExit"); }));
+    for (const QWidget* window : QApplication::topLevelWidgets())
+        EXPECT_FALSE(window->isVisible()) << window->objectName().toStdString();
+}
+
+TEST_F(NewWorkstation, AScreenLeftBehindForTheHomeMenuIsShownAgainAsItWas) {
+    Start();
+    LayDownStructures();
+    PutFile("D:\\FIELD\\A.GSI", "");
+    Click(Screen("frmMain"), "cmdMain2");
+    Person.ExpectFile("Upload Data From ", "D:\\FIELD\\UploadPath");
+    Click(Screen("frmUploadMenu"), "cmdFromBrowse");
+    Click(Screen("frmUploadMenu"), "cmdToBrowse");
+    Click(Screen("frmTree"), "cmdHome");
+    EXPECT_FALSE(IsOpen("frmUploadMenu"));
+    Click(Screen("frmMain"), "cmdMain2");
+    EXPECT_EQ(TextOf(Screen("frmUploadMenu"), "lblFromPath"), "D:\\FIELD\\");
+    Click(Screen("frmUploadMenu"), "cmdHome");
 }
 
 }  // namespace Dorvane
