@@ -56,6 +56,29 @@ std::int16_t Adjust(AdjustmentPackage& package, int selectedType) {
     return package.Go(AdjustmentTypes[static_cast<std::size_t>(selectedType - 1)].Value);
 }
 
+std::int16_t CallPackage(VarnState& state, AdjustmentPackage& package, std::string inputPath,
+                         const VarnRunView& view) {
+    // The path is a copy that the package may write into; nothing depends on it.
+    state.lblStartReturn = std::to_string(package.Start(inputPath));
+    Call(view.ShowNumbers);
+    const std::int16_t result = Adjust(package, state.cmbVarn.Selected);
+    state.lblGoReturn = std::to_string(result);
+    Call(view.ShowNumbers);
+    package.Stop();
+    return result;
+}
+
+// Shows whether there is a listing as soon as the package has done, however it came back.
+struct ListingCheck {
+    ListingCheck(VarnState& state, const std::string& listing) : State(state), Listing(listing) {}
+    ~ListingCheck() { ShowOutputExists(State, FileExists(Listing)); }
+    ListingCheck(const ListingCheck&) = delete;
+    ListingCheck& operator=(const ListingCheck&) = delete;
+
+    VarnState& State;
+    const std::string& Listing;
+};
+
 // Ends the look of waiting however the run is left.
 struct Waiting {
     explicit Waiting(const VarnRunView& view) : View(view) { Call(View.BeginWait); }
@@ -160,15 +183,11 @@ void RunVarn(VarnState& state, AdjustmentPackage& package, const VarnRunView& vi
         VersionDigits(version, digits) ? WithExtension(inputPath, "OUT") : state.lblOutput.Caption;
 
     const Waiting waiting(view);
-    std::string handedOver = inputPath;  // the package may write into its copy; nothing depends on it
-    state.lblStartReturn = std::to_string(package.Start(handedOver));
-    Call(view.ShowNumbers);
-    const std::int16_t result = Adjust(package, state.cmbVarn.Selected);
-    state.lblGoReturn = std::to_string(result);
-    Call(view.ShowNumbers);
-    package.Stop();
-
-    ShowOutputExists(state, FileExists(outputPath));
+    std::int16_t result = 0;
+    {
+        const ListingCheck check(state, outputPath);
+        result = CallPackage(state, package, inputPath, view);
+    }
     if (result == 0)
         AddVarnBanner(inputPath, outputPath);
     Call(view.StopAnimation);

@@ -60,7 +60,7 @@ struct VarnRunView {
 /// The run: Start, Go with the chosen type and Stop of the package on the input file of the chosen version,
 /// the banner on the listing when Go gave 0, and the closing message. Without a chosen type Go is not called
 /// and counts as 0. What fails in between (no package, no listing, no PROJECT and TASK lines in the input) is
-/// raised, and the listing is then as the package left it.
+/// raised, and the listing is then as the package left it. Whether there is one is shown in any case.
 void RunVarn(VarnState& state, AdjustmentPackage& package, const VarnRunView& view);
 
 }  // namespace Dorvane

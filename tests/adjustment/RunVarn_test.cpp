@@ -245,6 +245,24 @@ TEST_F(VarnRun, WithoutPackageRaisesAndEndsTheWait) {
     EXPECT_THAT(Steps, ElementsAre("begin wait", "end wait"));
 }
 
+TEST_F(VarnRun, OfAPackageThatEndsShowsWhetherThereIsAListing) {
+    struct EndingPackage : RecordedPackage {
+        using RecordedPackage::RecordedPackage;
+        std::int16_t Go(std::int32_t /*type*/) override {
+            Drives::DeleteFile("D:\\ADJ\\NET.OUT");
+            throw RunTimeError(InternalError);
+        }
+    } ending{Steps};
+    PutFile(Output, "an older listing\r\n");
+    ChangeInput(State, Net);
+    EXPECT_TRUE(State.mnuXyz.Enabled);
+    EXPECT_THROW(RunVarn(State, ending, View), RunTimeError);
+    EXPECT_FALSE(State.mnuXyz.Enabled);
+    EXPECT_FALSE(State.chkOutputFile.Enabled);
+    EXPECT_EQ(State.lblOutput.Colour, LabelColour::LightRed);
+    EXPECT_EQ(Steps.back(), "end wait");
+}
+
 TEST_F(VarnRun, NeedsNoView) {
     Package.GoResult = 1;
     Desktop.ExpectMessageTitled("Varn Error");
