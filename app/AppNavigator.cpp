@@ -5,6 +5,8 @@
 #include <QEventLoop>
 #include <QTimer>
 
+#include "adjustment/frmOpenInput.h"
+#include "adjustment/frmVarn.h"
 #include "core/basMain.h"
 #include "core/frmAbout.h"
 #include "core/frmConstruct.h"
@@ -146,11 +148,6 @@ void AppNavigator::OpenUpload() {
     Upload->activateWindow();
 }
 
-void AppNavigator::NotYet(const std::string& title) {
-    OpenConstruct(title, "Option Under Construction: In the future this option will open \"" + title + "\".",
-                  [this] { ShowHome(); });
-}
-
 void AppNavigator::OpenInput() {
     if (Input.isNull())
         Input = new frmInput(*this, [] { return std::make_unique<CoordinateRetriever>(); });
@@ -164,13 +161,19 @@ void AppNavigator::OpenWeights(const std::function<void(bool saved)>& then) {
     weights->ShowModal();
 }
 
-void AppNavigator::OpenAdjustment(const std::string& /*inputPath*/) {
-    NotYet("Adjustment Run");
+void AppNavigator::OpenAdjustment(const std::string& inputPath) {
+    auto* adjustment = new frmVarn(*this);
+    if (!inputPath.empty())
+        adjustment->SetInput(inputPath);
+    adjustment->ShowModal();
 }
 
-void AppNavigator::OpenVersions(const std::string& /*inputPath*/, const std::string& /*version*/,
-                                const Then& /*then*/) {
-    NotYet("Input Versions");
+void AppNavigator::OpenVersions(const std::string& inputPath, const std::string& version, const Then& then) {
+    auto* versions = new frmOpenInput;
+    versions->SetVersion(version);
+    versions->SetDirectory(inputPath);
+    CallWhenUnloaded(versions, then);
+    versions->ShowModal();
 }
 
 void AppNavigator::OpenDatabase() {

@@ -64,8 +64,6 @@ class AppNavigator : public Navigator {
 
   private:
     frmTree* LoadTree(const std::string& title, const std::string& folder);
-    /// Tells that a screen of the second half is not there, and goes back to the home menu.
-    void NotYet(const std::string& title);
     std::string UploadDataType() const;
 
     std::unique_ptr<frmMain> Home;

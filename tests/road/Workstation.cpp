@@ -17,6 +17,7 @@
 #include "core/basMain.h"
 #include "core/widgets/ScreenText.h"
 #include "datatree/DirectoryTree.h"
+#include "tests/app/PrintServer.h"
 
 namespace Dorvane::Testing {
 
@@ -38,6 +39,7 @@ void ChooseDrive(QWidget& screen, const char* list, const char* letter) {
 
 Workstation::Workstation() {
     setenv("DORVANE_DRIVES", Site.HostFolder().c_str(), 1);
+    ForgetPrintServer();  // a journey that prints brings up its own
     InstallProgram();
     Desk = std::make_unique<QtDesktop>();
 }

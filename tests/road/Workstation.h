@@ -49,13 +49,15 @@ class Workstation : public testing::Test {
     /// Types a text of any characters into a field.
     static void Type(QWidget& screen, const char* field, const std::string& text);
 
+    /// Does `act` with the screen of a form's name as soon as it is open.
+    static void WhenOpen(const char* name, const std::function<void(QWidget&)>& act);
+
     TestSite Site;
     std::unique_ptr<QtDesktop> Desk;
     std::unique_ptr<AppNavigator> Navigator;
     Operator Person;
 
   private:
-    void WhenOpen(const char* name, const std::function<void(QWidget&)>& act);
     void InstallProgram();
 };
 
