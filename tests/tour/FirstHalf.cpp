@@ -58,7 +58,6 @@ void HomeMenu(PictureBook& book) {
     book.Shoot("frmMain", "manual");
     Choose(home, "mnuTarvex");
     book.ShootBox("message-no-error-log", "OK", [&] { Choose(home, "mnuErrorLog"); });
-    Global().PrinterPresent = false;
 }
 
 // The tree on a folder in one of its modes.
@@ -99,8 +98,7 @@ void BrowseTheTree(PictureBook& book, AppNavigator& navigator) {
     book.ShootBox("frmTree-incomplete", "OK", [&] { Click(reduction, "cmdOK"); });
     Click(reduction, "cmdHome");
     Click(Tree(book, navigator, "VARN input file location", Project, "input"), "cmdCancel");
-    if (QWidget* notice = QApplication::activeModalWidget())
-        Click(*notice, "cmdHome");
+    Click(book.Visible("frmInput"), "cmdHome");
 }
 
 void UploadAFile(PictureBook& book) {
@@ -181,13 +179,12 @@ void DesktopServices(PictureBook& book) {
 
 }  // namespace
 
-void WalkFirstHalf(PictureBook& book) {
+void WalkStartUp(PictureBook& book) {
     StartUpDialogs(book);
     FailedStart(book);
-    AppNavigator navigator;
-    Global().PrinterPresent = true;
-    navigator.ShowMain();
-    HandleEvents();
+}
+
+void WalkFirstHalf(PictureBook& book, AppNavigator& navigator) {
     HomeMenu(book);
     AddASurvey(book);
     BrowseTheTree(book, navigator);

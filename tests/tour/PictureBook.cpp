@@ -23,6 +23,13 @@ constexpr int BoxMilliseconds = 5000;
     throw std::runtime_error(text.toStdString());
 }
 
+QWidget* FindVisible(const char* name) {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && window->objectName() == QLatin1String(name))
+            return window;
+    return nullptr;
+}
+
 QString WithoutMnemonic(QString text) {
     return text.remove(QLatin1Char('&'));
 }
@@ -46,10 +53,14 @@ void Answer(QWidget& box, const QString& button) {
 }  // namespace
 
 QWidget& PictureBook::Visible(const char* name) {
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (window->isVisible() && window->objectName() == QLatin1String(name))
-            return *window;
-    Fail(QStringLiteral("not on the screen: ") + QLatin1String(name));
+    QWidget* window = FindVisible(name);
+    if (window == nullptr)
+        Fail(QStringLiteral("not on the screen: ") + QLatin1String(name));
+    return *window;
+}
+
+bool PictureBook::IsVisible(const char* name) {
+    return FindVisible(name) != nullptr;
 }
 
 void PictureBook::Shoot(QWidget& window, const QString& name) {

@@ -15,6 +15,7 @@ class PictureBook {
 
     /// The window of an object name that is visible; throws when there is none.
     static QWidget& Visible(const char* name);
+    static bool IsVisible(const char* name);
 
     /// A picture of a window, as "<name>.png".
     void Shoot(QWidget& window, const QString& name);

@@ -9,12 +9,15 @@
 
 #include "app/AppNavigator.h"
 #include "app/QtDesktop.h"
+#include "core/Globals.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/RowStyle.h"
 #include "programs/road/RoadWalk.h"
+#include "tests/support/ScreenTest.h"
 #include "tests/tour/Tour.h"
 
 using namespace Dorvane;
+using Dorvane::Testing::HandleEvents;
 
 namespace {
 
@@ -67,7 +70,13 @@ int main(int argc, char** argv) {
         const QtDesktop desktop;
         QApplication::setWindowIcon(LoadPicture("dorvane.svg"));
         Tour::PictureBook book(QString::fromLocal8Bit(argv[1]), qstrcmp(argv[2], "large") == 0);
-        Tour::WalkFirstHalf(book);
+        Tour::WalkStartUp(book);
+        AppNavigator navigator;
+        Global().PrinterPresent = true;
+        navigator.ShowMain();
+        HandleEvents();
+        Tour::WalkFirstHalf(book, navigator);
+        Tour::WalkSecondHalf(book, navigator);
         std::cout << book.Count() << " pictures\n";
     } catch (const std::exception& failure) {
         std::cerr << "tour: " << failure.what() << "\n";
