@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/Globals.h"
+#include "programs/editors/ArgumentPath.h"
+#include "programs/editors/EditorProgram.h"
+#include "programs/editors/frmEditInp.h"
+
+using namespace Dorvane;
+
+// editinp.exe FILE: the editor of an adjustment input file.
+int main(int count, char** arguments) {
+    return RunEditor(count, arguments, "editinp", [&]() -> ScreenDialog* {
+        const std::string path = ArgumentPath(count, arguments);
+        if (!path.empty())
+            return new frmEditInp(path);
+        TheDesktop().ShowMessage({.Text = "No input file was named to be edited.",
+                                  .Title = "Edit Input File",
+                                  .Picture = Icon::Exclamation});
+        return nullptr;
+    });
+}

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "programs/editors/frmEditPar.h"
+
+#include <QTableWidget>
+#include <algorithm>
+#include <limits>
+
+#include "core/ReportError.h"
+#include "core/widgets/Pictures.h"
+#include "core/widgets/ScreenText.h"
+#include "programs/editors/EntryLines.h"
+#include "ui_frmEditPar.h"
+
+namespace Dorvane {
+
+namespace {
+
+constexpr const char* Title = "Edit Parameter File";
+
+}  // namespace
+
+frmEditPar::frmEditPar(const std::string& path, const std::vector<KnownParameter>& known)
+    : Form(std::make_unique<Ui::frmEditPar>()), Known(known), Parameters(OpenParameters(path)) {
+    Form->setupUi(this);
+    ReturnsBy(Form->cmdCancel);
+    const int character = fontMetrics().averageCharWidth();
+    resize(character * 100, fontMetrics().lineSpacing() * 26);
+    Guarded("frmEditPar-LoadForm", [&](Guard&) {
+        SetOptionalPicture(*Form->cmdOK, "ok.svg");
+        SetOptionalPicture(*Form->cmdCancel, "cancel.svg");
+    });
+    Form->tblParameters->SetUp({{tr("Key")}, {tr("Value")}, {tr("Comment")}}, std::numeric_limits<int>::max(),
+                               false);
+    Form->tblParameters->Table().setColumnWidth(0, character * 26);
+    Form->tblParameters->Table().setColumnWidth(1, character * 26);
+    Form->lblFile->setText(ToScreen(path));
+    Form->lblNote->setText(Parameters.File.Exists
+                               ? tr("Comments and other lines of the file stay as they are.")
+                               : tr("The file does not exist yet; OK makes it, with a heading of comments."));
+    Form->fraKnown->setVisible(!Known.empty());
+    Form->lblMeaning->setVisible(!Known.empty());
+    for (const KnownParameter& parameter : Known)
+        Form->cmbKnown->addItem(ToScreen(parameter.Key));
+    ShowLines();
+    ShowMeaning();
+    connect(Form->tblParameters, &EntryTable::LineChosen, this, &frmEditPar::ShowMeaning);
+    connect(Form->cmdAddKnown, &QPushButton::clicked, this, &frmEditPar::cmdAddKnown_Click);
+    connect(Form->cmdOK, &QPushButton::clicked, this, &frmEditPar::cmdOK_Click);
+    connect(Form->cmdCancel, &QPushButton::clicked, this, [this] { Unload(); });
+    Form->tblParameters->setFocus();
+}
+
+frmEditPar::~frmEditPar() = default;
+
+// A line of the table bears the number of its line in the file.
+void frmEditPar::ShowLines() {
+    std::vector<EntryTable::Line> lines;
+    for (std::size_t i = 0; i < Parameters.Lines.size(); ++i) {
+        const ParameterLine& line = Parameters.Lines[i];
+        if (line.IsEntry)
+            lines.push_back({static_cast<int>(i) + 1, {line.Key, line.Value, line.Comment}});
+    }
+    Form->tblParameters->SetLines(lines);
+}
+
+void frmEditPar::ShowMeaning() {
+    QString text;
+    for (const EntryTable::Line& line : Form->tblParameters->Lines()) {
+        if (line.Id != Form->tblParameters->ChosenId())
+            continue;
+        const KnownParameter* parameter = FindParameter(Known, line.Texts[0]);
+        text = parameter != nullptr ? ToScreen(DescribeParameter(*parameter))
+                                    : tr("The adjustment does not know this key.");
+    }
+    Form->lblMeaning->setText(text);
+}
+
+// New lines of the table have numbers behind those of all lines that it was given, comments not among them.
+ParameterEdit frmEditPar::Edited() const {
+    ParameterEdit edited = Parameters;
+    std::vector<WantedParameter> wanted;
+    for (const EntryTable::Line& line : Form->tblParameters->Lines()) {
+        const auto place = static_cast<std::size_t>(line.Id) - 1;
+        const bool known = place < Parameters.Lines.size() && Parameters.Lines[place].IsEntry;
+        wanted.push_back({known ? line.Id : 0, line.Texts[0], line.Texts[1], line.Texts[2]});
+    }
+    ApplyParameters(edited, wanted);
+    return edited;
+}
+
+void frmEditPar::cmdAddKnown_Click() {
+    Guarded("frmEditPar-cmdAddKnown_Click", [&](Guard&) {
+        Form->cmdAddKnown->setFocus();
+        const KnownParameter* parameter = FindParameter(Known, FromScreen(Form->cmbKnown->currentText()));
+        if (parameter == nullptr)
+            return;
+        std::vector<EntryTable::Line> lines = Form->tblParameters->Lines();
+        int last = static_cast<int>(Parameters.Lines.size());
+        for (const EntryTable::Line& line : lines)
+            last = std::max(last, line.Id);
+        lines.push_back({last + 1, {parameter->Key, parameter->Default, ""}});
+        Form->tblParameters->SetLines(lines);
+        Form->tblParameters->Table().setCurrentCell(static_cast<int>(lines.size()) - 1, 1);
+        ShowMeaning();
+    });
+}
+
+void frmEditPar::cmdOK_Click() {
+    Guarded("frmEditPar-cmdOK_Click", [&](Guard&) {
+        Form->cmdOK->setFocus();
+        ParameterEdit edited = Edited();
+        const std::vector<std::string> problems = ParameterProblems(edited, Known);
+        if (!problems.empty())
+            return TellProblems(Title, problems);
+        const std::string problem = SaveParameters(edited);
+        if (!problem.empty())
+            return TellProblems(Title, {problem});
+        Unload();
+    });
+}
+
+}  // namespace Dorvane

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/widgets/Screen.h"
+#include "programs/editors/ParameterText.h"
+
+namespace Dorvane {
+
+namespace Ui {
+class frmEditPar;
+}
+
+/// The editor of the parameter file of an adjustment.
+class frmEditPar : public ScreenDialog {
+    Q_OBJECT
+
+  public:
+    /// Opens a file by its drive path, which need not exist. The known keys are offered, explained and
+    /// checked; others can be there. Raises what reading raises.
+    frmEditPar(const std::string& path, const std::vector<KnownParameter>& known);
+    ~frmEditPar() override;
+
+  private:
+    void ShowLines();
+    void ShowMeaning();
+    ParameterEdit Edited() const;
+    void cmdAddKnown_Click();
+    void cmdOK_Click();
+
+    std::unique_ptr<Ui::frmEditPar> Form;
+    std::vector<KnownParameter> Known;
+    ParameterEdit Parameters;
+};
+
+}  // namespace Dorvane
