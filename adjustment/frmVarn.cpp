@@ -8,6 +8,7 @@
 #include <QSignalBlocker>
 
 #include "adjustment/ChildPackage.h"
+#include "adjustment/ExportRun.h"
 #include "adjustment/VarnFiles.h"
 #include "core/basGeneral.h"
 #include "core/widgets/Pictures.h"
@@ -34,9 +35,12 @@ struct ButtonPicture {
 void Dress(QAbstractButton& button, const char* picture, double lines) {
     const int side = qRound(button.fontMetrics().lineSpacing() * lines);
     button.setIconSize({side, side});
-    SetOptionalPicture(button, picture);
-    if (button.icon().isNull())
-        button.setText(button.accessibleName());
+    Guarded("frmVarn-LoadForm", [&](Guard&) { SetOptionalPicture(button, picture); });
+    if (!button.icon().isNull())
+        return;
+    const QKeySequence key = button.shortcut();  // goes with a new text
+    button.setText(button.accessibleName());
+    button.setShortcut(key);
 }
 
 void ShowFile(QLabel& label, const FileLabel& file) {
@@ -91,7 +95,7 @@ void frmVarn::LoadPictures() {
         {Form->cmdVarn, "adjust.svg", 2.8},   {Form->cmdEdit, "edit.svg", 1.7},
         {Form->cmdPrint, "printer.svg", 1.7}, {Form->cmdHome, "home.svg", 1.7}};
     for (const ButtonPicture& of : pictures)
-        Guarded("frmVarn-LoadForm", [&](Guard&) { Dress(*of.Button, of.Picture, of.Lines); });
+        Dress(*of.Button, of.Picture, of.Lines);
 }
 
 void frmVarn::LoadForm() {

@@ -5,7 +5,6 @@
 #include <memory>
 #include <string>
 
-#include "adjustment/ExportRun.h"
 #include "adjustment/Package.h"
 #include "adjustment/VarnState.h"
 #include "adjustment/basVarn.h"

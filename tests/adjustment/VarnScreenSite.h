@@ -71,6 +71,12 @@ struct VarnScreenSite : testing::Test {
 
     static void Put(const std::string& name) { PutFile("D:\\ADJ\\" + name, ""); }
 
+    /// What belongs to NET.INP: all of the master's, a listing of version 01 and nothing of version 02.
+    static void PutNet() {
+        for (const char* name : {"NET.PAR", "NET.OUT", "NET_v01.INP", "NET_v01.OUT", "NET_v02.INP"})
+            Put(name);
+    }
+
     frmVarn& Open(const std::string& input = "") {
         return Load([this] { return std::make_unique<ScriptedPackage>(Package); }, input);
     }

@@ -157,6 +157,29 @@ TEST_F(frmVarnExport, ToAFolderThatMayNotBeWrittenIsReported) {
     });
 }
 
+TEST_F(frmVarnExport, ToAFullDiskIsReported) {
+    MakeFolders("D:\\FULL\\");
+    InFreshProcess([&] {
+        OnSmallDisk("D:\\FULL\\", 16, [&] {
+            ScriptedDesktop desktop;
+            frmVarn& screen = OpenNet();
+            try {
+                for (int i = 1; i < 100; ++i)
+                    PutFile("D:\\FULL\\FILL." + std::to_string(i), std::string(4096, 'f'));
+                ADD_FAILURE() << "the disk took all of it";
+            } catch (const RunTimeError& error) {
+                EXPECT_EQ(error.Number, DiskFull);
+            }
+            desktop.ExpectFile("", "D:\\FULL\\NET.STA");
+            desktop.ExpectMessageTitled("Program Error", Answer::No);
+            Choose(screen, "MnuSta");
+            EXPECT_THAT(desktop.Shown[0].Text, HasSubstr("Error : 61"));
+            EXPECT_FALSE(AnyTicked(screen));
+            EXPECT_NE(screen.cursor().shape(), Qt::WaitCursor);
+        });
+    });
+}
+
 TEST_F(frmVarnExport, TakesAccentsInPathsAndMarkupInTexts) {
     const std::string folder = "D:\\D\xE9p\xF4t & b\\ADJ\\";
     PutLines(folder + "R\xE9s.INP",

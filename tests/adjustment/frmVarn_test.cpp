@@ -17,10 +17,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 struct frmVarnTest : VarnScreenSite {
-    void PutNet() {
-        for (const char* name : {"NET.PAR", "NET.OUT", "NET_v01.INP", "NET_v01.OUT", "NET_v02.INP"})
-            Put(name);
-    }
     static void Type(QWidget& screen, const char* text) {
         auto& input = Control<QLineEdit>(screen, "txtInput");
         input.selectAll();
@@ -100,6 +96,36 @@ TEST_F(frmVarnTest, NamesItsButtonsWherePicturesAreMissing) {
     frmVarn& screen = Open();
     EXPECT_EQ(TextOf(screen, "cmdVarn"), "Run");
     EXPECT_EQ(TextOf(screen, "cmdHome"), "Home");
+    EXPECT_EQ(Control<QPushButton>(screen, "cmdVarn").shortcut(), QKeySequence(Qt::Key_F5));
+}
+
+TEST_F(frmVarnTest, ReportsABrokenPictureAndNamesItsButton) {
+    PutFile("P:\\DORVANE\\graphics\\adjust.svg", "no picture");
+    Desktop.ExpectMessageTitled("Program Error");
+    frmVarn& screen = Open();
+    EXPECT_THAT(Desktop.Shown[0].Text, testing::HasSubstr("Error : 481"));
+    EXPECT_EQ(TextOf(screen, "cmdVarn"), "Run");
+    EXPECT_EQ(TextOf(screen, "cmdHome"), "");
+}
+
+TEST_F(frmVarnTest, WorksByTheKeyboard) {
+    PutLines(Output, {"the listing"});
+    InstallEditor();
+    frmVarn& screen = Open();
+    // A button that a key presses is shown pressed before its click comes.
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifier modifier, const std::function<bool()>& done) {
+        QTest::keyClick(&screen, key, modifier);
+        EXPECT_TRUE(QTest::qWaitFor(done)) << key;
+    };
+    Desktop.ExpectFile("", Net);
+    press(Qt::Key_O, Qt::ControlModifier, [&] { return TextOf(screen, "txtInput") == Net; });
+    Package.Go = [] { return 1; };
+    Desktop.ExpectMessageTitled("Varn Error");
+    press(Qt::Key_F5, Qt::NoModifier, [&] { return Package.Calls.size() == 3; });
+    press(Qt::Key_U, Qt::AltModifier, [&] { return IsTicked(screen, "chkOutputFile"); });
+    press(Qt::Key_E, Qt::ControlModifier, [&] { return !Desktop.Started.empty(); });
+    EXPECT_THAT(Desktop.Started, ElementsAre("C:\\EDIT\\ED.EXE D:\\ADJ\\NET.OUT"));
+    press(Qt::Key_P, Qt::ControlModifier, [&] { return !Desktop.PrintedLines.empty(); });
 }
 
 TEST_F(frmVarnTest, StartsWithNothingChosen) {
@@ -168,6 +194,21 @@ TEST_F(frmVarnTest, KeepsTheChosenEditor) {
     EXPECT_TRUE(IsTicked(screen, "mnuTarvexEditor"));
     EXPECT_EQ(TextOf(screen, "fraOptions"), "File Options (Tarvex)");
     EXPECT_EQ(IniReadString("dv_tarvex.ini", "Tarvex Info", "Editor_type"), "1");
+}
+
+TEST_F(frmVarnTest, WorksWhereTheProfileCannotBeWritten) {
+    IniWriteString("dv_tarvex.ini", "Tarvex Info", "Editor_type", "1");
+    InFreshProcess([&] {
+        AsNobody([&] {
+            ScriptedDesktop desktop;
+            frmVarn& screen = Open("D:\\ADJ");
+            Choose(screen, "mnuTextEditor");
+            EXPECT_TRUE(IsTicked(screen, "mnuTextEditor"));
+            Click(screen, "cmdHome");
+            EXPECT_THAT(Nav.Calls, ElementsAre("ShowHome"));
+        });
+        EXPECT_EQ(IniReadString("dv_tarvex.ini", "Tarvex Info", "Editor_type"), "1");
+    });
 }
 
 TEST_F(frmVarnTest, OfAnExistingInputShowsItsFilesAndVersions) {
@@ -321,130 +362,6 @@ TEST_F(frmVarnTest, GoesOnWithVersionsThatVanished) {
     EXPECT_FALSE(ExportsEnabled(screen));
     screen.SetInput(Net);
     ExpectNoInput(screen);
-}
-
-TEST_F(frmVarnTest, TicksOneFileAtMost) {
-    PutNet();
-    frmVarn& screen = OpenNet();
-    const std::vector<const char*> boxes = {"chkInputFile", "chkParFile", "chkOutputFile"};
-    for (const char* ticked : boxes) {
-        QTest::keyClick(&Control<QWidget>(screen, ticked), Qt::Key_Space);
-        for (const char* box : boxes)
-            EXPECT_EQ(IsTicked(screen, box), box == ticked) << ticked << " " << box;
-    }
-    QTest::keyClick(&Control<QWidget>(screen, "chkOutputFile"), Qt::Key_Space);
-    for (const char* box : boxes)
-        EXPECT_FALSE(IsTicked(screen, box)) << box;
-}
-
-TEST_F(frmVarnTest, BrowsesForTheInput) {
-    PutNet();
-    frmVarn& screen = Open();
-    Desktop.ExpectFile("", Net);
-    Click(screen, "cmdBrowse");
-    EXPECT_EQ(TextOf(screen, "txtInput"), Net);
-    EXPECT_THAT(Entries(screen, "cmbVersion"), ElementsAre("Master", "Version 01", "Version 02"));
-    EXPECT_EQ(Desktop.Dialogs[0].FilterIndex, 2);
-    EXPECT_EQ(LastPath(), "D:\\ADJ\\");
-    Desktop.ExpectFile("", std::nullopt);
-    Click(screen, "cmdBrowse");
-    EXPECT_EQ(Desktop.Dialogs[1].Folder, "D:\\ADJ\\");
-    EXPECT_EQ(TextOf(screen, "txtInput"), Net);
-}
-
-TEST_F(frmVarnTest, RefusesAMasterCopyAndAVersionWithoutTheirInput) {
-    Put("LONE.ORG");
-    Put("LONE_v01.INP");
-    frmVarn& screen = OpenNet();
-    Desktop.ExpectFile("", "D:\\ADJ\\LONE.ORG");
-    Desktop.ExpectMessage("Input File Error",
-                          "No *.INP file exists for this master file LONE.ORG.  Please correct.");
-    Click(screen, "cmdBrowse");
-    Desktop.ExpectFile("", "D:\\ADJ\\LONE_v01.INP");
-    Desktop.ExpectMessage("Input File Error",
-                          "No *.INP master file exists for this version file LONE_v01.INP.  Please correct.");
-    Click(screen, "cmdBrowse");
-    EXPECT_EQ(TextOf(screen, "txtInput"), Net);
-}
-
-TEST_F(frmVarnTest, TakesAMasterCopyAsItWasChosen) {
-    Put("NET.ORG");
-    frmVarn& screen = Open();
-    Desktop.ExpectFile("", "D:\\ADJ\\NET.ORG");
-    Click(screen, "cmdBrowse");
-    EXPECT_EQ(TextOf(screen, "txtInput"), "D:\\ADJ\\NET.ORG");
-    Package.Go = [] { return 1; };
-    Desktop.ExpectMessageTitled("Varn Error");
-    Click(screen, "cmdVarn");
-    EXPECT_EQ(Package.Calls[0], "start D:\\ADJ\\NET.ORG");
-}
-
-TEST_F(frmVarnTest, SaysThatTheEditorIsMissing) {
-    frmVarn& screen = OpenNet();
-    Click(screen, "chkInputFile");
-    Desktop.ExpectMessage("Editor Not Found", "Editor  does not exitst.  Can not edit file(s).");
-    Click(screen, "cmdEdit");
-    EXPECT_THAT(Desktop.Started, IsEmpty());
-}
-
-TEST_F(frmVarnTest, EditsTheTickedFileOfTheVersionInTheTextEditor) {
-    PutNet();
-    InstallEditor();
-    frmVarn& screen = OpenNet();
-    Choose(screen, "mnuTextEditor");
-    Pick(screen, "cmbVersion", 2);
-    for (const char* box : {"chkInputFile", "chkParFile", "chkOutputFile"}) {
-        Click(screen, box);
-        Click(screen, "cmdEdit");
-    }
-    EXPECT_THAT(Desktop.Started,
-                ElementsAre("C:\\EDIT\\ED.EXE D:\\ADJ\\NET_v01.INP", "C:\\EDIT\\ED.EXE D:\\ADJ\\NET_v01.PAR",
-                            "C:\\EDIT\\ED.EXE D:\\ADJ\\NET_v01.OUT"));
-    EXPECT_EQ(Chosen(screen, "cmbVersion"), "Version 01");
-}
-
-TEST_F(frmVarnTest, EditsWithTheSpecialEditorsAndListsTheVersionsAnew) {
-    PutNet();
-    InstallEditor();
-    frmVarn& screen = OpenNet();
-    Pick(screen, "cmbVersion", 3);
-    Click(screen, "chkInputFile");
-    Desktop.OnRun = [](const std::string&) { Put("NET_v10.INP"); };
-    Click(screen, "cmdEdit");
-    EXPECT_THAT(Entries(screen, "cmbVersion"),
-                ElementsAre("Master", "Version 01", "Version 02", "Version 10"));
-    EXPECT_EQ(Chosen(screen, "cmbVersion"), "Master");
-    EXPECT_FALSE(IsRed(screen, "lblPar"));
-    Click(screen, "chkParFile");
-    Desktop.OnRun = [](const std::string&) { Drives::DeleteFile("D:\\ADJ\\NET.PAR"); };
-    Click(screen, "cmdEdit");
-    EXPECT_TRUE(IsRed(screen, "lblPar"));
-    EXPECT_THAT(Desktop.Started, ElementsAre("P:\\DORVANE\\programs\\editinp.exe D:\\ADJ\\NET_v02.INP",
-                                             "P:\\DORVANE\\programs\\editpar.exe D:\\ADJ\\NET.PAR"));
-}
-
-TEST_F(frmVarnTest, ListsTheVersionsOfAnInputThatWasRemoved) {
-    Put("NET_v10.INP");
-    Put("NET_v02.INP");
-    InstallEditor();
-    frmVarn& screen = OpenNet();
-    Click(screen, "chkInputFile");
-    Desktop.OnRun = [this](const std::string&) { Drives::DeleteFile(Net); };
-    Click(screen, "cmdEdit");
-    EXPECT_THAT(Entries(screen, "cmbVersion"), ElementsAre("Version 02", "Version 10"));
-    EXPECT_EQ(Chosen(screen, "cmbVersion"), "Version 02");
-}
-
-TEST_F(frmVarnTest, PrintsTheMastersFileWhateverTheVersion) {
-    PutNet();
-    PutLines(Output, {"the master's listing"});
-    frmVarn& screen = OpenNet();
-    Pick(screen, "cmbVersion", 2);
-    Click(screen, "cmdPrint");
-    EXPECT_THAT(Desktop.PrintedLines, IsEmpty());
-    Click(screen, "chkOutputFile");
-    Click(screen, "cmdPrint");
-    EXPECT_EQ(Desktop.PrintedLines.back(), "     the master's listing");
 }
 
 TEST_F(frmVarnTest, HidesWhileTheVersionsAreViewed) {
