@@ -193,15 +193,12 @@ void InputRowTree::ShowGroups() {
         if (group->childCount() == 0)
             continue;
         int ticked = 0;
-        bool open = false;
         for (int child = 0; child < group->childCount(); ++child) {
             ticked += group->child(child)->checkState(0) == Qt::Checked ? 1 : 0;
-            open = open || (group->child(child)->flags() & Qt::ItemIsEnabled);
         }
         group->setCheckState(0, ticked == 0                     ? Qt::Unchecked
                                 : ticked == group->childCount() ? Qt::Checked
                                                                 : Qt::PartiallyChecked);
-        group->setDisabled(!open);
     }
 }
 

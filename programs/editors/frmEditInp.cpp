@@ -87,11 +87,10 @@ void frmEditInp::ShowInput() {
     Form->txtComment->setPlainText(ToScreen(CommentOf(Input.Notes)));
     for (const Tab& tab : Tabs) {
         tab.Tree->SetRows(Input.Text, Input.Kinds, tab.Kind);
-        tab.Tree->setEnabled(understood);
         const int index = Form->sstabRows->indexOf(tab.Tree);
         Form->sstabRows->setTabText(
             index, QStringLiteral("%1 (%2)").arg(QLatin1String(tab.Title)).arg(tab.Tree->RowCount()));
-        Form->sstabRows->setTabEnabled(index, tab.Tree->RowCount() > 0);
+        tab.Tree->setEnabled(understood);
     }
     Taken.assign(Input.Text.Rows.size(), false);
     KeepAsSaved();

@@ -8,6 +8,8 @@
 #include <fstream>
 #include <string>
 
+#include "core/Drives.h"
+#include "tests/programs/InputSample.h"
 #include "tests/support/TestSite.h"
 
 // The finished tools as processes of their own.
@@ -19,6 +21,7 @@ struct EditorPrograms : testing::TestWithParam<const char*> {
     EditorPrograms() {
         Site.LayOut();
         PutLines("C:\\WINDOWS\\dv_tarvex.ini", {"[Tarvex Info]", "Init_path=D:\\TARVEX\\INIT\\"});
+        PutFile("D:\\TARVEX\\NET.INP", SampleInput);
     }
 
     /// Starts the tool on the site's drives; its standard output goes to `output`.
@@ -35,6 +38,14 @@ struct EditorPrograms : testing::TestWithParam<const char*> {
             _exit(127);
         }
         return child;
+    }
+
+    /// What the tool is to be started with: the file that the editors of files work on.
+    static std::string Argument() {
+        const std::string tool = GetParam();
+        if (tool == "editinp")
+            return Drives::HostPath("D:\\TARVEX\\NET.INP");
+        return tool == "editpar" ? Drives::HostPath("D:\\TARVEX\\NET.PAR") : "";
     }
 
     /// True when the process has loaded a library whose name holds `part`.
@@ -69,7 +80,8 @@ TEST_P(EditorPrograms, TellsItsVersion) {
 }
 
 TEST_P(EditorPrograms, ComesUpAndRunsUntilItIsEnded) {
-    const pid_t child = Start(nullptr, -1);
+    const std::string argument = Argument();
+    const pid_t child = Start(argument.empty() ? nullptr : argument.c_str(), -1);
     int status = 0;
     // The platform's own library is there once the windows can come.
     while (!HasLoaded(child, "libqoffscreen") && waitpid(child, &status, WNOHANG) == 0)
@@ -81,7 +93,7 @@ TEST_P(EditorPrograms, ComesUpAndRunsUntilItIsEnded) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Tools, EditorPrograms,
-                         testing::Values("EditTarvexINI", "EditChoice", "EditCalib", "EditBias",
-                                         "utilities"));
+                         testing::Values("EditTarvexINI", "EditChoice", "EditCalib", "EditBias", "utilities",
+                                         "editinp", "editpar"));
 
 }  // namespace Dorvane::Testing
