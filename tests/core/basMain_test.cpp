@@ -2,6 +2,7 @@
 #include "core/basMain.h"
 
 #include <gtest/gtest.h>
+#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -246,6 +247,33 @@ TEST_F(StartUp, ASecondCopyIsToldSoAndTouchesNothing) {
     ASSERT_EQ(write(done[1], "x", 1), 1);
     int status = 0;
     waitpid(first, &status, 0);
+    EXPECT_TRUE(ClaimOnlyCopy());
+}
+
+TEST_F(StartUp, ACopyInAnotherUsersSessionIsRefusedToo) {
+    ASSERT_TRUE(ClaimOnlyCopy());
+    AsNobody([] {
+        Global().InstanceClaim = -1;
+        EXPECT_FALSE(ClaimOnlyCopy());
+    });
+}
+
+TEST_F(StartUp, ACopyThatIsKilledDoesNotLockTheNextOneOut) {
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const pid_t first = fork();
+    if (first == 0) {
+        const char byte = ClaimOnlyCopy() ? '1' : '0';
+        if (write(ready[1], &byte, 1) == 1)
+            pause();
+        _exit(1);
+    }
+    char claimed = 0;
+    ASSERT_EQ(read(ready[0], &claimed, 1), 1);
+    ASSERT_EQ(claimed, '1');
+    EXPECT_FALSE(ClaimOnlyCopy());
+    kill(first, SIGKILL);
+    waitpid(first, nullptr, 0);
     EXPECT_TRUE(ClaimOnlyCopy());
 }
 
