@@ -42,6 +42,7 @@ frmEditInp::frmEditInp(const std::string& path)
     : Form(std::make_unique<Ui::frmEditInp>()), Input(OpenInputVersion(path)) {
     Form->setupUi(this);
     ReturnsBy(Form->cmdClose);
+    setMinimumWidth(fontMetrics().averageCharWidth() * 80);
     resize(fontMetrics().averageCharWidth() * 120, fontMetrics().lineSpacing() * 36);
     Guarded("frmEditInp-LoadForm", [&](Guard&) {
         SetOptionalPicture(*Form->cmdSave, "ok.svg");

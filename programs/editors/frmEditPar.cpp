@@ -24,6 +24,7 @@ frmEditPar::frmEditPar(const std::string& path, const std::vector<KnownParameter
     Form->setupUi(this);
     ReturnsBy(Form->cmdCancel);
     const int character = fontMetrics().averageCharWidth();
+    setMinimumWidth(character * 55);
     resize(character * 100, fontMetrics().lineSpacing() * 26);
     Guarded("frmEditPar-LoadForm", [&](Guard&) {
         SetOptionalPicture(*Form->cmdOK, "ok.svg");

@@ -186,6 +186,14 @@ TEST(InputRemoval, LeavesAStationThatIsNoPointAnyMore) {
     EXPECT_THAT(LostWith(Read(SampleInput), {"22 point"}), ElementsAre("22 point ST2"));
 }
 
+TEST(InputRemoval, TakesTheHeightsOfAPointThatStaysAStation) {
+    const InputText text = Read(
+        "Theodolite Stations\nA\n\nObject Points\nA\n\nB\n\nHeight differences\nA B 1 1\nB A 1 1\n"
+        "Distances\nA B 10 1\n");
+    EXPECT_THAT(LostWith(text, {"5 point"}),
+                ElementsAre("5 point A", "10 height A B 1 1", "11 height B A 1 1"));
+}
+
 TEST(InputRemoval, TakesTheSightsToAStationThatNoListHoldsAnyMore) {
     const InputText text =
         Read("Theodolite Stations\nA\n\nB\n\nDistances\nA B 10 1\nA C 10 1\nHeight differences\nB C 1 1\n");
