@@ -1,52 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "reduction/frmReduce.h"
-
 #include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QTest>
-#include <QWindow>
 
-#include "core/ProfileStore.h"
-#include "core/basGeneral.h"
-#include "reduction/TabPages.h"
-#include "tests/reduction/ReductionScreenSite.h"
+#include "tests/reduction/frmReduceTest.h"
 
 namespace Dorvane::Testing {
 namespace {
-
-using Texts = std::vector<std::string>;
-
-struct frmReduceTest : ReductionScreenSite {
-    static QListWidget& Results(QWidget& screen, const char* name = "lstReductionResults0") {
-        return Control<QListWidget>(screen, name);
-    }
-    static Texts Epochs(QWidget& screen, const char* name) {
-        auto& combo = Control<QComboBox>(screen, name);
-        Texts texts;
-        for (int i = 0; i < combo.count(); ++i)
-            texts.push_back(FromScreen(combo.itemText(i)));
-        return texts;
-    }
-    static TabPages& Tabs(QWidget& screen) { return Control<TabPages>(screen, "sstabReduction"); }
-    static Texts Captions(QWidget& screen) {
-        Texts captions;
-        for (int i = 0; i < Tabs(screen).TabCount(); ++i)
-            captions.push_back(TextOf(screen, ("tab" + std::to_string(i)).c_str()));
-        return captions;
-    }
-    static void Calibrations(const Texts& typesAndEpochs) {
-        Texts lines;
-        for (const std::string& entry : typesAndEpochs)
-            lines.push_back(" *       CALIB     " + entry);
-        PutLines("D:\\TARVEX\\INIT\\CALIB.PTH", lines);
-    }
-    static void Editor() {
-        PutLines("C:\\WINDOWS\\dv_tarvex.ini", {"[General Editor]", "Path=C:\\ED\\", "Name=ED.EXE"});
-    }
-};
 
 TEST_F(frmReduceTest, HasItsCaptions) {
     frmReduce& screen = Open();
@@ -296,19 +259,6 @@ TEST_F(frmReduceTest, PutsWordsInThePlaceOfAMissingStatePictureAndReportsItOnce)
     EXPECT_EQ(TagOf(screen, "imgReduction0"), "0");
 }
 
-TEST_F(frmReduceTest, TakesPictureAndTipOfTheInputErrandFromTheHomeMenusProfile) {
-    PutLines("C:\\WINDOWS\\dv_main.ini", {"[Main Icons]", "Icon5=input.svg", "[Main Tips]", "Tip5=Make it"});
-    frmReduce& screen = Open();
-    EXPECT_FALSE(Control<QPushButton>(screen, "cmdInputCreator").icon().isNull());
-    EXPECT_EQ(Control<QPushButton>(screen, "cmdInputCreator").toolTip(), QLatin1String("Make it"));
-}
-
-TEST_F(frmReduceTest, KeepsTheOwnTipOfTheInputErrandWithoutThatProfile) {
-    frmReduce& screen = Open();
-    EXPECT_TRUE(Control<QPushButton>(screen, "cmdInputCreator").icon().isNull());
-    EXPECT_FALSE(Control<QPushButton>(screen, "cmdInputCreator").toolTip().isEmpty());
-}
-
 TEST_F(frmReduceTest, SetsUpThePrinterWhenThereIsOne) {
     Choose(Open(), "mnuPrinter");
     Screen->Unload();
@@ -392,126 +342,6 @@ TEST_F(frmReduceTest, PrintsTheSelectedResults) {
     Click(screen, "cmdPrint0");
     EXPECT_EQ(Desktop.PrintedLines,
               (Texts{"     ", "     File Name : " + Folder + "TWO.RES", "     ", "     b"}));
-}
-
-TEST_F(frmReduceTest, GoesOnToTheInput) {
-    Click(Open(), "cmdInputCreator");
-    EXPECT_TRUE(Screen.isNull());
-    EXPECT_EQ(Navigator.Calls, Texts{"OpenInput"});
-}
-
-TEST_F(frmReduceTest, GoesHomeByButtonMenuWindowButtonAndEscape) {
-    Click(Open(), "cmdHome");
-    EXPECT_TRUE(Screen.isNull());
-    Choose(Open(), "mnuGoHome");
-    EXPECT_TRUE(Screen.isNull());
-    Open().windowHandle()->close();
-    HandleEvents();
-    EXPECT_TRUE(Screen.isNull());
-    QTest::keyClick(&Open(), Qt::Key_Escape);
-    HandleEvents();
-    EXPECT_TRUE(Screen.isNull());
-    EXPECT_EQ(Navigator.Calls, (Texts{"ShowHome", "ShowHome", "ShowHome", "ShowHome"}));
-}
-
-TEST_F(frmReduceTest, GoesBackToTheTreeAtTheLastPath) {
-    IniWriteString("dv_tarvex.ini", "Tarvex", "Last Path", "D:\\TARVEX\\DAM\\");
-    Click(Open(), "cmdChangeDir");
-    EXPECT_TRUE(Screen.isNull());
-    EXPECT_EQ(Navigator.Calls, Texts{"OpenTree Data Reduction Directory Selection|D:\\TARVEX\\DAM\\"});
-}
-
-TEST_F(frmReduceTest, DoesNothingForAnyOtherPathType) {
-    Global().Path_type = 3;
-    Click(Open(), "cmdChangeDir");
-    ASSERT_FALSE(Screen.isNull());
-    EXPECT_TRUE(Screen->isVisible());
-    EXPECT_TRUE(Navigator.Calls.empty());
-}
-
-struct ByHand : frmReduceTest {
-    ByHand() {
-        Global().Path_type = 2;
-        MakeFolders(Other);
-        PutFile(Other + "DAY9.LEV", "x");
-        IniWriteString("dv_tarvex.ini", "Manual", "Last Path", Folder);
-    }
-    static std::string LastPath() { return IniReadString("dv_tarvex.ini", "Manual", "Last Path"); }
-    const std::string Other = "D:\\TARVEX\\DAM\\NORTH\\LEVEL\\SRV13\\";
-};
-
-TEST_F(ByHand, ChangesTheFolderOfTheLivingScreen) {
-    Put("ONE.RES", "x");
-    frmReduce& screen = Open();
-    bool hidden = false;
-    Desktop.ExpectFile("Data Reduction Directory Selection", Other + "ReducePath");
-    screen.installEventFilter(new QObject(&screen));
-    QObject::connect(screen.windowHandle(), &QWindow::visibleChanged, &screen, [&](bool on) {
-        if (!on)
-            hidden = Desktop.Dialogs.empty();
-    });
-    Click(screen, "cmdChangeDir");
-    ASSERT_FALSE(Screen.isNull());
-    EXPECT_TRUE(hidden);
-    EXPECT_TRUE(screen.isVisible());
-    EXPECT_EQ(Desktop.Dialogs[0].Folder, Folder);
-    EXPECT_EQ(TextOf(screen, "lblSelectedDirectory"), Other);
-    EXPECT_EQ(LastPath(), Other);
-    EXPECT_EQ(Captions(screen), Texts{"Levelling"});
-    EXPECT_EQ(TagOf(screen, "imgData0"), "1");
-    EXPECT_EQ(TagOf(screen, "imgReduction0"), "0");
-    EXPECT_TRUE(Items(screen, "lstReductionResults0").empty());
-    EXPECT_EQ(Epochs(screen, "cmbCalibEpoch0"), Texts{"none"});
-}
-
-TEST_F(ByHand, StaysAsItIsWhenTheDialogIsCancelled) {
-    frmReduce& screen = Open();
-    Desktop.ExpectFile("Data Reduction Directory Selection", std::nullopt);
-    Click(screen, "cmdChangeDir");
-    EXPECT_TRUE(screen.isVisible());
-    EXPECT_EQ(TextOf(screen, "lblSelectedDirectory"), Folder);
-    EXPECT_EQ(LastPath(), Folder);
-}
-
-TEST_F(ByHand, StaysAsItIsWhenTheFolderIsNotThere) {
-    frmReduce& screen = Open();
-    Desktop.ExpectFile("Data Reduction Directory Selection", "D:\\GONE\\ReducePath");
-    Click(screen, "cmdChangeDir");
-    EXPECT_TRUE(screen.isVisible());
-    EXPECT_EQ(TextOf(screen, "lblSelectedDirectory"), Folder);
-    EXPECT_EQ(LastPath(), Folder);
-}
-
-TEST_F(ByHand, FailsToMakeCopiesASecondTimeAndShowsNoTabs) {
-    // The copies of a living screen are not taken down, so a second set-up asks for them in vain; it is meant
-    // to be so.
-    ConfigureTabs(2);
-    frmReduce& screen = Open();
-    ASSERT_EQ(Tabs(screen).TabCount(), 2);
-    Desktop.ExpectFile("Data Reduction Directory Selection", Other + "ReducePath");
-    Desktop.ExpectMessage("Program Error",
-                          "Error : 360\r\n\r\nDescription : Object was already loaded\r\n\r\nSource : "
-                          "Dorvane-frmReduce-lblSelectedDirectory_Change");
-    Click(screen, "cmdChangeDir");
-    EXPECT_TRUE(screen.isVisible());
-    EXPECT_EQ(TextOf(screen, "lblSelectedDirectory"), Other);
-    EXPECT_EQ(Tabs(screen).TabCount(), 0);
-    EXPECT_FALSE(IsShown(screen, "cmdReduce0"));
-    EXPECT_EQ(TextOf(screen, "sbrReducePanel1"), "Nothing to reduce");
-}
-
-TEST_F(ByHand, ComesBackFromAFolderWithoutTabs) {
-    const std::string none = "D:\\TARVEX\\NONE\\";
-    MakeFolders(none);
-    frmReduce& screen = Open();
-    Desktop.ExpectFile("Data Reduction Directory Selection", none + "ReducePath");
-    Desktop.ExpectMessageTitled("Critical Error");
-    Click(screen, "cmdChangeDir");
-    EXPECT_EQ(Tabs(screen).TabCount(), 0);
-    Desktop.ExpectFile("Data Reduction Directory Selection", Other + "ReducePath");
-    Click(screen, "cmdChangeDir");
-    EXPECT_EQ(Captions(screen), Texts{"Levelling"});
-    EXPECT_TRUE(IsShown(screen, "cmdReduce0"));
 }
 
 TEST_F(frmReduceTest, ShowsAccentsAndMarkupAsTheyStandInTheFiles) {
