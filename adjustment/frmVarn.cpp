@@ -156,14 +156,8 @@ void frmVarn::ConnectCommands() {
 
 void frmVarn::ConnectMenus() {
     connect(Form->mnuGoHome, &QAction::triggered, this, [this] { GoHome("mnuGoHome_Click"); });
-    connect(Form->mnuPrinterSetup, &QAction::triggered, this, [this] {
-        On("mnuPrinterSetup_Click", [&](Guard&) {
-            int copies = 1;
-            int fromPage = 0;
-            int toPage = 0;
-            PrinterSetup(copies, fromPage, toPage);
-        });
-    });
+    connect(Form->mnuPrinterSetup, &QAction::triggered, this,
+            [this] { On("mnuPrinterSetup_Click", [&](Guard&) { PrinterSetup(); }); });
     connect(Form->mnuTextEditor, &QAction::triggered, this,
             [this] { On("mnuTextEditor_Click", [&](Guard&) { ChooseTextEditor(State); }); });
     connect(Form->mnuTarvexEditor, &QAction::triggered, this,

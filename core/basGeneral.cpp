@@ -130,6 +130,13 @@ bool PrinterSetup(int& copies, int& fromPage, int& toPage) {
     return confirmed;
 }
 
+bool PrinterSetup() {
+    int copies = 0;
+    int fromPage = 0;
+    int toPage = 0;
+    return PrinterSetup(copies, fromPage, toPage);
+}
+
 std::string BrowseForFolder(std::string startFolder, const std::string& defaultFileName,
                             const std::string& title) {
     FileDialog dialog;

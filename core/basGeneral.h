@@ -45,6 +45,9 @@ std::string ReplaceFirst(std::string_view text, std::string_view target, std::st
 /// Shows the printer dialog; false when cancelled. The three numbers are the dialog's settings.
 bool PrinterSetup(int& copies, int& fromPage, int& toPage);
 
+/// The same for a caller that has no use for the settings.
+bool PrinterSetup();
+
 /// A folder picker made of a file-open dialog. The folder with its trailing backslash, empty when cancelled.
 std::string BrowseForFolder(std::string startFolder, const std::string& defaultFileName,
                             const std::string& title);

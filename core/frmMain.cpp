@@ -93,12 +93,7 @@ void frmMain::LayOutButtons() {
 }
 
 void frmMain::ConnectMenus() {
-    OnClick(Form->mnuPrinterSetup, "frmMain-mnuPrinterSetup_Click", [] {
-        int copies = 0;
-        int fromPage = 0;
-        int toPage = 0;
-        PrinterSetup(copies, fromPage, toPage);
-    });
+    OnClick(Form->mnuPrinterSetup, "frmMain-mnuPrinterSetup_Click", [] { PrinterSetup(); });
     OnClick(Form->mnuExit, "frmMain-mnuExit_Click", [this] { Nav.EndProgram(); });
     OnClick(Form->mnuHelpContents, "frmMain-mnuHelpContents_Click", [] { ShowHelpContents("Main"); });
     OnClick(Form->mnuHelpIndex, "frmMain-mnuHelpIndex_Click", [] { ShowHelpIndex("Main"); });

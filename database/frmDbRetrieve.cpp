@@ -87,14 +87,8 @@ void frmDbRetrieve::ConnectCommands() {
 void frmDbRetrieve::ConnectMenus() {
     connect(Form->mnuGoHome, &QAction::triggered, this,
             [this] { LeaveTo("frmDbRetrieve-mnuGoHome_Click", &Navigator::ShowHome); });
-    connect(Form->mnuPrinter, &QAction::triggered, this, [] {
-        Guarded("frmDbRetrieve-mnuPrinter_Click", [](Guard&) {
-            int copies = 0;
-            int fromPage = 0;
-            int toPage = 0;
-            PrinterSetup(copies, fromPage, toPage);
-        });
-    });
+    connect(Form->mnuPrinter, &QAction::triggered, this,
+            [] { Guarded("frmDbRetrieve-mnuPrinter_Click", [](Guard&) { PrinterSetup(); }); });
 }
 
 void frmDbRetrieve::LeaveTo(const char* event, void (Navigator::*where)()) {

@@ -155,14 +155,8 @@ void frmTree::ConnectButtons() {
 void frmTree::ConnectMenus() {
     connect(Form->mnuGoHome, &QAction::triggered, this,
             [this] { Guarded("frmTree-mnuGoHome_Click", [&](Guard&) { mnuGoHome_Click(); }); });
-    connect(Form->mnuPrinterSetup, &QAction::triggered, this, [] {
-        Guarded("frmTree-mnuPrinterSetup_Click", [](Guard&) {
-            int copies = 0;
-            int fromPage = 0;
-            int toPage = 0;
-            PrinterSetup(copies, fromPage, toPage);
-        });
-    });
+    connect(Form->mnuPrinterSetup, &QAction::triggered, this,
+            [] { Guarded("frmTree-mnuPrinterSetup_Click", [](Guard&) { PrinterSetup(); }); });
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this,
             [this] { (Form->cmdCancel->isVisible() ? Form->cmdCancel : Form->cmdHome)->click(); });
 }

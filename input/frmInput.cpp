@@ -197,14 +197,8 @@ void frmInput::ConnectMenus() {
     });
     connect(Form->mnuSaveProject, &QAction::triggered, this,
             [this] { RunOn("mnuSaveProject", [&](Guard&) { SaveProject(State, Services()); }); });
-    connect(Form->mnuPrinter, &QAction::triggered, this, [this] {
-        On("mnuPrinter_Click", [&](Guard&) {
-            int copies = 0;
-            int fromPage = 0;
-            int toPage = 0;
-            PrinterSetup(copies, fromPage, toPage);
-        });
-    });
+    connect(Form->mnuPrinter, &QAction::triggered, this,
+            [this] { On("mnuPrinter_Click", [&](Guard&) { PrinterSetup(); }); });
     connect(Form->mnuGoHome, &QAction::triggered, this,
             [this] { On("mnuGoHome_Click", [&](Guard&) { GoHome(); }); });
     connect(Form->mnuObservationWeights, &QAction::triggered, this,

@@ -40,14 +40,8 @@ frmCalibTree::frmCalibTree(Navigator& navigator)
     connect(Form->cmdHome, &QPushButton::clicked, this, [this] { GoHome("frmCalibTree-cmdHome_Click"); });
     connect(Form->mnuGoHome, &QAction::triggered, this, [this] { GoHome("frmCalibTree-mnuGoHome_Click"); });
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, Form->cmdHome, &QPushButton::click);
-    connect(Form->mnuPrinterSetup, &QAction::triggered, this, [] {
-        Guarded("frmCalibTree-mnuPrinterSetup_Click", [&](Guard&) {
-            int copies = 0;
-            int fromPage = 0;
-            int toPage = 0;
-            PrinterSetup(copies, fromPage, toPage);
-        });
-    });
+    connect(Form->mnuPrinterSetup, &QAction::triggered, this,
+            [] { Guarded("frmCalibTree-mnuPrinterSetup_Click", [&](Guard&) { PrinterSetup(); }); });
 }
 
 frmCalibTree::~frmCalibTree() = default;

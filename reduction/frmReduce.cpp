@@ -73,14 +73,8 @@ void frmReduce::ConnectCommands() {
     connect(Form->cmdHome, &QPushButton::clicked, this, [this] { GoHome("frmReduce-cmdHome_Click"); });
     connect(Form->mnuGoHome, &QAction::triggered, this, [this] { GoHome("frmReduce-mnuGoHome_Click"); });
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, Form->cmdHome, &QPushButton::click);
-    connect(Form->mnuPrinter, &QAction::triggered, this, [] {
-        Guarded("frmReduce-mnuPrinter_Click", [](Guard&) {
-            int copies = 0;
-            int fromPage = 0;
-            int toPage = 0;
-            PrinterSetup(copies, fromPage, toPage);
-        });
-    });
+    connect(Form->mnuPrinter, &QAction::triggered, this,
+            [] { Guarded("frmReduce-mnuPrinter_Click", [](Guard&) { PrinterSetup(); }); });
 }
 
 void frmReduce::AddPage() {

@@ -114,14 +114,8 @@ void frmUploadMenu::ConnectCommands() {
 void frmUploadMenu::ConnectMenus() {
     connect(Form->mnuGoHome, &QAction::triggered, this,
             [this] { On("mnuGoHome_Click", [&](Guard&) { GoHome(); }); });
-    connect(Form->mnuPrinter, &QAction::triggered, this, [this] {
-        On("mnuPrinter_Click", [&](Guard&) {
-            int copies = 1;
-            int fromPage = 0;
-            int toPage = 0;
-            PrinterSetup(copies, fromPage, toPage);
-        });
-    });
+    connect(Form->mnuPrinter, &QAction::triggered, this,
+            [this] { On("mnuPrinter_Click", [&](Guard&) { PrinterSetup(); }); });
 }
 
 void frmUploadMenu::SetToPath(const std::string& folder) {

@@ -198,8 +198,10 @@ TEST_F(General, PrinterSetupTellsWhetherItWasConfirmed) {
     int from = 0;
     int to = 0;
     EXPECT_TRUE(PrinterSetup(copies, from, to));
+    EXPECT_TRUE(PrinterSetup());
     screen.PrinterConfirmed = false;
     EXPECT_FALSE(PrinterSetup(copies, from, to));
+    EXPECT_FALSE(PrinterSetup());
 }
 
 TEST_F(General, PauseForYieldsUntilItsTime) {
