@@ -3,11 +3,9 @@
 
 #include <QApplication>
 #include <QScrollBar>
-#include <QSettings>
-#include <QTemporaryDir>
-#include <array>
 #include <string>
 
+#include "benchmarks/Toolkit.h"
 #include "core/Globals.h"
 #include "datatree/DirectoryTree.h"
 #include "datatree/frmTree.h"
@@ -26,27 +24,6 @@ constexpr int Types = 16;
 constexpr int Epochs = 16;
 constexpr int FoldersPerSystem = 4000;
 constexpr int Files = 200;
-
-// The toolkit without a display, and without the settings of the person at the desk. It ends before the
-// program does, as it has to.
-class Toolkit {
-  public:
-    Toolkit() {
-        QSettings::setDefaultFormat(QSettings::IniFormat);
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, Settings.path());
-        QApplication::setOrganizationName(QStringLiteral("dorvane-bench"));
-        QApplication::setApplicationName(QStringLiteral("dorvane-bench"));
-    }
-
-  private:
-    int ArgumentCount = 3;
-    std::string Name = "dorvane_bench";
-    std::string Option = "-platform";
-    std::string Platform = "offscreen";
-    std::array<char*, 4> Arguments{Name.data(), Option.data(), Platform.data(), nullptr};
-    QApplication Application{ArgumentCount, Arguments.data()};
-    const QTemporaryDir Settings;
-};
 
 // The records of 8000 registered folders with one folder below each, and 200 files in the last of them.
 class LargeTree {

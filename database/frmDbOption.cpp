@@ -11,9 +11,9 @@ frmDbOption::frmDbOption(Navigator& navigator) : Nav(navigator), Form(std::make_
     Form->setupUi(this);
     ReturnsBy(Form->cmdHome);
     LoadForm();
-    LeaveBy(Form->cmdRetrieve, &Navigator::OpenRetrieval);
-    LeaveBy(Form->cmdUpdate, &Navigator::OpenUpdate);
-    LeaveBy(Form->cmdHome, &Navigator::ShowHome);
+    LeaveBy(Form->cmdRetrieve, [this] { Nav.OpenRetrieval(); });
+    LeaveBy(Form->cmdUpdate, [this] { Nav.OpenUpdate(); });
+    LeaveBy(Form->cmdHome, [this] { Nav.ShowHome(); });
 }
 
 frmDbOption::~frmDbOption() = default;
@@ -28,12 +28,12 @@ void frmDbOption::LoadForm() {
     Form->cmdRetrieve->setFocus();
 }
 
-void frmDbOption::LeaveBy(QPushButton* button, void (Navigator::*where)()) {
+void frmDbOption::LeaveBy(QPushButton* button, const std::function<void()>& where) {
     const std::string event = "frmDbOption-" + button->objectName().toStdString() + "_Click";
     connect(button, &QPushButton::clicked, this, [this, event, where] {
         Guarded(event, [&](Guard&) {
             Unload();
-            (Nav.*where)();
+            where();
         });
     });
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "core/Navigator.h"
@@ -24,7 +25,7 @@ class frmDbOption : public ScreenDialog {
 
   private:
     void LoadForm();
-    void LeaveBy(QPushButton* button, void (Navigator::*where)());
+    void LeaveBy(QPushButton* button, const std::function<void()>& where);
 
     Navigator& Nav;
     std::unique_ptr<Ui::frmDbOption> Form;

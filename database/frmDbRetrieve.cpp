@@ -78,23 +78,23 @@ void frmDbRetrieve::ConnectCommands() {
     connect(Form->cmdPrint, &QPushButton::clicked, this, [this] { ClickPrintOutput(State); });
     connect(Form->cmdCopy, &QPushButton::clicked, this, [this] { ClickCopyOutput(State, View()); });
     connect(Form->cmdBack, &QPushButton::clicked, this,
-            [this] { LeaveTo("frmDbRetrieve-cmdBack_Click", &Navigator::OpenDatabase); });
+            [this] { LeaveTo("frmDbRetrieve-cmdBack_Click", [this] { Nav.OpenDatabase(); }); });
     connect(Form->cmdHome, &QPushButton::clicked, this,
-            [this] { LeaveTo("frmDbRetrieve-cmdHome_Click", &Navigator::ShowHome); });
+            [this] { LeaveTo("frmDbRetrieve-cmdHome_Click", [this] { Nav.ShowHome(); }); });
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, Form->cmdHome, &QPushButton::click);
 }
 
 void frmDbRetrieve::ConnectMenus() {
     connect(Form->mnuGoHome, &QAction::triggered, this,
-            [this] { LeaveTo("frmDbRetrieve-mnuGoHome_Click", &Navigator::ShowHome); });
+            [this] { LeaveTo("frmDbRetrieve-mnuGoHome_Click", [this] { Nav.ShowHome(); }); });
     connect(Form->mnuPrinter, &QAction::triggered, this,
             [] { Guarded("frmDbRetrieve-mnuPrinter_Click", [](Guard&) { PrinterSetup(); }); });
 }
 
-void frmDbRetrieve::LeaveTo(const char* event, void (Navigator::*where)()) {
+void frmDbRetrieve::LeaveTo(const char* event, const std::function<void()>& where) {
     Guarded(event, [&](Guard&) {
         Unload();
-        (Nav.*where)();
+        where();
     });
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -37,7 +38,7 @@ class frmDbRetrieve : public Screen {
     void ReadOptions();
     void ChoiceChanged();
     void cmdRetrieve_Click();
-    void LeaveTo(const char* event, void (Navigator::*where)());
+    void LeaveTo(const char* event, const std::function<void()>& where);
 
     RetrieveView View();
     void ShowWaiting(bool on);

@@ -41,16 +41,16 @@ void frmDbUpdate::ConnectCommands() {
     connect(Form->cmdBrowse, &QPushButton::clicked, this, &frmDbUpdate::cmdBrowse_Click);
     connect(Form->cmdUpdate, &QPushButton::clicked, this, &frmDbUpdate::cmdUpdate_Click);
     connect(Form->cmdGoBack, &QPushButton::clicked, this,
-            [this] { LeaveTo("frmDbUpdate-cmdGoBack_Click", &Navigator::OpenDatabase); });
+            [this] { LeaveTo("frmDbUpdate-cmdGoBack_Click", [this] { Nav.OpenDatabase(); }); });
     connect(Form->cmdGoHome, &QPushButton::clicked, this,
-            [this] { LeaveTo("frmDbUpdate-cmdGoHome_Click", &Navigator::ShowHome); });
+            [this] { LeaveTo("frmDbUpdate-cmdGoHome_Click", [this] { Nav.ShowHome(); }); });
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, Form->cmdGoHome, &QPushButton::click);
 }
 
-void frmDbUpdate::LeaveTo(const char* event, void (Navigator::*where)()) {
+void frmDbUpdate::LeaveTo(const char* event, const std::function<void()>& where) {
     Guarded(event, [&](Guard&) {
         Unload();
-        (Nav.*where)();
+        where();
     });
 }
 

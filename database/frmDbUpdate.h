@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -30,7 +31,7 @@ class frmDbUpdate : public Screen {
     void trvDirectory_NodeClick(const std::string& key);
     void cmdBrowse_Click();
     void cmdUpdate_Click();
-    void LeaveTo(const char* event, void (Navigator::*where)());
+    void LeaveTo(const char* event, const std::function<void()>& where);
 
     Navigator& Nav;
     std::unique_ptr<Ui::frmDbUpdate> Form;

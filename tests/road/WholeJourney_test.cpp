@@ -1,25 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QTabWidget>
 #include <QTest>
 #include <QTreeWidget>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <sstream>
 
-#include "core/CommandLine.h"
 #include "core/Drives.h"
 #include "core/Globals.h"
+#include "core/ProfileStore.h"
 #include "core/basGeneral.h"
 #include "core/widgets/ScreenText.h"
 #include "tests/app/PrintServer.h"
+#include "tests/road/AwaitedProgram.h"
 #include "tests/road/Workstation.h"
 
 namespace Dorvane {
@@ -35,9 +37,9 @@ constexpr const char* Project = "D:\\TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\";
 
 // The moments of a run differ from run to run.
 std::string WithoutMoments(const std::string& text) {
-    static const std::regex date(R"(\d{1,4}[-/.]\d{1,2}[-/.]\d{2,4})");
-    static const std::regex time(R"(\d{1,2}:\d\d(:\d\d)?( [AP]M)?)");
-    return std::regex_replace(std::regex_replace(text, date, "<date>"), time, "<time>");
+    static const QRegularExpression date(R"(\d{1,4}[-/.]\d{1,2}[-/.]\d{2,4})");
+    static const QRegularExpression time(R"(\d{1,2}:\d\d(:\d\d)?( [AP]M)?)");
+    return QString::fromLatin1(text).replace(date, "<date>").replace(time, "<time>").toStdString();
 }
 
 // Chooses an entry by keys.
@@ -205,6 +207,18 @@ class WholeRoad : public Workstation, public testing::WithParamInterface<int> {
         ChooseEntry(varn, "cmbVersion", 0);
     }
 
+    // The real editor is waited for, and the screen goes on when it was closed.
+    void EditTheInput() {
+        IniWriteString("dv_tarvex.ini", "General Editor", "Name", "env");  // any that is there
+        QWidget& varn = Screen("frmVarn");
+        Control<QCheckBox>(varn, "chkInputFile").click();
+        AwaitedProgram editor("editinp.exe");
+        Click(varn, "cmdEdit");
+        EXPECT_EQ(editor.Arguments(), Drives::HostPath(std::string(Project) + "FIRST.INP"));
+        EXPECT_EQ(Control<QComboBox>(varn, "cmbVersion").count(), 2);
+        Control<QCheckBox>(varn, "chkInputFile").click();
+    }
+
     void ExportAll() {
         QWidget& varn = Screen("frmVarn");
         for (const char* item : {"mnuDbs", "mnuXyz", "mnuInu", "mnuKeld", "MnuSta"}) {
@@ -275,8 +289,8 @@ class WholeRoad : public Workstation, public testing::WithParamInterface<int> {
 
     // The listing names its input where it lies on the host.
     std::string WithoutPlaces(const std::string& text) const {
-        static const std::regex place(R"(/\S*/d:)");
-        return std::regex_replace(WithoutMoments(text), place, "<drive>");
+        static const QRegularExpression place(R"(/\S*/d:)");
+        return QString::fromStdString(WithoutMoments(text)).replace(place, "<drive>").toStdString();
     }
 
     void CompareWith(const std::string& drives) {
@@ -314,6 +328,7 @@ TEST_P(WholeRoad, ThroughTheScreensEndsInTheFilesOfTheRoadWithoutThem) {
     Click(Screen("frmInput"), "cmdVarn");
     AdjustInAllTypes();
     AdjustAVersion();
+    EditTheInput();
     ExportAll();
     UpdateTheDatabase();
     RetrieveInAllUnits();

@@ -58,7 +58,7 @@ void Workstation::InstallProgram() {
     for (const fs::directory_entry& entry : fs::directory_iterator(DORVANE_FOLDER))
         if (entry.path().filename() == "Keld")
             fs::copy(entry.path(), folder / "Keld");
-        else
+        else if (entry.path().filename() != "ERROR.LOG")
             fs::create_symlink(entry.path(), folder / entry.path().filename());
 }
 
