@@ -160,15 +160,24 @@ void DownloadAndCalibration(PictureBook& book, AppNavigator& navigator) {
     Click(book.Visible("frmCalibTree"), "cmdHome");
 }
 
-void DesktopServices(PictureBook& book) {
-    book.ShootBox("input-box", "Cancel", [] {
-        TheDesktop().AskText("Enter Survey Index Name (without extension)", "Survey Index", "SRV01");
-    });
+// The failures shown here are none, and leave no log behind.
+void ErrorReports(PictureBook& book) {
+    const std::string log = AppPath() + "ERROR.LOG";
+    const bool kept = FileExists(log);
     book.ShootBox("program-error", "Cancel", [] {
         ReportError(RunTimeError(PathNotFound, "D:\\TARVEX\\GONE\\"), "frmTree-cmdCopy_Click");
     });
     book.ShootBox("program-error-disk", "No",
                   [] { ReportError(RunTimeError(DiskFull), "basUpload-UploadFile"); });
+    if (!kept)
+        Drives::DeleteFile(log);
+}
+
+void DesktopServices(PictureBook& book) {
+    book.ShootBox("input-box", "Cancel", [] {
+        TheDesktop().AskText("Enter Survey Index Name (without extension)", "Survey Index", "SRV01");
+    });
+    ErrorReports(book);
     Choose(book.Visible("frmMain"), "mnuHelpContents");
     QTest::qWait(500);
     book.Shoot("HelpViewer");
