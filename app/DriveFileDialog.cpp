@@ -104,7 +104,7 @@ void DriveFileDialog::SetUpFolderList() {
     Folders->setObjectName(QStringLiteral("cmbFolders"));
     Folders->setSizePolicy(hostFolders->sizePolicy());
     Folders->setToolTip(tr("The folder shown, the folders above it and the drives"));
-    layout()->replaceWidget(hostFolders, Folders, Qt::FindChildrenRecursively);
+    delete layout()->replaceWidget(hostFolders, Folders, Qt::FindChildrenRecursively);
     hostFolders->hide();
     connect(this, &QFileDialog::directoryEntered, this, [this] { ShowFolder(); });
     connect(Folders, &QComboBox::activated, this, [this](int index) {
