@@ -64,8 +64,11 @@ bool PictureBook::IsVisible(const char* name) {
 }
 
 void PictureBook::Shoot(QWidget& window, const QString& name) {
-    if (Large && window.maximumSize().width() > window.width() * 2)
+    if (Large && !Stretched.contains(window.objectName()) &&
+        window.maximumSize().width() > window.width() * 2) {
+        Stretched.insert(window.objectName());
         window.resize(window.width() * 3 / 2, window.height() * 3 / 2);
+    }
     Testing::HandleEvents();
     QTest::qWait(60);
     if (!window.grab().save(Folder + "/" + name + ".png"))

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QSet>
 #include <QString>
 #include <QWidget>
 #include <functional>
@@ -10,7 +11,8 @@ namespace Dorvane::Tour {
 /// Takes the pictures: one file per screen or state of it.
 class PictureBook {
   public:
-    /// `large` stretches every window that can be stretched before its picture is taken.
+    /// `large` stretches every window that can be stretched before its first picture is taken; it remembers
+    /// its size from then on.
     PictureBook(QString folder, bool large) : Folder(std::move(folder)), Large(large) {}
 
     /// The window of an object name that is visible; throws when there is none.
@@ -35,6 +37,7 @@ class PictureBook {
   private:
     QString Folder;
     bool Large;
+    QSet<QString> Stretched;  // by object name
     int Taken = 0;
 };
 
