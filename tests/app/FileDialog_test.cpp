@@ -149,7 +149,7 @@ TEST_F(FileDialogs, ShowTheFilesOfTheFilterIgnoringCaseAndEveryFileForAllFiles) 
 TEST_F(FileDialogs, OfferTheDrivesAndTheFoldersAbove) {
     FileDialog dialog = Open();
     dialog.Folder = "D:\\DATA\\SUB\\";
-    Hands.ExpectDialog("Open it", [this](QWidget& box) {
+    Hands.ExpectDialog("Open it", [](QWidget& box) {
         std::vector<std::string> folders;
         auto& list = Control<QComboBox>(box, "cmbFolders");
         for (int i = 0; i < list.count(); ++i)
