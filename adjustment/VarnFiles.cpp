@@ -7,7 +7,7 @@
 #include "adjustment/Versions.h"
 #include "adjustment/basVarn.h"
 #include "core/Globals.h"
-#include "core/ProfileStore.h"
+#include "core/PathType.h"
 #include "core/ReportError.h"
 #include "core/Text.h"
 #include "core/basGeneral.h"
@@ -17,8 +17,6 @@ namespace Dorvane {
 
 namespace {
 
-constexpr std::string_view Profile = "dv_tarvex.ini";
-
 std::string StartFolder(const std::string& input) {
     std::string folder;
     if (!input.empty()) {
@@ -27,7 +25,7 @@ std::string StartFolder(const std::string& input) {
         if (FolderExists(folder))
             return folder;
     }
-    folder = IniReadString(Profile, "Tarvex", "Last Path");
+    folder = LastTreePath();
     return FolderExists(folder) ? folder : "";
 }
 
@@ -103,7 +101,7 @@ void BrowseInput(VarnState& state) {
         if (!HasMaster(folder, name))
             return;
         guard.Run([&] { ChangeInput(state, *chosen); });
-        IniWriteString(Profile, "Tarvex", "Last Path", folder);
+        StoreLastTreePath(folder);
     });
 }
 

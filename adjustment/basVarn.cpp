@@ -4,6 +4,7 @@
 #include "adjustment/Banner.h"
 #include "adjustment/Versions.h"
 #include "core/Globals.h"
+#include "core/PathType.h"
 #include "core/ProfileStore.h"
 #include "core/basGeneral.h"
 
@@ -172,7 +173,7 @@ void ChooseTarvexEditor(VarnState& state) {
 void LeaveVarn(const VarnState& state) {
     std::string folder = state.txtInput;
     if (FolderExists(folder))
-        IniWriteString(Profile, "Tarvex", "Last Path", folder);
+        StoreLastTreePath(folder);
 }
 
 void RunVarn(VarnState& state, AdjustmentPackage& package, const VarnRunView& view) {

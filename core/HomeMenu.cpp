@@ -81,10 +81,8 @@ bool EditStartUpProfile() {
 }
 
 std::string ChooseReductionFolder() {
-    std::string folder = BrowseForFolder(LastManualPath(), "ReducePath", "Data Reduction Folder Selection");
-    if (!FolderExists(folder))
-        return "";
-    StoreLastManualPath(folder);
+    std::string folder;
+    AskManualFolder(folder, "ReducePath", "Data Reduction Folder Selection");
     return folder;
 }
 

@@ -3,6 +3,7 @@
 
 #include "core/Globals.h"
 #include "core/ProfileStore.h"
+#include "core/basGeneral.h"
 
 namespace Dorvane {
 
@@ -36,6 +37,15 @@ void StoreLastTreePath(const std::string& folder) {
 
 void StoreLastManualPath(const std::string& folder) {
     IniWriteString(Profile, "Manual", LastPath, folder);
+}
+
+bool AskManualFolder(std::string& folder, const std::string& proposedName, const std::string& title) {
+    std::string chosen = BrowseForFolder(LastManualPath(), proposedName, title);
+    if (!FolderExists(chosen))
+        return false;
+    StoreLastManualPath(chosen);
+    folder = chosen;
+    return true;
 }
 
 }  // namespace Dorvane

@@ -18,4 +18,8 @@ std::string LastManualPath();
 void StoreLastTreePath(const std::string& folder);
 void StoreLastManualPath(const std::string& folder);
 
+/// Asks for a folder by hand, beginning at the last one, and stores one that exists as the last. False, with
+/// `folder` as it was, when there is none.
+bool AskManualFolder(std::string& folder, const std::string& proposedName, const std::string& title);
+
 }  // namespace Dorvane

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "input/CreateInput.h"
 
-#include "core/ProfileStore.h"
+#include "core/PathType.h"
 #include "core/ReportError.h"
 #include "core/Text.h"
 #include "core/basGeneral.h"
@@ -16,8 +16,6 @@
 namespace Dorvane {
 
 namespace {
-
-constexpr const char* MainProfile = "dv_tarvex.ini";
 
 bool MayOverwrite(const std::string& name) {
     const Message question{
@@ -97,10 +95,10 @@ bool SetupCreateInput(InputScreen& screen, const InputServices& services, std::i
         services.ShowStatus("Creating VARN input file");
         const std::string caption = "VARN input file location";
         if (Global().Path_type == 1) {
-            const std::string lastPath = IniReadString(MainProfile, "Tarvex", "Last Path");
+            const std::string lastPath = LastTreePath();
             services.PickFolder(caption, ProposePath(lastPath, "ADJUST"), screen.lblDirectory);
         } else {
-            const std::string lastPath = IniReadString(MainProfile, "Manual", "Last Path");
+            const std::string lastPath = LastManualPath();
             const std::string folder = BrowseForFolder(lastPath, "VarnInput", caption);
             if (!folder.empty())
                 screen.lblDirectory = folder;

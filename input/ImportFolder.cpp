@@ -2,6 +2,7 @@
 #include "input/ImportFolder.h"
 
 #include "core/DateText.h"
+#include "core/PathType.h"
 #include "core/ProfileStore.h"
 #include "core/ReportError.h"
 #include "core/Text.h"
@@ -15,7 +16,6 @@ namespace Dorvane {
 
 namespace {
 
-constexpr const char* MainProfile = "dv_tarvex.ini";
 constexpr const char* DataTypeProfile = "dv_datatype.ini";
 
 // The listed result file that comes first among the words from the second on; nothing when none is listed.
@@ -51,17 +51,17 @@ bool AskFolder(InputScreen& screen, const InputServices& services, const InputTy
                const List1<std::string>& locations) {
     const std::string caption = "Input " + type.Name + " field data from";
     if (Global().Path_type == 1) {
-        std::string path = IniReadString(MainProfile, "Tarvex", "Last Path");
+        std::string path = LastTreePath();
         if (locations.Count() == 1)
             path = ProposePath(path, locations[1]);
         services.PickFolder(caption, path, screen.lblDirectory);
         return !screen.lblDirectory.empty();
     }
-    std::string folder = BrowseForFolder(IniReadString(MainProfile, "Manual", "Last Path"), "RES", caption);
+    std::string folder = BrowseForFolder(LastManualPath(), "RES", caption);
     if (folder.empty())
         return false;
     if (FolderExists(folder))
-        IniWriteString(MainProfile, "Manual", "Last Path", folder);
+        StoreLastManualPath(folder);
     screen.lblDirectory = folder;
     return true;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "upload/FolderChoice.h"
 
-#include "core/ProfileStore.h"
+#include "core/PathType.h"
 #include "core/basGeneral.h"
 
 namespace Dorvane {
@@ -30,13 +30,7 @@ bool BrowseUploadTarget(UploadState& state) {
 }
 
 bool AskReductionFolder(std::string& folder) {
-    const std::string last = IniReadString("dv_tarvex.ini", "Manual", "Last Path");
-    std::string chosen = BrowseForFolder(last, "ReducePath", "Data Reduction Directory Selection");
-    if (!FolderExists(chosen))
-        return false;
-    IniWriteString("dv_tarvex.ini", "Manual", "Last Path", chosen);
-    folder = chosen;
-    return true;
+    return AskManualFolder(folder, "ReducePath", "Data Reduction Directory Selection");
 }
 
 std::string AskDownloadFolder() {
