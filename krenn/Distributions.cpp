@@ -59,6 +59,14 @@ double ChiSquareProbability(double value, double freedom) {
     return x < shape + 1 ? LowerGammaSeries(shape, x) : 1 - UpperGammaFraction(shape, x);
 }
 
+double ChiSquareExceedance(double value, double freedom) {
+    if (value <= 0)
+        return 1;
+    const double shape = freedom / 2;
+    const double x = value / 2;
+    return x < shape + 1 ? 1 - LowerGammaSeries(shape, x) : UpperGammaFraction(shape, x);
+}
+
 double ChiSquareQuantile(double probability, double freedom) {
     double low = 0;
     double high = ChiSquareGuess(probability, freedom) + 10 * std::sqrt(freedom) + 20;
@@ -69,12 +77,16 @@ double ChiSquareQuantile(double probability, double freedom) {
     return (low + high) / 2;
 }
 
+double NormalExceedance(double value) {
+    return std::erfc(value / std::numbers::sqrt2) / 2;
+}
+
 double NormalQuantile(double probability) {
     double low = -40;
     double high = 40;
     for (int i = 0; i < 200 && high - low > 1e-14; ++i) {
         const double middle = (low + high) / 2;
-        (std::erfc(-middle / std::numbers::sqrt2) / 2 < probability ? low : high) = middle;
+        (NormalExceedance(-middle) < probability ? low : high) = middle;
     }
     return (low + high) / 2;
 }

@@ -187,7 +187,7 @@ void PrintSolution(Page& page, const Network& network, const Adjustment& adjustm
         page.Line("  standard deviations are {}",
                   adjustment.hasCofactors ? "a posteriori, scaled with m0" : "not computed by this type");
     }
-    page.Line("  largest |w| allowed {:.2f}   (two-tailed, {}%){}", statistics.critical, kLocalRisk * 100,
+    page.Line("  largest |w| allowed {:.2f}   (two-tailed, {}%){}", statistics.critical, statistics.parameters.localRisk * 100,
               statistics.isStandardised ? "" : "; w is v/sigma, as this type computes no redundancy numbers");
     const auto& w = statistics.standardised;
     const auto flagged = std::count_if(w.begin(), w.end(),

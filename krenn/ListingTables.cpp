@@ -168,8 +168,8 @@ void PrintRelative(Page& page, const Network& network, const Adjustment& adjustm
         page.Line("  {:<{}} {:<{}} {} {} {} {} {} {}", network.points[from].name, width,
                   network.points[to].name, width, Fixed(std::sqrt(square), 14, 5),
                   Fixed(ellipse.major, 10, 6), Fixed(ellipse.minor, 10, 6), Fixed(ellipse.bearing, 9, 3),
-                  Fixed(ellipse.major * statistics.factor95, 10, 6),
-                  Fixed(ellipse.minor * statistics.factor95, 10, 6));
+                  Fixed(ellipse.major * statistics.wideFactor, 10, 6),
+                  Fixed(ellipse.minor * statistics.wideFactor, 10, 6));
     }
 }
 
@@ -201,8 +201,8 @@ void PrintDeviations(Page& page, const Network& network, const Adjustment& adjus
                       Fixed(deviation[2], 12, 6));
             page.Line("{:<{}} {} {} {}", "", width, Fixed(ellipse.major, 12, 6), Fixed(ellipse.minor, 12, 6),
                       Fixed(ellipse.bearing, 12, 3));
-            page.Line("{:<{}} {} {} {}   95%", "", width, Fixed(ellipse.major * statistics.factor95, 12, 6),
-                      Fixed(ellipse.minor * statistics.factor95, 12, 6), Fixed(ellipse.bearing, 12, 3));
+            page.Line("{:<{}} {} {} {}   95%", "", width, Fixed(ellipse.major * statistics.wideFactor, 12, 6),
+                      Fixed(ellipse.minor * statistics.wideFactor, 12, 6), Fixed(ellipse.bearing, 12, 3));
         }
     }
     if (!isHeights)

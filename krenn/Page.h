@@ -5,8 +5,24 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Krenn {
+
+// Fields of a line, appended to its text. A field is at least `width` wide; one that is longer pushes the
+// rest of its line to the right and is never cut.
+void AppendLeft(std::string& text, std::string_view field, int width);
+void AppendRight(std::string& text, std::string_view field, int width);
+void AppendCount(std::string& text, long long value, int width);
+
+// With fixed decimals, up to 20; never "-0.000".
+void AppendFixed(std::string& text, double value, int width, int decimals);
+
+// The same as texts of their own.
+std::string Fixed(double value, int width, int decimals);
+
+// A number with four significant digits, as a person would write it: 0.01234, 1.234e-07.
+std::string Significant(double value, int width);
 
 // The text of a listing while it grows; lines end in CR LF.
 struct Page {
@@ -27,11 +43,12 @@ struct Page {
         Line(" {}", std::string(title.size(), '-'));
     }
 
-    // Words of a sentence in lines of at most some 100 characters behind an indent.
-    void Paragraph(std::string_view indent, std::string_view sentence);
+    // Words of a sentence in lines of at most some 100 characters behind an indent. Further lines have
+    // `hanging` blanks more.
+    void Paragraph(std::string_view indent, std::string_view sentence, int hanging = 0);
 };
 
-// A number with fixed decimals, at least `width` wide, never "-0.000".
-std::string Fixed(double value, int width, int decimals);
+// The words of a sentence in lines of at most `widest` characters; a longer word has a line of its own.
+std::vector<std::string> SentenceLines(std::string_view sentence, std::size_t widest);
 
 }  // namespace Krenn

@@ -10,48 +10,100 @@
 namespace Krenn {
 namespace {
 
-// Below this redundancy number the observation is hardly checked by the others and its w says nothing.
-constexpr double kUnchecked = 1e-4;
-
 void TestObservations(const Adjustment& adjustment, Statistics& statistics) {
     const auto& measures = adjustment.structure.measures;
     statistics.standardised.resize(measures.size());
     statistics.suspected.assign(measures.size(), 0);
     statistics.isStandardised = adjustment.hasCofactors;
-    double most = 0;
+    if (!adjustment.hasCofactors) {
+        for (std::size_t m = 0; m < measures.size(); ++m)
+            statistics.standardised[m] = adjustment.residual[m] / measures[m].sigma;
+        return;
+    }
+    statistics.redundancyNumber.resize(measures.size());
     for (std::size_t m = 0; m < measures.size(); ++m) {
         const double sigma = measures[m].sigma;
         const double v = adjustment.residual[m];
-        statistics.standardised[m] = v / sigma;
-        if (adjustment.hasCofactors) {
-            const double r = std::clamp(1 - adjustment.cofactors.measure[m] / (sigma * sigma), 0.0, 1.0);
-            statistics.redundancyNumber.push_back(r);
-            const bool isChecked = r > kUnchecked;
-            statistics.standardised[m] = isChecked ? v / (sigma * std::sqrt(r)) : 0.0;
-            statistics.suspected[m] = isChecked ? -v / r : 0.0;
-        }
-        if (std::abs(statistics.standardised[m]) > most) {
-            most = std::abs(statistics.standardised[m]);
-            statistics.worst = static_cast<int>(m);
-        }
+        const double r = std::clamp(1 - adjustment.cofactors.measure[m] / (sigma * sigma), 0.0, 1.0);
+        const bool isChecked = r > kNoCheck;
+        statistics.redundancyNumber[m] = r;
+        statistics.standardised[m] = isChecked ? v / (sigma * std::sqrt(r)) : 0.0;
+        statistics.suspected[m] = isChecked ? -v / r : 0.0;
     }
 }
 
-void TestGlobally(const Adjustment& adjustment, Statistics& statistics) {
-    statistics.redundancy = adjustment.Redundancy();
-    statistics.critical = NormalQuantile(1 - kLocalRisk / 2);
-    statistics.hasM0 = statistics.redundancy > 0;
-    if (!statistics.hasM0) {
-        statistics.factor95 = std::sqrt(ChiSquareQuantile(kConfidence, 2));
-        return;
+void SumUpKinds(const Adjustment& adjustment, Statistics& statistics) {
+    double most = 0;
+    std::array<double, 5> mostOf{};
+    for (std::size_t m = 0; m < adjustment.structure.measures.size(); ++m) {
+        const Measure& measure = adjustment.structure.measures[m];
+        const auto kindIndex = static_cast<std::size_t>(measure.kind);
+        KindStatistics& kind = statistics.kinds[kindIndex];
+        const double v = adjustment.residual[m];
+        const double w = std::abs(statistics.standardised[m]);
+        ++kind.number;
+        kind.squares += v * v;
+        kind.scaledSquares += v / measure.sigma * (v / measure.sigma);
+        kind.standardisedSquares += w * w;
+        kind.flagged += w > statistics.critical ? 1 : 0;
+        if (w > mostOf[kindIndex]) {
+            mostOf[kindIndex] = w;
+            kind.worst = static_cast<int>(m);
+        }
+        if (w > most) {
+            most = w;
+            statistics.worst = static_cast<int>(m);
+        }
+        if (statistics.isStandardised) {
+            const double r = statistics.redundancyNumber[m];
+            kind.redundancy += r;
+            kind.notChecked += r < kNotChecked ? 1 : 0;
+            kind.poorlyChecked += r >= kNotChecked && r < kPoorlyChecked ? 1 : 0;
+        }
     }
+    for (const KindStatistics& kind : statistics.kinds) {
+        statistics.flagged += kind.flagged;
+        statistics.notChecked += kind.notChecked;
+    }
+}
+
+double TypicalW(const Statistics& statistics) {
+    std::vector<double> sizes;
+    sizes.reserve(statistics.standardised.size());
+    for (std::size_t m = 0; m < statistics.standardised.size(); ++m) {
+        if (!statistics.isStandardised || statistics.redundancyNumber[m] >= kNotChecked)
+            sizes.push_back(std::abs(statistics.standardised[m]));
+    }
+    if (sizes.empty())
+        return 0;
+    const auto middle = sizes.begin() + static_cast<std::ptrdiff_t>(sizes.size() / 2);
+    std::nth_element(sizes.begin(), middle, sizes.end());
+    return *middle / NormalQuantile(0.75);
+}
+
+void TestGlobally(const Adjustment& adjustment, Statistics& statistics) {
+    const Parameters& parameters = statistics.parameters;
+    const double localTail =
+        parameters.localTails == Tails::Two ? parameters.localRisk / 2 : parameters.localRisk;
+    statistics.critical = NormalQuantile(1 - localTail);
+    statistics.noncentrality = statistics.critical + NormalQuantile(parameters.power);
+    statistics.redundancy = adjustment.Redundancy();
+    statistics.hasM0 = statistics.redundancy > 0;
+    statistics.wideFactor = std::sqrt(ChiSquareQuantile(parameters.confidence, 2));
+    if (!statistics.hasM0)
+        return;
     const double r = statistics.redundancy;
+    const bool isTwoTailed = parameters.globalTails == Tails::Two;
+    const double tail = isTwoTailed ? parameters.globalRisk / 2 : parameters.globalRisk;
     statistics.m0 = std::sqrt(adjustment.sumOfSquares / r);
-    statistics.lowest = std::sqrt(ChiSquareQuantile((1 - kConfidence) / 2, r) / r);
-    statistics.highest = std::sqrt(ChiSquareQuantile((1 + kConfidence) / 2, r) / r);
+    statistics.lowest = isTwoTailed ? std::sqrt(ChiSquareQuantile(tail, r) / r) : 0.0;
+    statistics.highest = std::sqrt(ChiSquareQuantile(1 - tail, r) / r);
+    statistics.exceedance = ChiSquareExceedance(adjustment.sumOfSquares, r);
     statistics.passes = statistics.m0 >= statistics.lowest && statistics.m0 <= statistics.highest;
+    if (!parameters.posteriori)
+        return;
     statistics.scale = statistics.m0;
-    statistics.factor95 = std::sqrt(2 * FisherQuantileOfTwo(kConfidence, r));
+    statistics.wideFactor = std::sqrt(2 * FisherQuantileOfTwo(parameters.confidence, r));
 }
 
 }  // namespace
@@ -69,10 +121,21 @@ Ellipse EllipseOf(double xx, double xy, double yy) {
     return ellipse;
 }
 
-Statistics Evaluate(const Network& network, const Adjustment& adjustment) {
+double SmallestDetectable(double noncentrality, double sigma, double redundancyNumber) {
+    return noncentrality * sigma / std::sqrt(redundancyNumber);
+}
+
+double LargestEffect(double noncentrality, double redundancyNumber) {
+    return noncentrality * std::sqrt((1 - redundancyNumber) / redundancyNumber);
+}
+
+Statistics Evaluate(const Network& network, const Adjustment& adjustment, const Parameters& parameters) {
     Statistics statistics;
+    statistics.parameters = parameters;
     TestGlobally(adjustment, statistics);
     TestObservations(adjustment, statistics);
+    SumUpKinds(adjustment, statistics);
+    statistics.typicalW = TypicalW(statistics);
     statistics.deviation.resize(network.points.size());
     statistics.ellipse.resize(network.points.size());
     if (!adjustment.hasCofactors)
@@ -84,8 +147,10 @@ Statistics Evaluate(const Network& network, const Adjustment& adjustment) {
             statistics.deviation[point][axis] = std::sqrt(std::max(q[entry], 0.0) * variance);
         statistics.ellipse[point] = EllipseOf(q[0] * variance, q[1] * variance, q[2] * variance);
     }
-    for (const auto& q : adjustment.cofactors.pair)
+    for (const auto& q : adjustment.cofactors.pair) {
         statistics.relative.push_back(EllipseOf(q[0] * variance, q[1] * variance, q[2] * variance));
+        statistics.relativeHeight.push_back(std::sqrt(std::max(q[5], 0.0) * variance));
+    }
     return statistics;
 }
 

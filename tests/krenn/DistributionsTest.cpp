@@ -34,6 +34,22 @@ TEST(ChiSquareProbability, IsExponentialForTwoDegrees) {
     EXPECT_EQ(ChiSquareProbability(0, 5), 0);
 }
 
+// Table 26.7: the probability of a larger chi-square.
+TEST(ChiSquareExceedance, MeetsThePrintedTableAndKeepsItsDigitsFarOut) {
+    EXPECT_NEAR(ChiSquareExceedance(2, 1), 0.15730, 5e-6);
+    EXPECT_NEAR(ChiSquareExceedance(10, 5), 0.07524, 5e-6);
+    EXPECT_NEAR(ChiSquareExceedance(200, 2), std::exp(-100), 1e-12 * std::exp(-100));
+    EXPECT_EQ(ChiSquareExceedance(0, 3), 1);
+    for (const double value : {0.5, 3.0, 9.0, 30.0})
+        EXPECT_NEAR(ChiSquareExceedance(value, 7) + ChiSquareProbability(value, 7), 1, 1e-14);
+}
+
+TEST(NormalExceedance, MeetsThePrintedTable) {
+    EXPECT_NEAR(NormalExceedance(1.96), 0.0249979, 5e-8);
+    EXPECT_NEAR(NormalExceedance(-1), 0.8413447, 5e-8);
+    EXPECT_NEAR(NormalExceedance(10), 7.619853e-24, 1e-30);
+}
+
 TEST(NormalQuantile, MeetsThePrintedTable) {
     EXPECT_NEAR(NormalQuantile(0.975), 1.959964, 5e-7);
     EXPECT_NEAR(NormalQuantile(0.9995), 3.290527, 5e-7);

@@ -56,6 +56,110 @@ TEST(Evaluate, ScalesDeviationsWithM0) {
     EXPECT_NEAR(std::abs(statistics.standardised[0]), 2 * std::sqrt(2.0), 1e-6);
 }
 
+// Three levelled lines in a triangle, one bench mark fixed; the misclosure is all in `error` of the first.
+Network HeightTriangle(double error) {
+    InputText text;
+    text.points = {InputText::Given("A", 0, 0, 10), InputText::Named("B"), InputText::Named("C")};
+    text.fixed = {"A"};
+    text.Height("A", "B", 1, 0.001);
+    text.Height("B", "C", 2, 0.002);
+    text.Height("C", "A", -3, 0.002);
+    Network network = ReadInput(text.Text());
+    network.observations[0].value += error;
+    return network;
+}
+
+TEST(Evaluate, SumsRedundancyNumbersOfAllKindsToTheRedundancy) {
+    const Network network = ReadInput(MakeNetwork({}).text.Text());
+    const Statistics statistics = Evaluate(network, Adjust(network, Type::SparseInverse));
+    double sum = 0;
+    int number = 0;
+    for (const KindStatistics& kind : statistics.kinds) {
+        sum += kind.redundancy;
+        number += kind.number;
+    }
+    EXPECT_NEAR(sum, statistics.redundancy, 1e-6);
+    EXPECT_EQ(number, static_cast<int>(network.observations.size()));
+}
+
+TEST(Evaluate, FindsAnErrorOfTheSmallestDetectableSizeWithTheNoncentrality) {
+    const Network quiet = HeightTriangle(0);
+    const Statistics before = Evaluate(quiet, Adjust(quiet, Type::SparseInverse));
+    EXPECT_NEAR(before.redundancyNumber[0], 1.0 / 9, 1e-9);
+    // 0.1% two-tailed and a power of 80%: the 4.13 of Baarda's tables.
+    EXPECT_NEAR(before.noncentrality, 4.13, 0.005);
+    const double error = SmallestDetectable(before.noncentrality, 0.001, before.redundancyNumber[0]);
+    const Network loud = HeightTriangle(error);
+    const Adjustment adjustment = Adjust(loud, Type::SparseInverse);
+    const Statistics after = Evaluate(loud, adjustment);
+    EXPECT_NEAR(std::abs(after.standardised[0]), before.noncentrality, 1e-6);
+    EXPECT_NEAR(after.suspected[0], error, 1e-9);
+    // B is held by the first line and, the other way round, by the other two: the effect meets its bound.
+    const double effect = std::abs(adjustment.state.at[1][2] + adjustment.state.origin[2] - 11);
+    const double deviation = std::sqrt(adjustment.cofactors.point[1][5]);
+    EXPECT_NEAR(effect, LargestEffect(before.noncentrality, before.redundancyNumber[0]) * deviation, 1e-9);
+}
+
+TEST(Evaluate, TakesRiskAndTailsFromTheParameters) {
+    const Network network = HeightTriangle(0.006);
+    const Adjustment adjustment = Adjust(network, Type::SparseInverse);
+    Parameters parameters;
+    parameters.globalTails = Tails::One;
+    parameters.localTails = Tails::One;
+    parameters.localRisk = 0.05;
+    const Statistics one = Evaluate(network, adjustment, parameters);
+    const Statistics two = Evaluate(network, adjustment);
+    EXPECT_NEAR(one.critical, 1.644854, 5e-7);
+    EXPECT_NEAR(two.critical, 3.290527, 5e-7);
+    EXPECT_EQ(one.lowest, 0);
+    EXPECT_NEAR(one.highest, std::sqrt(3.84146), 1e-5);
+    EXPECT_NEAR(two.highest, std::sqrt(5.02389), 1e-5);
+    EXPECT_FALSE(one.passes);
+    EXPECT_TRUE(two.passes);
+    EXPECT_NEAR(one.exceedance, 0.0455, 5e-5);
+    EXPECT_EQ(one.flagged, 3);
+    EXPECT_EQ(two.flagged, 0);
+}
+
+TEST(Evaluate, LeavesDeviationsAPrioriWhenTold) {
+    const Network network = HeightTriangle(0.006);
+    const Adjustment adjustment = Adjust(network, Type::SparseInverse);
+    Parameters parameters;
+    parameters.posteriori = false;
+    parameters.confidence = 0.99;
+    const Statistics statistics = Evaluate(network, adjustment, parameters);
+    EXPECT_NEAR(statistics.m0, 2, 1e-9);
+    EXPECT_NEAR(statistics.deviation[1][2], 0.001 * std::sqrt(8.0 / 9), 1e-12);
+    EXPECT_NEAR(statistics.wideFactor, std::sqrt(9.21034), 1e-5);
+}
+
+TEST(Evaluate, CountsWhatNothingChecks) {
+    InputText text;
+    text.points = {InputText::Given("A", 0, 0, 10), InputText::Named("B"), InputText::Named("C")};
+    text.fixed = {"A"};
+    text.Height("A", "B", 1.000, 0.001);
+    text.Height("A", "B", 1.001, 0.001);
+    text.Height("B", "C", 5, 0.001);
+    const Network network = ReadInput(text.Text());
+    const Statistics statistics = Evaluate(network, Adjust(network, Type::SparseInverse));
+    EXPECT_EQ(statistics.notChecked, 1);
+    EXPECT_EQ(statistics.kinds[static_cast<std::size_t>(MeasureKind::HeightDifference)].notChecked, 1);
+    EXPECT_EQ(statistics.standardised[2], 0);
+    EXPECT_EQ(statistics.suspected[2], 0);
+}
+
+TEST(Evaluate, KeepsTheTypicalWFromAGrossError) {
+    NetworkSpec spec;
+    spec.stations = 8;
+    spec.points = 14;
+    spec.given = 14;
+    Network network = ReadInput(MakeNetwork(spec).text.Text());
+    network.observations[5].value += 100 * network.observations[5].sigma;
+    const Statistics statistics = Evaluate(network, Adjust(network, Type::SparseInverse));
+    EXPECT_GT(statistics.m0, 4);
+    EXPECT_LT(statistics.typicalW, 2);
+}
+
 // Repeated measuring gives the spread that the standard deviations tell, and a test at 5% rejects 5%.
 TEST(Evaluate, TellsTheTruthInAMonteCarloExperiment) {
     NetworkSpec spec;
