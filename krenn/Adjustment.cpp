@@ -18,12 +18,27 @@ std::size_t At(int index) {
     return static_cast<std::size_t>(index);
 }
 
-const char* AxisName(int axis) {
-    constexpr std::array kNames{"X", "Y", "Z", "orientation"};
-    return kNames[At(axis)];
+template <typename Member>
+void SortOut(std::vector<Member>& members) {
+    std::sort(members.begin(), members.end());
+    members.erase(std::unique(members.begin(), members.end()), members.end());
 }
 
-// A network whose normal equations are singular although the datum is set: names the points that move freely.
+// Rotations and values of the whole network that a null vector moves, in words.
+std::vector<std::string> OthersMovedBy(const Network& network, const Adjustment& adjustment,
+                                       const Eigen::VectorXd& nullVector) {
+    std::vector<std::string> words;
+    const double bound = 1e-3 * nullVector.cwiseAbs().maxCoeff();
+    for (int unknown = 0; unknown < adjustment.unknowns.Count(); ++unknown) {
+        const UnknownOf& of = adjustment.unknowns.of[At(unknown)];
+        if (!IsCoordinate(of) && std::abs(nullVector(unknown)) > bound)
+            words.push_back(UnknownInWords(network, adjustment.structure, of));
+    }
+    return words;
+}
+
+// A network whose normal equations are singular although the datum is set: names the points that move freely,
+// or else the other unknowns that do.
 void CheckRank(const Network& network, const Adjustment& adjustment, SparseCholesky& cholesky,
                const NormalMatrix& normals) {
     const Pivot pivot = Factorise(cholesky, normals);
@@ -31,24 +46,31 @@ void CheckRank(const Network& network, const Adjustment& adjustment, SparseChole
         return;
     const Eigen::MatrixXd vectors = NullVectors(cholesky, normals);
     std::vector<int> points;
+    std::vector<std::string> others;
     for (Eigen::Index i = 0; i < vectors.cols(); ++i) {
         Eigen::VectorXd nullVector = Eigen::VectorXd::Zero(adjustment.unknowns.Count());
         for (int row = 0; row < normals.size; ++row)
             nullVector(normals.unknownOf[At(row)]) = vectors(row, i);
         const std::vector<int> moved = PointsMovedBy(nullVector, adjustment.datum, adjustment.unknowns);
         points.insert(points.end(), moved.begin(), moved.end());
+        if (moved.empty()) {
+            const auto words = OthersMovedBy(network, adjustment, nullVector);
+            others.insert(others.end(), words.begin(), words.end());
+        }
     }
-    std::sort(points.begin(), points.end());
-    points.erase(std::unique(points.begin(), points.end()), points.end());
+    SortOut(points);
+    SortOut(others);
     if (!points.empty())
         throw Failure(ErrorNumber::UndeterminedPoints,
                       "The observations leave points free to move; the normal equations are singular.",
                       {NameList(network, points, 1000)});
+    if (!others.empty())
+        throw Failure(ErrorNumber::Singular, "The observations do not determine these unknowns:", others);
     if (pivot.least > 1e-14)
         return;
     const UnknownOf& of = adjustment.unknowns.of[At(normals.unknownOf[At(pivot.row)])];
     throw Failure(ErrorNumber::Singular, "The normal equations cannot be solved.",
-                  {fmt::format("unknown: {} of {}", AxisName(of.axis), network.points[At(of.point)].name)});
+                  {"unknown: " + UnknownInWords(network, adjustment.structure, of)});
 }
 
 void CheckFinite(const Adjustment& adjustment) {
@@ -63,10 +85,11 @@ void CheckFinite(const Adjustment& adjustment) {
 
 }  // namespace
 
-Adjustment Adjust(const Network& network, Type type, const Options& options) {
+Adjustment Adjust(const Network& network, Type type, const Parameters& parameters) {
     Adjustment adjustment;
     adjustment.type = type;
-    adjustment.structure = FindStructure(network);
+    adjustment.parameters = parameters;
+    adjustment.structure = FindStructure(network, parameters);
     Approximation approximation = Approximate(network, adjustment.structure);
     adjustment.start = std::move(approximation.state);
     adjustment.state = adjustment.start;
@@ -82,7 +105,8 @@ Adjustment Adjust(const Network& network, Type type, const Options& options) {
         adjustment.notes.push_back(
             fmt::format("The sight of line {} is plumb; its angles are left out.", line));
     adjustment.unknowns = NumberUnknowns(adjustment.structure);
-    adjustment.datum = FindDatum(network, adjustment.structure, adjustment.unknowns, adjustment.state);
+    adjustment.datum =
+        FindDatum(network, adjustment.structure, adjustment.unknowns, adjustment.state, parameters.datum);
     if (type == Type::Dense && adjustment.unknowns.Count() > kMostDenseUnknowns)
         throw Failure(ErrorNumber::NetworkTooLarge,
                       fmt::format("There are {} unknowns; the dense type takes at most {}.",
@@ -99,11 +123,11 @@ Adjustment Adjust(const Network& network, Type type, const Options& options) {
     CheckRank(network, adjustment, cholesky, normals);
 
     if (type == Type::Dense)
-        IterateDense(network, adjustment, options);
+        IterateDense(network, adjustment, parameters);
     else if (type == Type::L1Norm)
-        IterateL1(network, adjustment, cholesky, normals, options);
+        IterateL1(network, adjustment, cholesky, normals, parameters);
     else
-        IterateSparse(network, adjustment, cholesky, normals, options);
+        IterateSparse(network, adjustment, cholesky, normals, parameters);
 
     if (type == Type::SparseInverse)
         SparseCofactors(network, adjustment, cholesky, normals);

@@ -13,11 +13,6 @@ namespace Krenn {
 // The four ways to adjust; the numbers are those that go receives.
 enum class Type { Sparse = 0, SparseInverse = 1, Dense = 7, L1Norm = -1 };
 
-struct Options {
-    int mostIterations = 50;
-    double largestCorrection = 1e-8;  // meters; the iterations end when no coordinate moves by more
-};
-
 struct Iteration {
     double largest = 0;  // largest coordinate correction, meters
     int unknown = -1;    // whose it is
@@ -25,16 +20,25 @@ struct Iteration {
     double target = 0;   // sum of (v / sigma)^2, or of |v / sigma| for type -1, after the step
 };
 
+// Two unknowns that the observations hardly tell apart.
+struct Correlation {
+    int first, second;  // unknowns
+    double coefficient;
+};
+
 // Cofactors a priori: variances and covariances of the unknowns for m0 = 1, in square meters and radians.
 struct Cofactors {
-    std::vector<std::array<double, 6>> point;  // per point xx, xy, yy, xz, yz, zz
-    std::vector<double> orientation;           // per point
-    std::vector<double> measure;               // per measure: of the adjusted observation, a Q a'
-    std::vector<std::array<double, 6>> pair;   // per relative pair: of the coordinate differences
+    std::vector<std::array<double, 6>> point;     // per point xx, xy, yy, xz, yz, zz
+    std::vector<std::array<double, 6>> rotation;  // per set-up about X, Y, Z: xx, xy, yy, xz, yz, zz
+    Eigen::MatrixXd global;                       // of the unknowns of the whole network, in their order
+    std::vector<Correlation> strong;              // strongest first
+    std::vector<double> measure;                  // per measure: of the adjusted observation, a Q a'
+    std::vector<std::array<double, 6>> pair;      // per relative pair: of the coordinate differences
 };
 
 struct Adjustment {
     Type type = Type::SparseInverse;
+    Parameters parameters;
     Structure structure;
     Unknowns unknowns;
     Datum datum;
@@ -54,7 +58,7 @@ struct Adjustment {
     }
 };
 
-// Adjusts a network. Throws Failure with the numbers 20 to 42 of ErrorNumber.
-Adjustment Adjust(const Network& network, Type type, const Options& options = {});
+// Adjusts a network. Throws Failure with the numbers 14 and 20 to 42 of ErrorNumber.
+Adjustment Adjust(const Network& network, Type type, const Parameters& parameters = {});
 
 }  // namespace Krenn

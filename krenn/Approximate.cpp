@@ -7,6 +7,7 @@
 #include <cmath>
 #include <deque>
 
+#include "krenn/Attitude.h"
 #include "krenn/Errors.h"
 #include "krenn/PlanSights.h"
 
@@ -204,7 +205,7 @@ std::vector<std::vector<Rise>> GatherRises(const Structure& structure, const Sta
         double rise = 0;
         if (measure.kind == MeasureKind::HeightDifference) {
             rise = measure.value;
-        } else if (measure.kind == MeasureKind::ZenithAngle) {
+        } else if (measure.kind == MeasureKind::ZenithAngle && !measure.isTilted) {
             const auto& from = state.at[At(measure.from)];
             const auto& to = state.at[At(measure.to)];
             const double sine = std::sin(measure.value);
@@ -294,7 +295,10 @@ Approximation Approximate(const Network& network, const Structure& structure) {
     Approximation result;
     State& state = result.state;
     state.at.assign(network.points.size(), {});
-    state.orientation.assign(network.points.size(), 0);
+    state.orientation.assign(structure.setups.size(), 0);
+    state.curvature = structure.model.curvature ? 1 : 0;
+    if (structure.model.refraction != RefractionModel::Off)
+        state.refraction = structure.model.refractionCoefficient;
     for (std::size_t i = 0; i < network.points.size(); ++i) {
         if (network.points[i].hasGiven)
             state.at[i] = network.points[i].given;
@@ -330,19 +334,18 @@ std::vector<int> LeaveOutPlumbAngles(Structure& structure, const State& state) {
     std::erase_if(structure.measures, [&](const Measure& measure) {
         if (measure.kind != MeasureKind::Direction && measure.kind != MeasureKind::ZenithAngle)
             return false;
-        const auto& from = state.at[At(measure.from)];
-        const auto& to = state.at[At(measure.to)];
-        const double horizontal = std::hypot(to[0] - from[0], to[1] - from[1]);
-        const bool isPlumb = horizontal < kPlumbSight && horizontal < 1e-3 * std::abs(to[2] - from[2]);
+        const auto seen = SeenFrom(measure, state);
+        const double horizontal = std::hypot(seen[0], seen[1]);
+        const bool isPlumb = horizontal < kPlumbSight && horizontal < 1e-3 * std::abs(seen[2]);
         if (isPlumb)
             leftOut.push_back(measure.observation);
         return isPlumb;
     });
-    for (PointRole& role : structure.roles)
-        role.hasDirections = false;
+    for (Setup& setup : structure.setups)
+        setup.hasDirections = false;
     for (const Measure& measure : structure.measures) {
         if (measure.kind == MeasureKind::Direction)
-            structure.roles[At(measure.from)].hasDirections = true;
+            structure.setups[At(measure.setup)].hasDirections = true;
     }
     return leftOut;
 }
@@ -366,13 +369,13 @@ void ReduceToHeldHeights(Structure& structure, const Network& network, const Sta
 }
 
 void OrientAll(const Structure& structure, State& state) {
-    std::vector<std::vector<double>> zeros(structure.roles.size());
+    std::vector<std::vector<double>> zeros(structure.setups.size());
     for (const Measure& measure : structure.measures) {
-        if (measure.kind != MeasureKind::Direction)
+        if (measure.kind != MeasureKind::Direction || measure.isTilted)
             continue;
         const auto& from = state.at[At(measure.from)];
         const auto& to = state.at[At(measure.to)];
-        zeros[At(measure.from)].push_back(std::atan2(to[0] - from[0], to[1] - from[1]) - measure.value);
+        zeros[At(measure.setup)].push_back(std::atan2(to[0] - from[0], to[1] - from[1]) - measure.value);
     }
     for (std::size_t i = 0; i < zeros.size(); ++i) {
         if (zeros[i].empty())
@@ -385,6 +388,7 @@ void OrientAll(const Structure& structure, State& state) {
         std::nth_element(turns.begin(), middle, turns.end());
         state.orientation[i] = Wrapped(zeros[i].front() + *middle);
     }
+    TurnTilted(structure, state);
 }
 
 }  // namespace Krenn

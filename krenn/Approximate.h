@@ -8,6 +8,7 @@
 
 namespace Krenn {
 
+// Within this distance of the plumb line, in meters, an angle is left out.
 inline constexpr double kPlumbSight = 5e-3;
 
 struct Approximation {
@@ -35,7 +36,7 @@ std::vector<int> LeaveOutPlumbAngles(Structure& structure, const State& state);
 // through the slope of a distance.
 void ReduceToHeldHeights(Structure& structure, const Network& network, const State& state);
 
-// Orientations of all stations from their directions and the coordinates of the state.
+// Orientations and axes of all set-ups from their angles and the coordinates of the state.
 void OrientAll(const Structure& structure, State& state);
 
 }  // namespace Krenn

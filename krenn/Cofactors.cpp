@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "krenn/Cofactors.h"
 
+#include <algorithm>
+#include <cmath>
 #include <functional>
 
 namespace Krenn {
@@ -13,7 +15,7 @@ std::size_t At(Eigen::Index index) {
 // The cofactor of two unknowns; `offset` says where their points' common block stands, when they differ.
 using CofactorOf = std::function<double(int unknownA, int unknownB, int offset)>;
 
-std::array<double, 6> PointBlock(const std::array<int, 4>& number, const CofactorOf& cofactor) {
+std::array<double, 6> TripleBlock(const std::array<int, 3>& number, const CofactorOf& cofactor) {
     std::array<double, 6> block{};
     std::size_t at = 0;
     for (std::size_t i = 0; i < 3; ++i) {
@@ -25,7 +27,7 @@ std::array<double, 6> PointBlock(const std::array<int, 4>& number, const Cofacto
     return {block[0], block[1], block[2], block[3], block[4], block[5]};
 }
 
-std::array<double, 6> PairBlock(const std::array<int, 4>& from, const std::array<int, 4>& to, int offset,
+std::array<double, 6> PairBlock(const std::array<int, 3>& from, const std::array<int, 3>& to, int offset,
                                 const CofactorOf& cofactor) {
     std::array<double, 6> block{};
     std::size_t at = 0;
@@ -41,18 +43,58 @@ std::array<double, 6> PairBlock(const std::array<int, 4>& from, const std::array
     return block;
 }
 
+void FillGlobals(const Unknowns& unknowns, Cofactors& cofactors, const CofactorOf& cofactor) {
+    const int first = unknowns.Count() - unknowns.globals;
+    cofactors.global.resize(unknowns.globals, unknowns.globals);
+    for (int i = 0; i < unknowns.globals; ++i) {
+        for (int j = 0; j < unknowns.globals; ++j)
+            cofactors.global(i, j) = cofactor(first + i, first + j, -1);
+    }
+}
+
+// Among the unknowns of one point and its set-ups, and between those of the whole network and all others.
+std::vector<Correlation> StrongCorrelations(const Adjustment& adjustment, const CofactorOf& cofactor) {
+    const Unknowns& unknowns = adjustment.unknowns;
+    std::vector<double> deviation(At(unknowns.Count()));
+    for (int i = 0; i < unknowns.Count(); ++i)
+        deviation[At(i)] = std::sqrt(std::max(cofactor(i, i, -1), 0.0));
+    std::vector<Correlation> strong;
+    const auto look = [&](int a, int b) {
+        const double product = deviation[At(a)] * deviation[At(b)];
+        const double coefficient = product > 0 ? cofactor(a, b, -1) / product : 0.0;
+        if (std::abs(coefficient) > adjustment.parameters.correlationWarning)
+            strong.push_back({a, b, std::clamp(coefficient, -1.0, 1.0)});
+    };
+    const int firstGlobal = unknowns.Count() - unknowns.globals;
+    for (int a = 0; a < firstGlobal; ++a) {
+        const int point = unknowns.of[At(a)].point;
+        for (int b = a + 1; b < firstGlobal && unknowns.of[At(b)].point == point; ++b)
+            look(a, b);
+        for (int b = firstGlobal; b < unknowns.Count(); ++b)
+            look(a, b);
+    }
+    for (int a = firstGlobal; a < unknowns.Count(); ++a) {
+        for (int b = a + 1; b < unknowns.Count(); ++b)
+            look(a, b);
+    }
+    std::stable_sort(strong.begin(), strong.end(), [](const Correlation& a, const Correlation& b) {
+        return std::abs(a.coefficient) > std::abs(b.coefficient);
+    });
+    return strong;
+}
+
 void FillBlocks(const Network& network, Adjustment& adjustment, const std::vector<int>& pairOffset,
                 const CofactorOf& cofactor) {
     Cofactors& cofactors = adjustment.cofactors;
     const auto& number = adjustment.unknowns.number;
     cofactors.point.resize(number.size());
-    cofactors.orientation.resize(number.size(), 0.0);
     for (std::size_t point = 0; point < number.size(); ++point) {
-        cofactors.point[point] = PointBlock(number[point], cofactor);
-        const int orientation = number[point][kOrientationAxis];
-        if (orientation >= 0)
-            cofactors.orientation[point] = cofactor(orientation, orientation, -1);
+        cofactors.point[point] = TripleBlock(number[point], cofactor);
     }
+    for (const auto& rotation : adjustment.unknowns.rotation)
+        cofactors.rotation.push_back(TripleBlock(rotation, cofactor));
+    FillGlobals(adjustment.unknowns, cofactors, cofactor);
+    cofactors.strong = StrongCorrelations(adjustment, cofactor);
     for (std::size_t i = 0; i < network.relativePairs.size(); ++i) {
         const auto& [from, to] = network.relativePairs[i];
         cofactors.pair.push_back(
@@ -110,8 +152,11 @@ void SparseCofactors(const Network& network, Adjustment& adjustment, SparseChole
         const int rowB = normals.reducedOf[At(b)];
         if (rowA < 0 || rowB < 0)
             return 0.0;
-        const int low = std::min(adjustment.unknowns.of[At(a)].point, adjustment.unknowns.of[At(b)].point);
-        const int high = std::max(adjustment.unknowns.of[At(a)].point, adjustment.unknowns.of[At(b)].point);
+        const auto pointOf = [&](int unknown) {
+            return std::max(adjustment.unknowns.of[At(unknown)].point, 0);
+        };
+        const int low = std::min(pointOf(a), pointOf(b));
+        const int high = std::max(pointOf(a), pointOf(b));
         return entries[normals.PositionOf(rowA, rowB, normals.blockStart[At(low) + 1],
                                           normals.blockStart[At(high)], offset)];
     };

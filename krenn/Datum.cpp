@@ -27,7 +27,7 @@ std::vector<int> CoordinatesToHold(const PartDatum& part, const Unknowns& unknow
         Eigen::Index best = -1;
         double most = 0;
         for (Eigen::Index row = 0; row < rest.rows(); ++row) {
-            if (unknowns.of[At(part.unknowns[At(row)])].axis == kOrientationAxis)
+            if (!IsCoordinate(unknowns.of[At(part.unknowns[At(row)])]))
                 continue;
             const double square = rest.row(row).squaredNorm();
             if (square > most * (1 + 1e-9)) {
@@ -36,7 +36,9 @@ std::vector<int> CoordinatesToHold(const PartDatum& part, const Unknowns& unknow
             }
         }
         if (best < 0)
-            throw Failure(ErrorNumber::Internal, "No coordinate takes out a free movement.");
+            throw Failure(ErrorNumber::Singular,
+                          "The observations do not determine what moves without any coordinate.",
+                          part.movements);
         held.push_back(part.unknowns[At(best)]);
         const Eigen::RowVectorXd direction = rest.row(best) / std::sqrt(most);
         rest -= (rest * direction.transpose()) * direction;
@@ -45,16 +47,16 @@ std::vector<int> CoordinatesToHold(const PartDatum& part, const Unknowns& unknow
 }
 
 // H: the given points set what they can, all points the rest.
-void FindConstraint(const Network& network, const Unknowns& unknowns, PartDatum& part) {
+void FindConstraint(const Network& network, const Unknowns& unknowns, DatumRule rule, PartDatum& part) {
     const Eigen::Index size = part.movement.rows();
     Eigen::VectorXd isGiven = Eigen::VectorXd::Zero(size);
     Eigen::VectorXd isCoordinate = Eigen::VectorXd::Zero(size);
     for (Eigen::Index row = 0; row < size; ++row) {
         const UnknownOf& of = unknowns.of[At(part.unknowns[At(row)])];
-        if (of.axis == kOrientationAxis)
+        if (!IsCoordinate(of))
             continue;
         isCoordinate(row) = 1;
-        isGiven(row) = network.points[At(of.point)].hasGiven ? 1 : 0;
+        isGiven(row) = rule == DatumRule::Given && network.points[At(of.point)].hasGiven ? 1 : 0;
     }
     const Eigen::MatrixXd& g = part.movement;
     const Eigen::MatrixXd overGiven = g.transpose() * isGiven.asDiagonal() * g;
@@ -84,7 +86,7 @@ void CountDatumPoints(const Network& network, const Unknowns& unknowns, PartDatu
     std::vector<int> points;
     for (const int unknown : part.unknowns) {
         const UnknownOf& of = unknowns.of[At(unknown)];
-        if (of.axis != kOrientationAxis && (!part.overGiven || network.points[At(of.point)].hasGiven))
+        if (IsCoordinate(of) && (!part.overGiven || network.points[At(of.point)].hasGiven))
             points.push_back(of.point);
     }
     points.erase(std::unique(points.begin(), points.end()), points.end());
@@ -99,25 +101,29 @@ int Datum::Defect() const {
 }
 
 Datum FindDatum(const Network& network, const Structure& structure, const Unknowns& unknowns,
-                const State& state) {
+                const State& state, DatumRule rule) {
     Datum datum;
-    datum.parts.resize(At(structure.parts));
+    datum.rule = rule;
+    // Unknowns of the whole network tie the parts together.
+    const bool isOne = unknowns.globals > 0;
+    const auto partOf = [&](int point) { return isOne || point < 0 ? 0 : structure.roles[At(point)].part; };
+    datum.parts.resize(isOne ? 1 : At(structure.parts));
     datum.rowOf.resize(At(unknowns.Count()));
     datum.partOf.resize(At(unknowns.Count()));
     for (int unknown = 0; unknown < unknowns.Count(); ++unknown) {
-        const int number = structure.roles[At(unknowns.of[At(unknown)].point)].part;
+        const int number = partOf(unknowns.of[At(unknown)].point);
         PartDatum& part = datum.parts[At(number)];
         datum.rowOf[At(unknown)] = static_cast<int>(part.unknowns.size());
         datum.partOf[At(unknown)] = number;
         part.unknowns.push_back(unknown);
     }
     for (std::size_t i = 0; i < structure.measures.size(); ++i) {
-        const int number = structure.roles[At(structure.measures[i].from)].part;
+        const int number = partOf(structure.measures[i].from);
         datum.parts[At(number)].measures.push_back(static_cast<int>(i));
     }
     for (std::size_t point = 0; point < network.points.size(); ++point) {
         if (network.points[point].isFixed && structure.roles[point].part >= 0)
-            datum.parts[At(structure.roles[point].part)].fixedPoints.push_back(static_cast<int>(point));
+            datum.parts[At(partOf(static_cast<int>(point)))].fixedPoints.push_back(static_cast<int>(point));
     }
     const GroupFrames frames = FitFrames(structure, state);
     for (PartDatum& part : datum.parts) {
@@ -128,7 +134,7 @@ Datum FindDatum(const Network& network, const Structure& structure, const Unknow
         if (part.defect == 0)
             continue;
         part.held = CoordinatesToHold(part, unknowns);
-        FindConstraint(network, unknowns, part);
+        FindConstraint(network, unknowns, datum.rule, part);
         CountDatumPoints(network, unknowns, part);
     }
     return datum;
@@ -144,7 +150,7 @@ void RenewDatum(Datum& datum, const Network& network, const Structure& structure
             FindFreeMovements(part, structure, unknowns, state, frames, datum.rowOf, part.defect).movement;
         if (part.movement.cols() != part.defect)
             throw Failure(ErrorNumber::NoConvergence, "The iterations ran into a position without a datum.");
-        FindConstraint(network, unknowns, part);
+        FindConstraint(network, unknowns, datum.rule, part);
     }
 }
 

@@ -32,16 +32,20 @@ struct PartDatum : NetworkPart {
     Eigen::MatrixXd constraint;          // H, the same rows
 };
 
+// One datum for each part of the network that hangs together; one for all parts when there are unknowns of
+// the whole network, which every part feels.
 struct Datum {
+    DatumRule rule = DatumRule::Given;
     std::vector<PartDatum> parts;
     std::vector<int> rowOf;   // per unknown: row in its part's matrices
     std::vector<int> partOf;  // per unknown: index into `parts`
     int Defect() const;
 };
 
-// Finds the datum at a state. Movements and constraints hold for this state alone.
+// Finds the datum at a state. Movements and constraints hold for this state alone. With DatumRule::All the
+// inner constraints run over all points, given or not.
 Datum FindDatum(const Network& network, const Structure& structure, const Unknowns& unknowns,
-                const State& state);
+                const State& state, DatumRule rule = DatumRule::Given);
 
 // Computes G and H of every part anew for a state; defect and held unknowns stay as they are.
 void RenewDatum(Datum& datum, const Network& network, const Structure& structure, const Unknowns& unknowns,

@@ -50,6 +50,10 @@ constexpr std::array kTable{
                  "See the unknowns named above: the observations do not determine them."},
     ErrorMeaning{NothingToAdjust, "Every point is fixed; nothing is left to adjust.",
                  "Take points out of \"Fixed Coordinates\"."},
+    ErrorMeaning{
+        UnconnectedParts, "The network falls into parts that nothing connects.",
+        "Observe between the parts named above, or set PARTS = ADJUST in the parameter file to adjust "
+        "each with its own datum."},
     ErrorMeaning{NoConvergence, "The iterations do not converge.",
                  "Look for a gross error or a wrong name among the worst residuals above, and for wrong "
                  "approximate coordinates; type -1 finds gross errors."},

@@ -34,6 +34,7 @@ enum class ErrorNumber : std::int16_t {
     UndeterminedHeights = 22,
     Singular = 23,
     NothingToAdjust = 24,
+    UnconnectedParts = 25,
 
     NoConvergence = 30,
     NotFinite = 31,

@@ -44,25 +44,12 @@ double SumOfSquares(const std::vector<double>& v) {
     return std::inner_product(v.begin(), v.end(), v.begin(), 0.0);
 }
 
-State Moved(const State& state, const Unknowns& unknowns, const Eigen::VectorXd& correction, double step) {
-    State moved = state;
-    for (int unknown = 0; unknown < unknowns.Count(); ++unknown) {
-        const UnknownOf& of = unknowns.of[At(unknown)];
-        if (of.axis == kOrientationAxis)
-            moved.orientation[At(of.point)] =
-                Wrapped(moved.orientation[At(of.point)] + step * correction(unknown));
-        else
-            moved.at[At(of.point)][At(of.axis)] += step * correction(unknown);
-    }
-    return moved;
-}
-
 // State minus start, per unknown: what the inner constraints have to bring back to zero.
 Eigen::VectorXd OffsetOf(const Adjustment& adjustment) {
     Eigen::VectorXd offset = Eigen::VectorXd::Zero(adjustment.unknowns.Count());
     for (int unknown = 0; unknown < adjustment.unknowns.Count(); ++unknown) {
         const UnknownOf& of = adjustment.unknowns.of[At(unknown)];
-        if (of.axis != kOrientationAxis)
+        if (IsCoordinate(of))
             offset(unknown) = adjustment.state.at[At(of.point)][At(of.axis)] -
                               adjustment.start.at[At(of.point)][At(of.axis)];
     }
@@ -75,7 +62,7 @@ Iteration Describe(const Unknowns& unknowns, const Eigen::VectorXd& correction) 
         const double size = std::abs(correction(unknown));
         if (!std::isfinite(size))
             throw Failure(ErrorNumber::NotFinite, "A correction is not a finite number.");
-        if (unknowns.of[At(unknown)].axis != kOrientationAxis && size > iteration.largest) {
+        if (IsCoordinate(unknowns.of[At(unknown)]) && size > iteration.largest) {
             iteration.largest = size;
             iteration.unknown = unknown;
         }
@@ -142,14 +129,15 @@ bool HasConverged(const std::vector<Iteration>& iterations, double bound) {
     return last.largest > 0.5 * iterations[iterations.size() - 2].largest;
 }
 
-void Iterate(const Network& network, Adjustment& adjustment, const Scheme& scheme, const Options& options) {
+void Iterate(const Network& network, Adjustment& adjustment, const Scheme& scheme,
+             const Parameters& parameters) {
     double target = scheme.target(WeightedResiduals(adjustment.structure, adjustment.state));
     if (!std::isfinite(target))
         throw Failure(ErrorNumber::NotFinite, "The observations give no finite residuals at the start.");
-    for (int i = 0; i < options.mostIterations; ++i) {
+    for (int i = 0; i < parameters.mostIterations; ++i) {
         if (!TakeStep(adjustment, scheme, target))
             RefuseConvergence(network, adjustment);
-        if (HasConverged(adjustment.iterations, options.largestCorrection))
+        if (HasConverged(adjustment.iterations, parameters.largestCorrection))
             return;
     }
     RefuseConvergence(network, adjustment);
@@ -178,10 +166,12 @@ Eigen::VectorXd SparseCorrection(const Network& network, Adjustment& adjustment,
     FillNormals(normals, adjustment.structure, adjustment.unknowns, adjustment.state, {});
     const Pivot pivot = Factorise(cholesky, normals);
     if (pivot.least <= 0) {
-        const UnknownOf& of = adjustment.unknowns.of[At(normals.unknownOf[At(pivot.row)])];
-        RefuseConvergence(network, adjustment,
-                          fmt::format("In iteration {} the normal equations became singular near {}.",
-                                      adjustment.iterations.size() + 1, network.points[At(of.point)].name));
+        const int unknown = normals.unknownOf[At(pivot.row)];
+        RefuseConvergence(
+            network, adjustment,
+            fmt::format("In iteration {} the normal equations became singular near {}.",
+                        adjustment.iterations.size() + 1,
+                        UnknownInWords(network, adjustment.structure, adjustment.unknowns.of[At(unknown)])));
     }
     return WithDatum(network, adjustment, normals, Solve(cholesky, normals.right));
 }
@@ -189,14 +179,14 @@ Eigen::VectorXd SparseCorrection(const Network& network, Adjustment& adjustment,
 }  // namespace
 
 void IterateSparse(const Network& network, Adjustment& adjustment, SparseCholesky& cholesky,
-                   NormalMatrix& normals, const Options& options) {
+                   NormalMatrix& normals, const Parameters& parameters) {
     const Scheme scheme{[&] { return SparseCorrection(network, adjustment, cholesky, normals); },
                         SumOfSquares};
-    Iterate(network, adjustment, scheme, options);
+    Iterate(network, adjustment, scheme, parameters);
     KeepResiduals(adjustment);
 }
 
-void IterateDense(const Network& network, Adjustment& adjustment, const Options& options) {
+void IterateDense(const Network& network, Adjustment& adjustment, const Parameters& parameters) {
     NormalMatrix normals = MakePattern(adjustment.structure, adjustment.unknowns, {}, {});
     const auto correction = [&] {
         FillNormals(normals, adjustment.structure, adjustment.unknowns, adjustment.state, {});
@@ -205,12 +195,12 @@ void IterateDense(const Network& network, Adjustment& adjustment, const Options&
         ApplyInnerConstraints(adjustment.datum, OffsetOf(adjustment), found);
         return found;
     };
-    Iterate(network, adjustment, {correction, SumOfSquares}, options);
+    Iterate(network, adjustment, {correction, SumOfSquares}, parameters);
     KeepResiduals(adjustment);
 }
 
 void IterateL1(const Network& network, Adjustment& adjustment, SparseCholesky& cholesky,
-               NormalMatrix& normals, const Options& options) {
+               NormalMatrix& normals, const Parameters& parameters) {
     const auto correction = [&] {
         const Eigen::VectorXd reduced = LeastSumCorrection(adjustment, cholesky, normals);
         return WithDatum(network, adjustment, normals, reduced);
@@ -218,8 +208,8 @@ void IterateL1(const Network& network, Adjustment& adjustment, SparseCholesky& c
     const auto sum = [](const std::vector<double>& v) {
         return std::accumulate(v.begin(), v.end(), 0.0, [](double s, double r) { return s + std::abs(r); });
     };
-    Options level = options;
-    level.largestCorrection = std::max(options.largestCorrection, kArithmeticNoise);
+    Parameters level = parameters;
+    level.largestCorrection = std::max(parameters.largestCorrection, kArithmeticNoise);
     Iterate(network, adjustment, {correction, sum}, level);
     KeepResiduals(adjustment);
 }

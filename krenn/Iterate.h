@@ -9,17 +9,17 @@ namespace Krenn {
 // The iterations of Gauss and Newton. Each solves the linearised normal equations under inner constraints and
 // takes the correction if it lessens the sum of (v / sigma)^2; if not, half of it, a quarter, and so on, so
 // that the iterations cannot oscillate. They end when no coordinate moves by more than
-// Options::largestCorrection, or when corrections below a tenth of a micrometer stop shrinking, which is the
-// noise of the arithmetic. `adjustment` ends with state, iterations, residuals and sum of squares.
+// Parameters::largestCorrection, or when corrections below a tenth of a micrometer stop shrinking, which is
+// the noise of the arithmetic. `adjustment` ends with state, iterations, residuals and sum of squares.
 //
 // Throw Failure NoConvergence with the worst residuals, Singular or NotFinite.
 void IterateSparse(const Network& network, Adjustment& adjustment, SparseCholesky& cholesky,
-                   NormalMatrix& normals, const Options& options);
-void IterateDense(const Network& network, Adjustment& adjustment, const Options& options);
+                   NormalMatrix& normals, const Parameters& parameters);
+void IterateDense(const Network& network, Adjustment& adjustment, const Parameters& parameters);
 
 // The same for the least sum of |v / sigma|: each linearisation is solved as a linear programme (LeastSum.h),
 // and a correction that does not lessen the sum is shortened. The bound is a tenth of a micrometer at least.
 void IterateL1(const Network& network, Adjustment& adjustment, SparseCholesky& cholesky,
-               NormalMatrix& normals, const Options& options);
+               NormalMatrix& normals, const Parameters& parameters);
 
 }  // namespace Krenn

@@ -17,14 +17,14 @@ constexpr double kGap = 1e-11;        // duality gap, relative to the sum of abs
 
 // The rows of A over sigma, in the numbering of the normal equations.
 struct Rows {
-    std::vector<std::array<int, 7>> index;
-    std::vector<std::array<double, 7>> entry;
+    std::vector<std::array<int, kTerms>> index;
+    std::vector<std::array<double, kTerms>> entry;
     Vector misclosure;
 
     Vector Times(const Eigen::VectorXd& x) const {
         Vector product = Vector::Zero(static_cast<Eigen::Index>(index.size()));
         for (std::size_t m = 0; m < index.size(); ++m) {
-            for (std::size_t i = 0; i < 7; ++i) {
+            for (std::size_t i = 0; i < kTerms; ++i) {
                 if (index[m][i] >= 0)
                     product(static_cast<Eigen::Index>(m)) += entry[m][i] * x(index[m][i]);
             }
@@ -35,7 +35,7 @@ struct Rows {
     Eigen::VectorXd TransposeTimes(const Vector& a, int size) const {
         Eigen::VectorXd product = Eigen::VectorXd::Zero(size);
         for (std::size_t m = 0; m < index.size(); ++m) {
-            for (std::size_t i = 0; i < 7; ++i) {
+            for (std::size_t i = 0; i < kTerms; ++i) {
                 if (index[m][i] >= 0)
                     product(index[m][i]) += entry[m][i] * a(static_cast<Eigen::Index>(m));
             }

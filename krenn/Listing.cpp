@@ -158,8 +158,8 @@ void PrintIterations(Page& page, const Network& network, const Adjustment& adjus
         const Iteration& iteration = adjustment.iterations[i];
         std::string whose = "-";
         if (iteration.unknown >= 0) {
-            const UnknownOf& of = adjustment.unknowns.of[At(iteration.unknown)];
-            whose = fmt::format("{} {}", "XYZ"[of.axis], network.points[At(of.point)].name);
+            whose =
+                UnknownInWords(network, adjustment.structure, adjustment.unknowns.of[At(iteration.unknown)]);
         }
         page.Line("  {:3}   {:>20.10f}   {:<24} {:>7.4f}   {:.6g}", i + 1, iteration.largest, whose,
                   iteration.step, iteration.target);

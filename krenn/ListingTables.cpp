@@ -39,6 +39,15 @@ double CircleGons(double radians) {
     return gons >= 399.9999995 ? 0.0 : gons;
 }
 
+// Those of the first set-up on the point; 0 without one.
+std::array<double, 3> StationRotations(const Adjustment& adjustment, std::size_t point) {
+    const Structure& structure = adjustment.structure;
+    const int first = structure.setupStart[point];
+    if (first == structure.setupStart[point + 1])
+        return {};
+    return RotationsOf(adjustment.state, structure.setups[At(first)], At(first));
+}
+
 // Only the height of a point is known: nothing observed its plan position and none was given.
 bool HasHeightAlone(const Network& network, const Adjustment& adjustment, std::size_t point) {
     return adjustment.structure.dimension == Dimension::Heights ||
@@ -96,8 +105,9 @@ void PrintResults(Page& page, const Network& network, const Adjustment& adjustme
         page.Line("  {:<{}} {:>16} {:>16} {:>16}", "point", width - 2, "X", "Y", "Z");
     for (const std::size_t point : stations) {
         page.Line("{}", network.points[point].name);
-        page.Line("  Rotations gon {:>14} {:>16} {}", "0.00000", "0.00000",
-                  Fixed(CircleGons(adjustment.state.orientation[point]), 16, 5));
+        const auto rotations = StationRotations(adjustment, point);
+        page.Line("  Rotations gon {} {} {}", Fixed(rotations[0] * kGonsPerRadian, 14, 5),
+                  Fixed(rotations[1] * kGonsPerRadian, 16, 5), Fixed(CircleGons(rotations[2]), 16, 5));
         page.Line("  Position m    {} {} {}", Fixed(CoordinateOf(adjustment, point, 0), 14, 6),
                   Fixed(CoordinateOf(adjustment, point, 1), 16, 6),
                   Fixed(CoordinateOf(adjustment, point, 2), 16, 6));

@@ -17,11 +17,12 @@ std::size_t At(Eigen::Index index) {
 // Read row by row, so kept row by row.
 using Moves = Eigen::Matrix<double, Eigen::Dynamic, Eigen::Dynamic, Eigen::RowMajor>;
 
-enum class Movement { ShiftX, ShiftY, Turn, PlanScale, ShiftZ, HeightScale };
+enum class Movement { ShiftX, ShiftY, Turn, PlanScale, ShiftZ, HeightScale, TiltX, TiltY, Global };
 
 struct Candidate {
     Movement movement;
-    int group;
+    int group;  // plan or height group, or part, or the unknown of the whole network
+    int globalAxis = -1;
 };
 
 const char* NameOf(Movement movement) {
@@ -31,82 +32,120 @@ const char* NameOf(Movement movement) {
         case Movement::Turn: return "rotation about Z";
         case Movement::PlanScale: return "scale in plan";
         case Movement::ShiftZ: return "shift in Z";
-        default: return "scale in height";
+        case Movement::HeightScale: return "scale in height";
+        case Movement::TiltX: return "rotation about X";
+        default: return "rotation about Y";
     }
 }
 
-bool IsPlan(Movement movement) {
-    return movement != Movement::ShiftZ && movement != Movement::HeightScale;
+const char* NameOf(const Candidate& candidate) {
+    switch (candidate.globalAxis) {
+        case kScaleAxis: return "scale of the distance meter";
+        case kZeroPointAxis: return "zero point of the distance meter";
+        case kRefractionAxis: return "refraction";
+        default: return NameOf(candidate.movement);
+    }
 }
 
-void FitGroups(const Structure& structure, const State& state, bool isPlan, std::vector<GroupFrame>& groups) {
+int GroupOf(const PointRole& role, Movement movement) {
+    switch (movement) {
+        case Movement::ShiftX:
+        case Movement::ShiftY:
+        case Movement::Turn:
+        case Movement::PlanScale: return role.planGroup;
+        case Movement::ShiftZ:
+        case Movement::HeightScale: return role.heightGroup;
+        default: return role.part;
+    }
+}
+
+const GroupFrame& FrameOf(const GroupFrames& frames, const Candidate& candidate) {
+    switch (candidate.movement) {
+        case Movement::ShiftZ:
+        case Movement::HeightScale: return frames.height[At(candidate.group)];
+        case Movement::TiltX:
+        case Movement::TiltY: return frames.part[At(candidate.group)];
+        default: return frames.plan[At(candidate.group)];
+    }
+}
+
+// The size is taken over the axes from the first to the last.
+void FitGroups(const Structure& structure, const State& state, Movement member, std::size_t firstAxis,
+               std::size_t lastAxis, std::vector<GroupFrame>& groups) {
     std::vector<double> count(groups.size(), 0);
-    const auto groupOf = [&](std::size_t point) {
-        return isPlan ? structure.roles[point].planGroup : structure.roles[point].heightGroup;
-    };
-    for (std::size_t i = 0; i < structure.roles.size(); ++i) {
-        if (groupOf(i) < 0)
-            continue;
-        const auto group = At(groupOf(i));
-        count[group] += 1;
-        for (std::size_t axis = 0; axis < 3; ++axis)
-            groups[group].centre[axis] += (state.at[i][axis] - groups[group].centre[axis]) / count[group];
-    }
     std::vector<double> square(groups.size(), 0);
-    for (std::size_t i = 0; i < structure.roles.size(); ++i) {
-        if (groupOf(i) < 0)
-            continue;
-        const auto group = At(groupOf(i));
-        const double x = state.at[i][0] - groups[group].centre[0];
-        const double y = state.at[i][1] - groups[group].centre[1];
-        const double z = state.at[i][2] - groups[group].centre[2];
-        square[group] += isPlan ? x * x + y * y : z * z;
+    for (const bool isSecond : {false, true}) {
+        for (std::size_t i = 0; i < structure.roles.size(); ++i) {
+            const int number = GroupOf(structure.roles[i], member);
+            if (number < 0)
+                continue;
+            GroupFrame& group = groups[At(number)];
+            if (!isSecond) {
+                count[At(number)] += 1;
+                for (std::size_t axis = 0; axis < 3; ++axis)
+                    group.centre[axis] += (state.at[i][axis] - group.centre[axis]) / count[At(number)];
+                continue;
+            }
+            for (std::size_t axis = firstAxis; axis <= lastAxis; ++axis)
+                square[At(number)] += std::pow(state.at[i][axis] - group.centre[axis], 2);
+        }
     }
     for (std::size_t group = 0; group < groups.size(); ++group)
         groups[group].size = std::max(std::sqrt(square[group] / std::max(count[group], 1.0)), 1e-6);
 }
 
-// How much a candidate moves one coordinate or orientation.
+// How much a candidate moves a point, or a set-up that stands on it.
 double MoveOf(const Candidate& candidate, const Structure& structure, const GroupFrames& frames,
               const State& state, int point, int axis) {
-    const PointRole& role = structure.roles[At(point)];
-    if ((IsPlan(candidate.movement) ? role.planGroup : role.heightGroup) != candidate.group)
+    if (candidate.globalAxis >= 0 ||
+        GroupOf(structure.roles[At(point)], candidate.movement) != candidate.group)
         return 0;
-    const auto group = At(candidate.group);
-    const GroupFrame& frame = IsPlan(candidate.movement) ? frames.plan[group] : frames.height[group];
-    const auto& at = state.at[At(point)];
+    const GroupFrame& frame = FrameOf(frames, candidate);
+    const auto from = [&](int along) {
+        return (state.at[At(point)][At(along)] - frame.centre[At(along)]) / frame.size;
+    };
+    const auto rotation = [&](int about) { return axis == kRotationAxis + about ? 1 / frame.size : 0.0; };
     switch (candidate.movement) {
         case Movement::ShiftX: return axis == 0 ? 1 : 0;
         case Movement::ShiftY: return axis == 1 ? 1 : 0;
-        case Movement::Turn:
-            if (axis == 0)
-                return (at[1] - frame.centre[1]) / frame.size;
-            if (axis == 1)
-                return -(at[0] - frame.centre[0]) / frame.size;
-            return axis == kOrientationAxis ? 1 / frame.size : 0;
-        case Movement::PlanScale: return axis <= 1 ? (at[At(axis)] - frame.centre[At(axis)]) / frame.size : 0;
         case Movement::ShiftZ: return axis == 2 ? 1 : 0;
-        default: return axis == 2 ? (at[2] - frame.centre[2]) / frame.size : 0;
+        case Movement::PlanScale: return axis <= 1 ? from(axis) : 0;
+        case Movement::HeightScale: return axis == 2 ? from(2) : 0;
+        case Movement::Turn: return axis == 0 ? from(1) : axis == 1 ? -from(0) : rotation(2);
+        case Movement::TiltX: return axis == 1 ? -from(2) : axis == 2 ? from(1) : rotation(0);
+        case Movement::TiltY: return axis == 0 ? from(2) : axis == 2 ? -from(0) : rotation(1);
+        default: return 0;
     }
+}
+
+void SortOut(std::vector<int>& numbers) {
+    std::sort(numbers.begin(), numbers.end());
+    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
 }
 
 std::vector<Candidate> CandidatesOf(const Structure& structure, const NetworkPart& part,
                                     const Unknowns& unknowns) {
     std::vector<int> plan;
     std::vector<int> height;
+    std::vector<int> tilted;
+    std::vector<Candidate> globals;
     for (const int unknown : part.unknowns) {
         const UnknownOf& of = unknowns.of[At(unknown)];
+        if (of.point < 0) {
+            globals.push_back({Movement::Global, unknown, of.axis});
+            continue;
+        }
         const PointRole& role = structure.roles[At(of.point)];
         if (of.axis <= 1)
             plan.push_back(role.planGroup);
         else if (of.axis == 2)
             height.push_back(role.heightGroup);
+        else if (of.axis == kRotationAxis)
+            tilted.push_back(role.part);
     }
+    for (std::vector<int>* groups : {&plan, &height, &tilted})
+        SortOut(*groups);
     std::vector<Candidate> candidates;
-    for (std::vector<int>* groups : {&plan, &height}) {
-        std::sort(groups->begin(), groups->end());
-        groups->erase(std::unique(groups->begin(), groups->end()), groups->end());
-    }
     for (const int group : plan) {
         for (const Movement movement :
              {Movement::ShiftX, Movement::ShiftY, Movement::Turn, Movement::PlanScale})
@@ -116,6 +155,11 @@ std::vector<Candidate> CandidatesOf(const Structure& structure, const NetworkPar
         for (const Movement movement : {Movement::ShiftZ, Movement::HeightScale})
             candidates.push_back({movement, group});
     }
+    for (const int group : tilted) {
+        for (const Movement movement : {Movement::TiltX, Movement::TiltY})
+            candidates.push_back({movement, group});
+    }
+    candidates.insert(candidates.end(), globals.begin(), globals.end());
     return candidates;
 }
 
@@ -124,9 +168,14 @@ Moves MovesOf(const std::vector<Candidate>& candidates, const Structure& structu
     Moves moves(static_cast<Eigen::Index>(part.unknowns.size()),
                 static_cast<Eigen::Index>(candidates.size()));
     for (Eigen::Index row = 0; row < moves.rows(); ++row) {
-        const UnknownOf& of = unknowns.of[At(part.unknowns[At(row)])];
-        for (Eigen::Index column = 0; column < moves.cols(); ++column)
-            moves(row, column) = MoveOf(candidates[At(column)], structure, frames, state, of.point, of.axis);
+        const int unknown = part.unknowns[At(row)];
+        const UnknownOf& of = unknowns.of[At(unknown)];
+        for (Eigen::Index column = 0; column < moves.cols(); ++column) {
+            const Candidate& candidate = candidates[At(column)];
+            moves(row, column) = of.point < 0
+                                     ? (candidate.globalAxis >= 0 && candidate.group == unknown ? 1.0 : 0.0)
+                                     : MoveOf(candidate, structure, frames, state, of.point, of.axis);
+        }
     }
     return moves;
 }
@@ -183,7 +232,7 @@ Eigen::MatrixXd UnfeltCombinations(const std::vector<Candidate>& candidates, con
     for (const int number : part.measures) {
         const Measure& measure = structure.measures[At(number)];
         const Partials partials = ComputePartials(measure, state);
-        const std::array<int, 7> numbers = UnknownsOf(measure, unknowns);
+        const auto numbers = UnknownsOf(measure, unknowns);
         row.setZero();
         bound.setZero();
         for (std::size_t i = 0; i < numbers.size(); ++i) {
@@ -247,7 +296,7 @@ std::vector<std::string> MovementsInWords(const std::vector<Candidate>& candidat
         const auto row = static_cast<Eigen::Index>(i);
         if (combinations.row(row).norm() < 1e-6 * combinations.norm())
             continue;
-        const std::string name = NameOf(candidates[i].movement);
+        const std::string name = NameOf(candidates[i]);
         if (std::find(words.begin(), words.end(), name) == words.end())
             words.push_back(name);
     }
@@ -266,8 +315,10 @@ GroupFrames FitFrames(const Structure& structure, const State& state) {
     GroupFrames frames;
     frames.plan.resize(At(structure.planGroups));
     frames.height.resize(At(structure.heightGroups));
-    FitGroups(structure, state, true, frames.plan);
-    FitGroups(structure, state, false, frames.height);
+    frames.part.resize(At(structure.parts));
+    FitGroups(structure, state, Movement::Turn, 0, 1, frames.plan);
+    FitGroups(structure, state, Movement::ShiftZ, 2, 2, frames.height);
+    FitGroups(structure, state, Movement::TiltX, 0, 2, frames.part);
     return frames;
 }
 

@@ -30,8 +30,13 @@ void NumberRows(NormalMatrix& normals, const Structure& structure, const Unknown
             normals.unknownOf.push_back(unknown);
         }
     }
-    normals.blockStart.back() = static_cast<int>(normals.unknownOf.size());
-    normals.size = normals.blockStart.back();
+    normals.globalStart = static_cast<int>(normals.unknownOf.size());
+    normals.blockStart.back() = normals.globalStart;
+    for (; unknown < unknowns.Count(); ++unknown) {
+        normals.reducedOf[At(unknown)] = static_cast<int>(normals.unknownOf.size());
+        normals.unknownOf.push_back(unknown);
+    }
+    normals.size = static_cast<int>(normals.unknownOf.size());
 }
 
 struct Neighbours {
@@ -99,8 +104,15 @@ NormalMatrix MakePattern(const Structure& structure, const Unknowns& unknowns, c
                 for (int row = normals.blockStart[At(other)]; row < normals.blockStart[At(other) + 1]; ++row)
                     normals.row.push_back(row);
             }
+            for (int row = normals.globalStart; row < normals.size; ++row)
+                normals.row.push_back(row);
             normals.columnStart.push_back(static_cast<int>(normals.row.size()));
         }
+    }
+    for (int column = normals.globalStart; column < normals.size; ++column) {
+        for (int row = column; row < normals.size; ++row)
+            normals.row.push_back(row);
+        normals.columnStart.push_back(static_cast<int>(normals.row.size()));
     }
     normals.value.assign(normals.row.size(), 0);
     normals.measureOffset.reserve(structure.measures.size());
@@ -111,8 +123,9 @@ NormalMatrix MakePattern(const Structure& structure, const Unknowns& unknowns, c
     return normals;
 }
 
-std::array<int, 7> RowsOf(const NormalMatrix& normals, const Measure& measure, const Unknowns& unknowns) {
-    std::array<int, 7> rows = UnknownsOf(measure, unknowns);
+std::array<int, kTerms> RowsOf(const NormalMatrix& normals, const Measure& measure,
+                               const Unknowns& unknowns) {
+    std::array<int, kTerms> rows = UnknownsOf(measure, unknowns);
     for (int& row : rows)
         row = row < 0 ? -1 : normals.reducedOf[At(row)];
     return rows;
@@ -127,7 +140,7 @@ void FillNormals(NormalMatrix& normals, const Structure& structure, const Unknow
         const Partials partials = ComputePartials(measure, state);
         const double misclosure = Misclosure(measure, partials.computed);
         const double p = (weight.empty() ? 1.0 : weight[m]) / (measure.sigma * measure.sigma);
-        const std::array<int, 7> rows = RowsOf(normals, measure, unknowns);
+        const std::array<int, kTerms> rows = RowsOf(normals, measure, unknowns);
         const int lowEnd = normals.blockStart[At(std::min(measure.from, measure.to)) + 1];
         const int highStart = normals.blockStart[At(std::max(measure.from, measure.to))];
         for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -150,7 +163,7 @@ std::vector<double> MeasureForms(const NormalMatrix& normals, const std::vector<
     for (std::size_t m = 0; m < forms.size(); ++m) {
         const Measure& measure = structure.measures[m];
         const Partials partials = ComputePartials(measure, state);
-        const std::array<int, 7> rows = RowsOf(normals, measure, unknowns);
+        const std::array<int, kTerms> rows = RowsOf(normals, measure, unknowns);
         const int lowEnd = normals.blockStart[At(std::min(measure.from, measure.to)) + 1];
         const int highStart = normals.blockStart[At(std::max(measure.from, measure.to))];
         for (std::size_t i = 0; i < rows.size(); ++i) {

@@ -14,9 +14,10 @@ namespace Krenn {
 // The normal equations N x = b of one linearisation, N = sum a' a / sigma^2, lower triangle by columns with
 // rising rows. Some unknowns may be held; the others are numbered anew, in the same order.
 //
-// The unknowns of a point follow one another, so a column holds the rest of its own point's block and then
-// the whole block of every neighbour with a higher number: the place of an entry is found by counting,
-// without a search, and the pattern is made once for all iterations.
+// The unknowns of a point and of its set-ups follow one another, so a column holds the rest of its own
+// point's block, then the whole block of every neighbour with a higher number, then the unknowns of the whole
+// network: the place of an entry is found by counting, without a search, and the pattern is made once for all
+// iterations.
 struct NormalMatrix {
     int size = 0;
     std::vector<int> reducedOf;    // per unknown: row, or -1 if held
@@ -26,15 +27,20 @@ struct NormalMatrix {
     std::vector<double> value;
     Eigen::VectorXd right;  // b
 
+    int globalStart = 0;             // first row of the unknowns of the whole network
     std::vector<int> blockStart;     // per point: its first row, `blockStart[p + 1]` behind its last
     std::vector<int> measureOffset;  // per measure: where the block of the higher point begins in a column
     std::vector<int> pairOffset;     // the same per relative pair
 
-    // Where the entry of two rows stands that belong to one point, or to the two points of `offset`.
+    // Where the entry of two rows stands that belong to one point, to the two points of `offset`, or one of
+    // them to the whole network.
     std::size_t PositionOf(int rowA, int rowB, int lowerBlockEnd, int higherBlockStart, int offset) const {
         const int column = rowA < rowB ? rowA : rowB;
         const int other = rowA < rowB ? rowB : rowA;
         const int start = columnStart[static_cast<std::size_t>(column)];
+        if (other >= globalStart)
+            return static_cast<std::size_t>(columnStart[static_cast<std::size_t>(column) + 1] -
+                                            (size - other));
         if (other < lowerBlockEnd || column >= higherBlockStart)
             return static_cast<std::size_t>(start + other - column);
         return static_cast<std::size_t>(start + lowerBlockEnd - column + offset + other - higherBlockStart);
@@ -50,7 +56,7 @@ void FillNormals(NormalMatrix& normals, const Structure& structure, const Unknow
                  const State& state, std::span<const double> weight);
 
 // One row of the design matrix in the numbering of the normal equations; -1 for held and missing unknowns.
-std::array<int, 7> RowsOf(const NormalMatrix& normals, const Measure& measure, const Unknowns& unknowns);
+std::array<int, kTerms> RowsOf(const NormalMatrix& normals, const Measure& measure, const Unknowns& unknowns);
 
 // The quadratic form a M a' of every measure at a state, for a symmetric M of which the entries in the
 // pattern of `normals` are given by `entries`.

@@ -52,7 +52,7 @@ struct Reductions {
 Reductions FindReductions(const Structure& structure) {
     Reductions reductions;
     for (const Measure& measure : structure.measures) {
-        if (measure.kind == MeasureKind::ZenithAngle)
+        if (measure.kind == MeasureKind::ZenithAngle && !measure.isTilted)
             reductions.zeniths.Add(measure.from, measure.to, measure.value);
         else if (measure.kind == MeasureKind::HeightDifference)
             reductions.rises.Add(measure.from, measure.to, measure.value);
@@ -107,7 +107,7 @@ std::vector<PartSights> GatherSights(const Network& network, const Structure& st
         if (from < 0 || to < 0)
             continue;
         PlanSights& sights = parts[At(structure.roles[At(measure.from)].part)].sights;
-        if (measure.kind == MeasureKind::Direction) {
+        if (measure.kind == MeasureKind::Direction && !measure.isTilted) {
             sights.out[At(from)].push_back({to, measure.value});
             sights.in[At(to)].push_back({from, measure.value});
         } else if (measure.kind == MeasureKind::SlopeDistance ||

@@ -98,13 +98,13 @@ std::vector<int> PointsMovedBy(const Eigen::VectorXd& nullVector, const Datum& d
         Eigen::VectorXd moved(size);
         for (Eigen::Index i = 0; i < size; ++i) {
             const int unknown = part.unknowns[static_cast<std::size_t>(i)];
-            const bool isCoordinate = unknowns.of[static_cast<std::size_t>(unknown)].axis != kOrientationAxis;
+            const bool isCoordinate = IsCoordinate(unknowns.of[static_cast<std::size_t>(unknown)]);
             moved(i) = isCoordinate ? nullVector(unknown) : 0.0;
         }
         Eigen::MatrixXd movement = part.movement;
         for (Eigen::Index i = 0; i < size && part.defect > 0; ++i) {
-            if (unknowns.of[static_cast<std::size_t>(part.unknowns[static_cast<std::size_t>(i)])].axis ==
-                kOrientationAxis)
+            if (!IsCoordinate(
+                    unknowns.of[static_cast<std::size_t>(part.unknowns[static_cast<std::size_t>(i)])]))
                 movement.row(i).setZero();
         }
         const Eigen::VectorXd rest = part.defect > 0 ? SparsestRest(movement, moved) : moved;

@@ -4,10 +4,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <numbers>
 #include <numeric>
 
 #include "krenn/Errors.h"
+#include "krenn/Setups.h"
 
 namespace Krenn {
 namespace {
@@ -35,6 +37,14 @@ struct UnionFind {
 
     std::vector<int> parent;
 };
+
+std::size_t At(int index) {
+    return static_cast<std::size_t>(index);
+}
+
+bool IsAngleKind(Kind kind) {
+    return kind == Kind::Direction || kind == Kind::ZenithAngle;
+}
 
 bool SeesPlan(Kind kind) {
     return kind != Kind::HeightDifference;
@@ -64,8 +74,8 @@ std::vector<int> GroupNumbers(const Network& network, Take take, int& count) {
         if (!take(observation.kind))
             continue;
         sets.Join(observation.from, observation.to);
-        isTouched[static_cast<std::size_t>(observation.from)] = 1;
-        isTouched[static_cast<std::size_t>(observation.to)] = 1;
+        isTouched[At(observation.from)] = 1;
+        isTouched[At(observation.to)] = 1;
     }
     std::vector<int> numbers(network.points.size(), -1);
     std::vector<int> numberOfSet(network.points.size(), -1);
@@ -98,11 +108,9 @@ void FindRoles(const Network& network, Structure& structure) {
     }
     structure.partHasHeights.assign(static_cast<std::size_t>(structure.parts), 0);
     for (const Observation& observation : network.observations) {
-        PointRole& from = structure.roles[static_cast<std::size_t>(observation.from)];
+        PointRole& from = structure.roles[At(observation.from)];
         if (observation.kind == Kind::Direction || observation.kind == Kind::Distance)
             from.isStation = true;
-        if (observation.kind == Kind::Direction)
-            from.hasDirections = true;
         if (SeesHeight(observation.kind))
             structure.partHasHeights[static_cast<std::size_t>(from.part)] = 1;
     }
@@ -117,18 +125,39 @@ MeasureKind MeasureKindOf(Kind kind, bool hasHeights) {
     }
 }
 
-void MakeMeasures(const Network& network, Structure& structure) {
+void MakeMeasures(const Network& network, const std::vector<int>& setupOf, Structure& structure) {
     structure.measures.reserve(network.observations.size());
     for (std::size_t i = 0; i < network.observations.size(); ++i) {
         const Observation& observation = network.observations[i];
-        const int part = structure.roles[static_cast<std::size_t>(observation.from)].part;
-        const bool hasHeights = structure.partHasHeights[static_cast<std::size_t>(part)] != 0;
-        const bool isAngle = observation.kind == Kind::Direction || observation.kind == Kind::ZenithAngle;
-        const double unit = isAngle ? kRadiansPerGon : 1.0;
-        structure.measures.push_back({MeasureKindOf(observation.kind, hasHeights), observation.from,
-                                      observation.to, observation.value * unit, observation.sigma * unit,
-                                      static_cast<int>(i)});
+        const int part = structure.roles[At(observation.from)].part;
+        const bool hasHeights = structure.partHasHeights[At(part)] != 0;
+        const double unit = IsAngleKind(observation.kind) ? kRadiansPerGon : 1.0;
+        Measure measure{MeasureKindOf(observation.kind, hasHeights),
+                        observation.from,
+                        observation.to,
+                        observation.value * unit,
+                        observation.sigma * unit,
+                        static_cast<int>(i)};
+        measure.setup = setupOf[i];
+        measure.isTilted = measure.setup >= 0 && structure.setups[At(measure.setup)].isTilted;
+        measure.isMarked = observation.isTracker;
+        structure.measures.push_back(measure);
     }
+}
+
+[[noreturn]] void RefuseParts(const Network& network, const Structure& structure) {
+    std::vector<std::vector<int>> points(At(structure.parts));
+    for (std::size_t i = 0; i < network.points.size(); ++i) {
+        if (structure.roles[i].part >= 0)
+            points[At(structure.roles[i].part)].push_back(static_cast<int>(i));
+    }
+    std::vector<std::string> details;
+    for (const std::vector<int>& part : points)
+        details.push_back(fmt::format("part {} of {} points: {}", details.size() + 1, part.size(),
+                                      NameList(network, part)));
+    throw Failure(ErrorNumber::UnconnectedParts,
+                  fmt::format("The network falls into {} parts that no observation connects.", points.size()),
+                  details);
 }
 
 void CheckHeights(const Network& network, Structure& structure) {
@@ -189,11 +218,38 @@ std::string NameList(const Network& network, const std::vector<int>& points, std
     return names;
 }
 
-Structure FindStructure(const Network& network) {
+void TakeOutKinds(Network& network, const Parameters& parameters) {
+    const std::array<bool, kKinds> isOn{parameters.directions, parameters.zenithAngles, parameters.distances,
+                                        parameters.heightDifferences};
+    constexpr std::array kNames{"directions", "zenith angles", "distances", "height differences"};
+    std::array<int, kKinds> takenOut{};
+    std::erase_if(network.observations, [&](const Observation& observation) {
+        const auto kind = static_cast<std::size_t>(observation.kind);
+        takenOut[kind] += isOn[kind] ? 0 : 1;
+        return !isOn[kind];
+    });
+    std::string words;
+    for (std::size_t kind = 0; kind < takenOut.size(); ++kind) {
+        if (takenOut[kind] > 0)
+            words += fmt::format("{}{} {}", words.empty() ? "" : ", ", takenOut[kind], kNames[kind]);
+    }
+    if (words.empty())
+        return;
+    if (network.observations.empty())
+        throw Failure(ErrorNumber::NoObservations,
+                      "The parameter file switches off every observation of the input file.", {words});
+    network.notes.push_back("Switched off in the parameter file: " + words + ".");
+}
+
+Structure FindStructure(const Network& network, const Parameters& parameters) {
     Structure structure;
     structure.dimension = DimensionOf(network);
+    structure.model = {parameters.curvature, parameters.refraction, parameters.refractionCoefficient,
+                       parameters.scale, parameters.zeroPoint};
     FindRoles(network, structure);
-    MakeMeasures(network, structure);
+    if (parameters.parts == PartsRule::Refuse && structure.parts > 1)
+        RefuseParts(network, structure);
+    MakeMeasures(network, FindSetups(network, parameters, structure), structure);
     CheckHeights(network, structure);
     NoteUnobserved(network, structure);
     const bool hasUnknown =

@@ -60,7 +60,10 @@ TEST(L1Norm, NoSmallMoveMakesTheSumSmaller) {
                 continue;
             for (double& coordinate : moved.at[p])
                 coordinate += size * normal(random);
-            moved.orientation[p] += 1e-3 * size * normal(random);
+        }
+        for (std::size_t setup = 0; setup < moved.orientation.size(); ++setup) {
+            if (trial % 10 == 0 || setup == static_cast<std::size_t>(trial) % moved.orientation.size())
+                moved.orientation[setup] += 1e-3 * size * normal(random);
         }
         for (std::size_t m = 0; m < adjustment.residual.size(); ++m) {
             const Measure& measure = adjustment.structure.measures[m];

@@ -62,7 +62,12 @@ void ExpectRead(const Printed& printed) {
         }
         EXPECT_NEAR(read->z, at[2] + origin[2], 6e-7);
         if (!isHeights && role.isStation) {
-            const double gons = printed.adjustment.state.orientation[p] * 200 / std::acos(-1.0);
+            const int setup = printed.adjustment.structure.setupStart[p];
+            const bool isOriented = setup < printed.adjustment.structure.setupStart[p + 1];
+            const double gons = isOriented
+                                    ? printed.adjustment.state.orientation[static_cast<std::size_t>(setup)] *
+                                          200 / std::acos(-1.0)
+                                    : 0.0;
             EXPECT_NEAR(std::remainder(read->rotation[2] - gons, 400), 0, 6e-6);
             EXPECT_GE(read->rotation[2], 0);
             EXPECT_LT(read->rotation[2], 400);

@@ -72,7 +72,7 @@ TEST(FillNormals, EqualsTheProductOfTheDesignMatrix) {
         Eigen::VectorXd row = Eigen::VectorXd::Zero(grid.normals.size);
         const Partials partials = ComputePartials(measure, grid.state);
         const auto rows = RowsOf(grid.normals, measure, grid.unknowns);
-        for (std::size_t i = 0; i < 7; ++i) {
+        for (std::size_t i = 0; i < kTerms; ++i) {
             if (rows[i] >= 0)
                 row(rows[i]) += partials.by[i] / measure.sigma;
         }

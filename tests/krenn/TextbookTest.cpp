@@ -122,7 +122,7 @@ TEST(Textbook, ResectionMeetsThePlaceOfTheStation) {
     EXPECT_EQ(adjustment.Redundancy(), 0);
     EXPECT_NEAR(adjustment.state.at[3][0] + adjustment.state.origin[0], 110, 1e-4);
     EXPECT_NEAR(adjustment.state.at[3][1] + adjustment.state.origin[1], 60, 1e-4);
-    EXPECT_NEAR(adjustment.state.orientation[3] * 200 / std::acos(-1.0), 77, 1e-4);
+    EXPECT_NEAR(adjustment.state.orientation[0] * 200 / std::acos(-1.0), 77, 1e-4);
 }
 
 }  // namespace
