@@ -67,6 +67,17 @@ constexpr std::array kTable{
     ErrorMeaning{OutOfMemory, "There is not enough memory.", "Close other programs, or use type 0."},
     ErrorMeaning{Internal, "The package met a state that it should never meet.",
                  "Keep the input file and tell the maintainers."},
+    ErrorMeaning{ParametersNotReadable, "The parameter file cannot be read.",
+                 "See that you may read the file named above, or take it away; a run without one writes one "
+                 "with the defaults."},
+    ErrorMeaning{UnknownParameter, "A key of the parameter file is not known.",
+                 "Correct the key on the line named above, or put a \";\" before it."},
+    ErrorMeaning{BadParameterValue, "A value of the parameter file is not allowed.",
+                 "Give the line named above a value that its key takes."},
+    ErrorMeaning{RepeatedParameter, "A key stands twice in the parameter file.",
+                 "Keep one of the lines named above."},
+    ErrorMeaning{BadParameterLine, "A line of the parameter file is no entry.",
+                 "Write the line named above as KEY = value, or put a \";\" before it."},
 };
 
 }  // namespace
@@ -79,7 +90,7 @@ const ErrorMeaning& MeaningOf(ErrorNumber number) {
     const auto* row = std::find_if(kTable.begin(), kTable.end(), [number](const ErrorMeaning& meaning) {
         return meaning.number == number;
     });
-    return row != kTable.end() ? *row : kTable.back();
+    return row != kTable.end() ? *row : MeaningOf(Internal);
 }
 
 }  // namespace Krenn

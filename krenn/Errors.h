@@ -43,6 +43,12 @@ enum class ErrorNumber : std::int16_t {
     ListingNotWritten = 40,
     OutOfMemory = 41,
     Internal = 42,
+
+    ParametersNotReadable = 50,
+    UnknownParameter = 51,
+    BadParameterValue = 52,
+    RepeatedParameter = 53,
+    BadParameterLine = 54,
 };
 
 // One row of the error table.

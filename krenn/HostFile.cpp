@@ -43,20 +43,32 @@ std::string ReadWholeFile(const std::string& path) {
     return text;
 }
 
+std::optional<std::string> FileBeside(const std::string& inputPath, const std::string& name) {
+    const fs::path input(inputPath);
+    fs::path exact = input;
+    exact.replace_filename(name);
+    const fs::path folder = input.has_parent_path() ? input.parent_path() : fs::path(".");
+    std::error_code error;
+    if (fs::exists(exact, error))
+        return exact.string();
+    std::optional<std::string> found;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        const fs::path file = entry->path().filename();
+        if (!SameText(file.string(), name) || file == input.filename())
+            continue;
+        const std::string path = (input.has_parent_path() ? entry->path() : file).string();
+        // Of several the same one whatever order the folder gives.
+        if (!found || path < *found)
+            found = path;
+    }
+    return found;
+}
+
 std::string ListingPath(const std::string& inputPath) {
     const fs::path input(inputPath);
     fs::path listing = input;
     listing.replace_filename(input.stem().string() + ".OUT");
-    const fs::path folder = input.has_parent_path() ? input.parent_path() : fs::path(".");
-    std::error_code error;
-    if (fs::exists(listing, error))
-        return listing.string();
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-        const std::string name = entry->path().filename().string();
-        if (SameText(name, listing.filename().string()) && entry->path().filename() != input.filename())
-            return (input.has_parent_path() ? entry->path() : entry->path().filename()).string();
-    }
-    return listing.string();
+    return FileBeside(inputPath, listing.filename().string()).value_or(listing.string());
 }
 
 void WriteWholeFile(const std::string& path, std::string_view text) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,10 @@ namespace Krenn {
 
 // Everything a regular file holds. Throws Failure InputNotReadable.
 std::string ReadWholeFile(const std::string& path);
+
+// The path of the file of this name beside the input, or of one whose name differs in case alone and that is
+// not the input itself. Empty when there is none.
+std::optional<std::string> FileBeside(const std::string& inputPath, const std::string& name);
 
 // The listing of an input file: its path up to, not including, the last "." of the file name, and ".OUT". A
 // file of that name in other case beside the input keeps its case.

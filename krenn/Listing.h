@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "krenn/Adjustment.h"
 #include "krenn/Errors.h"
@@ -14,7 +15,9 @@ namespace Krenn {
 struct RunHeader {
     std::string inputPath;
     int type = 0;
-    std::string when;  // date and time of the run
+    std::string when;                        // date and time of the run
+    std::string parameterFile = {};          // and how it came to be used; empty before it is known
+    std::vector<std::string> settings = {};  // those that are not the defaults
 };
 
 // The listing of a good run. For people: run, input, datum, start positions, iterations, solution, summary.

@@ -10,6 +10,8 @@
 #include "krenn/HostFile.h"
 #include "krenn/InputReader.h"
 #include "krenn/Listing.h"
+#include "krenn/ParameterFile.h"
+#include "krenn/ParameterKeys.h"
 #include "krenn/Scan.h"
 #include "krenn/Statistics.h"
 
@@ -30,11 +32,17 @@ Type TypeOf(int type) {
     return static_cast<Type>(type);
 }
 
-std::string ListingOf(const RunHeader& run) {
+// What becomes known of the run is put into its header, also for the listing of a failure.
+std::string ListingOf(const std::string& inputPath, RunHeader& run) {
     const Type type = TypeOf(run.type);
-    const Network network = ReadInput(ReadWholeFile(run.inputPath));
-    const Adjustment adjustment = Adjust(network, type);
-    return GoodListing(run, network, adjustment, Evaluate(network, adjustment));
+    Network network = ReadInput(ReadWholeFile(inputPath));
+    // Only beside what is an input file a parameter file is written.
+    const FoundParameters found = ParametersBeside(inputPath);
+    run.parameterFile = found.file;
+    run.settings = Differences(found.parameters);
+    TakeOutKinds(network, found.parameters);
+    const Adjustment adjustment = Adjust(network, type, found.parameters);
+    return GoodListing(run, network, adjustment, Evaluate(network, adjustment, found.parameters));
 }
 
 // Runs `work`; every kind of exception becomes a Failure in `failure`, with Good when there was none.
@@ -60,11 +68,9 @@ ErrorNumber RunGuarded(const std::string& inputPath, int type) {
     const std::string listingPath = ListingPath(inputPath);
     if (listingPath == inputPath)
         return ErrorNumber::NotAnInputFile;
-    const RunHeader run{Printable(inputPath, 500), type, Now()};
-    RunHeader reading = run;
-    reading.inputPath = inputPath;
+    RunHeader run{Printable(inputPath, 500), type, Now()};
     std::string text;
-    const Failure failure = Guarded([&] { text = ListingOf(reading); });
+    const Failure failure = Guarded([&] { text = ListingOf(inputPath, run); });
     if (failure.number != ErrorNumber::Good)
         text = FailureListing(run, failure);
     const Failure writing = Guarded([&] { WriteWholeFile(listingPath, text); });
