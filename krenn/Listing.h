@@ -15,9 +15,9 @@ namespace Krenn {
 struct RunHeader {
     std::string inputPath;
     int type = 0;
-    std::string when;                        // date and time of the run
-    std::string parameterFile = {};          // and how it came to be used; empty before it is known
-    std::vector<std::string> settings = {};  // those that are not the defaults
+    std::string when;                       // date and time of the run
+    std::string parameterFile = {};         // its path and how it came to be used; empty: not told
+    std::vector<std::string> options = {};  // those that differ from their defaults, as "KEY = value"
 };
 
 // The listing of a good run. For people: run, input, datum, start positions, iterations, solution, summary.

@@ -39,7 +39,7 @@ std::string ListingOf(const std::string& inputPath, RunHeader& run) {
     // Only beside what is an input file a parameter file is written.
     const FoundParameters found = ParametersBeside(inputPath);
     run.parameterFile = found.file;
-    run.settings = Differences(found.parameters);
+    run.options = Differences(found.parameters);
     TakeOutKinds(network, found.parameters);
     const Adjustment adjustment = Adjust(network, type, found.parameters);
     return GoodListing(run, network, adjustment, Evaluate(network, adjustment, found.parameters));
@@ -68,7 +68,7 @@ ErrorNumber RunGuarded(const std::string& inputPath, int type) {
     const std::string listingPath = ListingPath(inputPath);
     if (listingPath == inputPath)
         return ErrorNumber::NotAnInputFile;
-    RunHeader run{Printable(inputPath, 500), type, Now()};
+    RunHeader run{Printable(inputPath, 500), type, Now(), {}, {}};
     std::string text;
     const Failure failure = Guarded([&] { text = ListingOf(inputPath, run); });
     if (failure.number != ErrorNumber::Good)
