@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace Krenn {
 namespace {
@@ -20,25 +21,54 @@ double LowerGammaSeries(double shape, double x) {
     return sum * std::exp(-x + shape * std::log(x) - std::lgamma(shape));
 }
 
-// The upper function by its continued fraction, evaluated after Lentz.
-double UpperGammaFraction(double shape, double x) {
+double NotZero(double value) {
     constexpr double kTiny = 1e-300;
-    double b = x + 1 - shape;
-    double c = 1 / kTiny;
-    double d = 1 / b;
-    double h = d;
+    return std::abs(value) < kTiny ? kTiny : value;
+}
+
+// A continued fraction b0 + a1 / (b1 + a2 / (b2 + ...)), evaluated after Lentz; term(n) gives {a_n, b_n}.
+template <typename Term>
+double ContinuedFraction(double b0, Term term) {
+    double h = NotZero(b0);
+    double c = h;
+    double d = 0;
     for (int n = 1; n < kMostTerms; ++n) {
-        const double a = -n * (n - shape);
-        b += 2;
-        d = a * d + b;
-        d = 1 / (std::abs(d) < kTiny ? kTiny : d);
-        c = b + a / c;
-        c = std::abs(c) < kTiny ? kTiny : c;
-        h *= d * c;
-        if (std::abs(d * c - 1) < kSmall)
+        const auto [a, b] = term(n);
+        d = 1 / NotZero(b + a * d);
+        c = NotZero(b + a / c);
+        h *= c * d;
+        if (std::abs(c * d - 1) < kSmall)
             break;
     }
-    return h * std::exp(-x + shape * std::log(x) - std::lgamma(shape));
+    return h;
+}
+
+double UpperGammaFraction(double shape, double x) {
+    const double fraction = ContinuedFraction(x + 1 - shape, [&](int n) {
+        return std::pair{-n * (n - shape), x + 1 - shape + 2.0 * n};
+    });
+    return std::exp(-x + shape * std::log(x) - std::lgamma(shape)) / fraction;
+}
+
+// I_x(a, b); converges well for x below a / (a + b).
+double BetaFraction(double a, double b, double x) {
+    const double fraction = ContinuedFraction(1, [&](int n) {
+        const double m = n / 2;
+        const double top = n % 2 == 0 ? m * (b - m) * x / ((a + n - 1) * (a + n))
+                                      : -(a + m) * (a + b + m) * x / ((a + n - 1) * (a + n));
+        return std::pair{top, 1.0};
+    });
+    const double front =
+        std::exp(std::lgamma(a + b) - std::lgamma(a) - std::lgamma(b) + a * std::log(x) + b * std::log1p(-x));
+    return front / (a * fraction);
+}
+
+// Probability that t exceeds value >= 0.
+double StudentExceedance(double value, double freedom) {
+    const double x = freedom / (freedom + value * value);
+    const double a = freedom / 2;
+    const double both = x < (a + 1) / (a + 2.5) ? BetaFraction(a, 0.5, x) : 1 - BetaFraction(0.5, a, 1 - x);
+    return both / 2;
 }
 
 // Wilson and Hilferty (1931).
@@ -87,6 +117,18 @@ double NormalQuantile(double probability) {
     for (int i = 0; i < 200 && high - low > 1e-14; ++i) {
         const double middle = (low + high) / 2;
         (NormalExceedance(-middle) < probability ? low : high) = middle;
+    }
+    return (low + high) / 2;
+}
+
+double StudentQuantile(double probability, double freedom) {
+    double low = 0;
+    double high = 1;
+    while (StudentExceedance(high, freedom) > 1 - probability)
+        high *= 2;
+    for (int i = 0; i < 200 && high - low > 1e-14 * high; ++i) {
+        const double middle = (low + high) / 2;
+        (StudentExceedance(middle, freedom) > 1 - probability ? low : high) = middle;
     }
     return (low + high) / 2;
 }

@@ -19,6 +19,10 @@ double NormalQuantile(double probability);
 // Probability that a standard normal variable exceeds `value`.
 double NormalExceedance(double value);
 
+// The value that Student's t with `freedom` >= 1 degrees stays below with `probability`, 0.5 <= probability <
+// 1 (regularised incomplete beta function; Abramowitz and Stegun 26.5.8 and 26.7.1).
+double StudentQuantile(double probability, double freedom);
+
 // The value that F(2, freedom) stays below with `probability`; in closed form because of the 2.
 double FisherQuantileOfTwo(double probability, double freedom);
 

@@ -64,6 +64,13 @@ std::string Significant(double value, int width) {
     return text;
 }
 
+void AppendRows(std::string& text, std::size_t count, int threads,
+                const std::function<void(std::string& text, std::size_t i)>& print) {
+    static_cast<void>(threads);
+    for (std::size_t i = 0; i < count; ++i)
+        print(text, i);
+}
+
 std::vector<std::string> SentenceLines(std::string_view sentence, std::size_t widest) {
     std::vector<std::string> lines;
     while (!sentence.empty()) {

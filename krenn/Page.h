@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +24,11 @@ std::string Fixed(double value, int width, int decimals);
 
 // A number with four significant digits, as a person would write it: 0.01234, 1.234e-07.
 std::string Significant(double value, int width);
+
+// Appends what print(text, i) appends for each i from 0 to count - 1, in this order. Many rows are printed in
+// blocks on `threads` threads (0: one a core), each of which calls `print` for its own.
+void AppendRows(std::string& text, std::size_t count, int threads,
+                const std::function<void(std::string& text, std::size_t i)>& print);
 
 // The text of a listing while it grows; lines end in CR LF.
 struct Page {

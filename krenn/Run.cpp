@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "krenn/Run.h"
 
+#include <fmt/format.h>
+
 #include <chrono>
 #include <ctime>
 #include <fstream>

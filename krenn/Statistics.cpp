@@ -90,6 +90,7 @@ void TestGlobally(const Adjustment& adjustment, Statistics& statistics) {
     statistics.redundancy = adjustment.Redundancy();
     statistics.hasM0 = statistics.redundancy > 0;
     statistics.wideFactor = std::sqrt(ChiSquareQuantile(parameters.confidence, 2));
+    statistics.wideHeightFactor = NormalQuantile((1 + parameters.confidence) / 2);
     if (!statistics.hasM0)
         return;
     const double r = statistics.redundancy;
@@ -104,6 +105,31 @@ void TestGlobally(const Adjustment& adjustment, Statistics& statistics) {
         return;
     statistics.scale = statistics.m0;
     statistics.wideFactor = std::sqrt(2 * FisherQuantileOfTwo(parameters.confidence, r));
+    statistics.wideHeightFactor = StudentQuantile((1 + parameters.confidence) / 2, r);
+}
+
+void FillRelative(const Network& network, const Adjustment& adjustment, Statistics& statistics) {
+    const double variance = statistics.scale * statistics.scale;
+    const bool isHeights = adjustment.structure.dimension == Dimension::Heights;
+    for (std::size_t i = 0; i < adjustment.cofactors.pair.size(); ++i) {
+        const auto& q = adjustment.cofactors.pair[i];
+        const auto from = static_cast<std::size_t>(network.relativePairs[i].first);
+        const auto to = static_cast<std::size_t>(network.relativePairs[i].second);
+        RelativeEllipse relative;
+        relative.isKnown =
+            adjustment.structure.roles[from].part >= 0 && adjustment.structure.roles[to].part >= 0;
+        relative.ellipse = EllipseOf(q[0] * variance, q[1] * variance, q[2] * variance);
+        relative.height = std::sqrt(std::max(q[5], 0.0) * variance);
+        std::array<double, 3> d{};
+        for (std::size_t axis = isHeights ? 2 : 0; axis < 3; ++axis)
+            d[axis] = adjustment.state.at[to][axis] - adjustment.state.at[from][axis];
+        relative.distance = std::hypot(d[0], d[1], d[2]);
+        relative.actual = isHeights ? relative.height * statistics.wideHeightFactor
+                                    : relative.ellipse.major * statistics.wideFactor;
+        relative.allowed = statistics.parameters.allowedConstant +
+                           statistics.parameters.allowedPerLength * relative.distance;
+        statistics.relative.push_back(relative);
+    }
 }
 
 }  // namespace
@@ -147,10 +173,7 @@ Statistics Evaluate(const Network& network, const Adjustment& adjustment, const 
             statistics.deviation[point][axis] = std::sqrt(std::max(q[entry], 0.0) * variance);
         statistics.ellipse[point] = EllipseOf(q[0] * variance, q[1] * variance, q[2] * variance);
     }
-    for (const auto& q : adjustment.cofactors.pair) {
-        statistics.relative.push_back(EllipseOf(q[0] * variance, q[1] * variance, q[2] * variance));
-        statistics.relativeHeight.push_back(std::sqrt(std::max(q[5], 0.0) * variance));
-    }
+    FillRelative(network, adjustment, statistics);
     return statistics;
 }
 

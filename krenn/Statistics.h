@@ -37,6 +37,17 @@ double SmallestDetectable(double noncentrality, double sigma, double redundancyN
 //     delta0 sqrt((1 - r) / r).
 double LargestEffect(double noncentrality, double redundancyNumber);
 
+// How well two points lie to each other.
+struct RelativeEllipse {
+    bool isKnown = false;  // both points have observations
+    Ellipse ellipse;       // standard, of the plan differences
+    double height = 0;     // standard deviation of the height difference
+    double distance = 0;   // between the points
+    double actual =
+        0;  // long half axis for Parameters::confidence; between heights that multiple of `height`
+    double allowed = 0;  // Parameters::allowedConstant + allowedPerLength * distance
+};
+
 // The observations of one kind.
 struct KindStatistics {
     int number = 0;
@@ -63,7 +74,8 @@ struct Statistics {
     double critical = 0;  // of |w|
     double noncentrality =
         0;                  // delta0 of the test of one observation: critical value + quantile of the power
-    double wideFactor = 0;  // of the half axes for Parameters::confidence
+    double wideFactor = 0;  // of the half axes of an ellipse for Parameters::confidence
+    double wideHeightFactor = 0;           // of a single deviation for the same
     bool isStandardised = false;           // w is v / (sigma sqrt(r)); else v / sigma
     std::vector<double> redundancyNumber;  // per measure, 0 to 1; empty without cofactors
     std::vector<double> standardised;      // per measure: w
@@ -75,8 +87,7 @@ struct Statistics {
     std::array<KindStatistics, 5> kinds;           // by MeasureKind
     std::vector<std::array<double, 3>> deviation;  // per point SX, SY, SZ in meters
     std::vector<Ellipse> ellipse;                  // per point
-    std::vector<Ellipse> relative;                 // per relative pair
-    std::vector<double> relativeHeight;            // per relative pair: deviation of the height difference
+    std::vector<RelativeEllipse> relative;         // per relative pair
 };
 
 Statistics Evaluate(const Network& network, const Adjustment& adjustment, const Parameters& parameters = {});

@@ -56,6 +56,16 @@ TEST(NormalQuantile, MeetsThePrintedTable) {
     EXPECT_NEAR(NormalQuantile(0.5), 0, 1e-13);
 }
 
+// Table 26.10.
+TEST(StudentQuantile, MeetsThePrintedTable) {
+    EXPECT_NEAR(StudentQuantile(0.975, 1), 12.706, 5e-4);
+    EXPECT_NEAR(StudentQuantile(0.975, 10), 2.228, 5e-4);
+    EXPECT_NEAR(StudentQuantile(0.995, 3), 5.841, 5e-4);
+    EXPECT_NEAR(StudentQuantile(0.975, 120), 1.980, 5e-4);
+    EXPECT_NEAR(StudentQuantile(0.5, 7), 0, 1e-12);
+    EXPECT_NEAR(StudentQuantile(0.975, 2e6), NormalQuantile(0.975), 2e-6);
+}
+
 TEST(FisherQuantileOfTwo, MeetsThePrintedTable) {
     EXPECT_NEAR(FisherQuantileOfTwo(0.95, 1), 199.5, 0.05);
     EXPECT_NEAR(FisherQuantileOfTwo(0.95, 10), 4.10, 0.005);
