@@ -3,19 +3,16 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
-#include <functional>
-#include <unordered_map>
+#include <utility>
 
-#include "krenn/Errors.h"
-#include "krenn/RowFields.h"
-#include "krenn/Scan.h"
+#include "krenn/InputState.h"
+#include "krenn/RowDoubts.h"
 
 namespace Krenn {
 namespace {
-
-enum class Section { Header, None, Stations, Points, Distances, Heights, Angles, Control, Fixed, Pairs };
 
 struct Title {
     const char* text;
@@ -30,90 +27,36 @@ constexpr std::array kTitles{
 };
 
 constexpr double kLargestCoordinate = 1e9;
-constexpr double kLargestLength = 1e8;
-constexpr double kLargestDirection = 400;
-constexpr double kHalfCircle = 200;
-constexpr std::size_t kLongestName = 250;
 constexpr std::size_t kNamesInANote = 20;
+constexpr std::size_t kFaultsTold = 20;
+// A line with more blanks in front belongs to the row above it.
+constexpr std::size_t kLongestIndent = 9;
+// No observation of the writer takes fewer characters of the file.
+constexpr std::size_t kCharactersAnObservation = 29;
 
-struct TextHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
-};
-
-struct FixedRow {
-    int point;
-    int line;
-};
-
-// The state of one reading. A coordinate row is followed by lines that belong to it, so the last row's
-// point and what may still follow are kept.
-struct Reader {
-    explicit Reader(std::string_view text) : lines(text) {}
-
-    LineCutter lines;
-    Network network;
-    Section section = Section::Header;
-    std::unordered_map<std::string, int, TextHash, std::equal_to<>> pointOf;
-    std::vector<Word> words;
-    RowFields fields;
-    std::string_view rowText;
-    int rowLine = 0;
-    int lastPoint = -1;
-    enum class Expect { Name, Coordinates, Errors } expect = Expect::Name;
-    bool isInTable = false;
-    std::vector<char> isListed;
-    std::vector<FixedRow> fixedRows;
-
-    [[noreturn]] void Refuse(ErrorNumber number, const std::string& cause) const {
-        throw Failure(number, cause, {fmt::format("line {}: {}", rowLine, Printable(rowText))});
-    }
-
-    int PointNamed(std::string_view word);
-    int TablePoint(std::string_view word);
-    void CheckedCoordinates(int point, const double* xyz);
-    bool TakeTitle();
-    void ReadHeaderLine();
-    void ReadCoordinateLine();
-    void ReadNameLine(int count);
-    bool JoinNextLine();
-    void AssembleRow(const RowLayout& layout);
-    [[noreturn]] void RefuseRow(const RowLayout& layout) const;
-    void ReadDistanceRow();
-    void ReadHeightRow();
-    void ReadAngleRow();
-    void AddObservation(Kind kind, int from, int to, double value, double sigma, const char* what);
-    void ReadLine();
-    void Finish();
-};
+constexpr std::string_view kErrorsLine = "                1.00E+03       1.00E+03       1.00E+03";
+constexpr double kErrorOfTheWriter = 1000;
 
 std::string_view HeaderValue(std::string_view line) {
     const std::size_t sign = line.find('=');
     return sign == std::string_view::npos ? std::string_view{} : Trimmed(line.substr(sign + 1));
 }
 
-int Reader::PointNamed(std::string_view word) {
-    if (word.size() > kLongestName)
-        Refuse(ErrorNumber::BadRow, fmt::format("A name has more than {} characters.", kLongestName));
-    const std::string name = UpperCase(word);
-    const auto found = pointOf.find(std::string_view(name));
-    if (found != pointOf.end())
-        return found->second;
-    for (const char c : name) {
-        if (static_cast<unsigned char>(c) < 32 || c == 127)
-            Refuse(ErrorNumber::BadRow, "A name holds a control character.");
-    }
-    const int index = static_cast<int>(network.points.size());
-    Point point{};
-    point.name = name;
-    point.line = rowLine;
-    network.points.push_back(point);
-    isListed.push_back(0);
-    pointOf.emplace(name, index);
-    return index;
+bool IsList(Section section) {
+    return section == Section::Stations || section == Section::Points;
 }
 
-int Reader::TablePoint(std::string_view word) {
+bool IsObserved(Section section) {
+    return section == Section::Distances || section == Section::Heights || section == Section::Angles;
+}
+
+}  // namespace
+
+Failure InputState::FaultHere(const std::string& cause) const {
+    return {ErrorNumber::BadRow, cause, {fmt::format("line {}: {}", rowLine, Printable(rowText))}};
+}
+
+int InputState::ListedPoint(std::string_view word) {
     const int point = PointNamed(word);
     isListed[static_cast<std::size_t>(point)] = 1;
     if (section == Section::Stations)
@@ -121,13 +64,11 @@ int Reader::TablePoint(std::string_view word) {
     return point;
 }
 
-void Reader::CheckedCoordinates(int index, const double* xyz) {
-    Point& point = network.points[static_cast<std::size_t>(index)];
-    for (int axis = 0; axis < 3; ++axis) {
-        if (std::abs(xyz[axis]) > kLargestCoordinate)
-            Refuse(ErrorNumber::ValueOutOfRange, fmt::format("A coordinate of {} is too large.", point.name));
-    }
-    const std::array<double, 3> given{xyz[0], xyz[1], xyz[2]};
+void InputState::TakeCoordinates() {
+    Point& point = network.points[static_cast<std::size_t>(ListedPoint(fields.names[0]))];
+    const std::array<double, 3> given{fields.numbers[0], fields.numbers[1], fields.numbers[2]};
+    if (std::any_of(given.begin(), given.end(), [](double x) { return std::abs(x) > kLargestCoordinate; }))
+        Refuse(ErrorNumber::ValueOutOfRange, fmt::format("A coordinate of {} is too large.", point.name));
     if (point.hasGiven && point.given != given)
         Refuse(ErrorNumber::ContradictingCoordinates,
                fmt::format("{} has other coordinates on line {}.", point.name, point.line));
@@ -135,185 +76,140 @@ void Reader::CheckedCoordinates(int index, const double* xyz) {
         point.line = rowLine;
     point.given = given;
     point.hasGiven = true;
+    expect = Expect::Errors;
 }
 
-bool Reader::TakeTitle() {
-    for (const Title& title : kTitles) {
-        if (SameText(lines.line, title.text)) {
-            section = title.section;
-            lastPoint = -1;
-            expect = Expect::Name;
-            return true;
-        }
-    }
-    if (section != Section::Header && SameText(lines.line, "END")) {
-        section = Section::None;
+bool InputState::TakeTitle() {
+    const std::string_view text = Trimmed(rowText);
+    if (text.empty())
+        return false;
+    for (const Title& candidate : kTitles) {
+        if (UpperCharacter(text.front()) != candidate.text[0] || !SameText(text, candidate.text))
+            continue;
+        if (section != Section::Header && section != Section::None && section != Section::Control)
+            faults.push_back(FaultHere(
+                fmt::format("END is missing above \"{}\": every section but \"Control Information\" has one.",
+                            candidate.text)));
+        CloseList();
+        section = candidate.section;
+        title = candidate.text;
+        isStrayTold = false;
+        hasPairs = hasPairs || section == Section::Pairs;
         return true;
     }
-    return false;
+    if (!SameText(text, "END"))
+        return false;
+    EndSection();
+    return true;
 }
 
-void Reader::ReadHeaderLine() {
-    if (words.empty())
+void InputState::EndSection() {
+    const bool isOpen = section != Section::Header && section != Section::None;
+    if (!isOpen && !isStrayTold)
+        Refuse(ErrorNumber::BadRow, "END ends no section; perhaps a title above it is missing or mistyped.");
+    CloseList();
+    if (isOpen)
+        section = Section::None;
+}
+
+void InputState::CloseList() {
+    if (expect == Expect::Blank)
+        TellMissingBlank();
+    expect = Expect::Name;
+}
+
+// A mistyped title leaves every line of its section stray; one of them says it all.
+void InputState::RefuseStrayLine() {
+    if (isStrayTold)
         return;
+    isStrayTold = true;
+    Refuse(ErrorNumber::BadRow,
+           "The line belongs to no section; perhaps the title above it is missing or mistyped.");
+}
+
+void InputState::ReadHeaderLine() {
     const std::string_view key = words.front().text;
-    const std::string value(HeaderValue(lines.line));
+    const std::string value(HeaderValue(rowText));
+    if (hasFirstHeaderLine && rowText.find('=') == std::string_view::npos)
+        RefuseStrayLine();
+    hasFirstHeaderLine = true;
     if (SameText(key, "PROJECT"))
         network.project = value;
     else if (SameText(key, "TASK"))
         network.task = value;
     else if (SameText(key, "DATE"))
         network.date = value;
+    else if (SameText(key, "LISTING"))
+        isOfWriter = true;
 }
 
-// A row of three numbers is the coordinates of the name on the line before, or the fixed second line of a
-// coordinate row; everything else begins with a name.
-void Reader::ReadCoordinateLine() {
-    if (words.empty()) {
+bool InputState::TakeWrittenList() {
+    if (expect == Expect::Errors && rowText == kErrorsLine) {
         expect = Expect::Name;
-        return;
+        return true;
     }
-    std::array<double, 3> numbers{};
-    bool isNumbers = words.size() == 3;
-    for (std::size_t i = 0; isNumbers && i < 3; ++i) {
-        const std::optional<double> number = FullNumber(words[i].text);
-        isNumbers = number.has_value();
-        numbers[i] = number.value_or(0);
-    }
-    if (isNumbers && expect == Expect::Coordinates) {
-        CheckedCoordinates(lastPoint, numbers.data());
-        expect = Expect::Errors;
-        return;
-    }
-    const bool hasExponent = words.front().text.find_first_of("eE") != std::string_view::npos;
-    if (isNumbers && expect == Expect::Errors && (words.front().column > 1 || hasExponent)) {
-        expect = Expect::Name;
-        return;
-    }
-    if (words.size() == 1) {
-        lastPoint = TablePoint(words.front().text);
-        expect = Expect::Coordinates;
-        return;
-    }
-    AssembleRow(kCoordinateRow);
-    if (words.size() > 4)
-        RefuseRow(kCoordinateRow);
-    lastPoint = TablePoint(fields.names[0]);
-    CheckedCoordinates(lastPoint, fields.numbers.data());
-    expect = Expect::Errors;
-}
-
-bool Reader::JoinNextLine() {
-    LineCutter ahead = lines;
-    if (!ahead.Next() || ahead.line.empty() || (ahead.line[0] != ' ' && ahead.line[0] != '\t'))
+    if (expect == Expect::Blank || TakeWrittenRow(rowText, kCoordinateRow, fields) != rowText.size() ||
+        rowText.empty())
         return false;
-    const std::size_t before = words.size();
-    AppendWords(ahead.line, words);
-    const bool isEnd = words.size() == before + 1 && SameText(words.back().text, "END");
-    if (words.size() == before || isEnd)
-        return false;
-    lines = ahead;
+    TakeCoordinates();
     return true;
 }
 
-// A field that finds its column passed stands on the next line, from the same column on: such lines begin
-// with a blank and are joined until the row has its fields.
-void Reader::AssembleRow(const RowLayout& layout) {
-    const std::vector<Word> first = words;
-    const LineCutter start = lines;
-    const auto needed = static_cast<std::size_t>(layout.Fields());
-    while (!FitRow(words, layout, fields)) {
-        if (words.size() < needed && JoinNextLine())
-            continue;
-        words = first;
-        lines = start;
-        RefuseRow(layout);
-    }
+void InputState::NoteOtherErrors() {
+    const bool isOther = std::any_of(words.begin(), words.end(), [](const Word& word) {
+        return FullNumber(word.text) != kErrorOfTheWriter;
+    });
+    constexpr std::string_view kStart = "Values below coordinates other than 1.00E+03 are not used";
+    if (isOther && (network.notes.empty() || !network.notes.back().starts_with(kStart)))
+        network.notes.push_back(fmt::format("{}: line {} and perhaps others.", kStart, rowLine));
 }
 
-void Reader::RefuseRow(const RowLayout& layout) const {
-    for (std::size_t i = static_cast<std::size_t>(layout.names); i < words.size(); ++i) {
-        if (i < static_cast<std::size_t>(layout.Fields()) && !FullNumber(words[i].text))
-            Refuse(ErrorNumber::BadNumber, fmt::format("\"{}\" stands where a number belongs ({}).",
-                                                       Printable(words[i].text, 30), layout.form));
-    }
-    Refuse(ErrorNumber::BadRow, fmt::format("The row has {} fields; it needs {}: {}.", words.size(),
-                                            layout.Fields(), layout.form));
+void InputState::ReadNameForm() {
+    if (words.front().column >= kCoordinateRow.starts[1])
+        RefuseRow(kCoordinateRow);
+    ListedPoint(words.front().text);
+    nameText = rowText;
+    nameLine = rowLine;
+    expect = Expect::Blank;
 }
 
-void Reader::AddObservation(Kind kind, int from, int to, double value, double sigma, const char* what) {
-    if (from == to)
-        Refuse(ErrorNumber::ZeroLengthSight, "Station and target are the same point.");
-    if (!(sigma > 0))
-        Refuse(ErrorNumber::BadStandardError,
-               fmt::format("The standard error of the {} is {}.", what, sigma));
-    if (sigma < 1e-12 || sigma > 1e12)
-        Refuse(ErrorNumber::ValueOutOfRange, fmt::format("The standard error of the {} is {}.", what, sigma));
-    network.observations.push_back({kind, from, to, value, sigma, rowLine});
+void InputState::TellMissingBlank() {
+    faults.push_back(
+        {ErrorNumber::BadRow,
+         "Behind a name without coordinates an empty line is missing; coordinates stand on its line.",
+         {fmt::format("line {}: {}", nameLine, Printable(nameText))}});
 }
 
-void Reader::ReadDistanceRow() {
-    AssembleRow(kDistanceRow);
-    const bool hasMark = words.size() == 5 && SameText(words[4].text, "T");
-    if (words.size() > 4 && !hasMark)
-        RefuseRow(kDistanceRow);
-    const int from = PointNamed(fields.names[0]);
-    const int to = PointNamed(fields.names[1]);
-    const double distance = fields.numbers[0];
-    if (distance == 0) {
-        ++network.distancesNotObserved;
+void InputState::ReadListLine() {
+    const Expect expected = std::exchange(expect, Expect::Name);
+    if (words.empty())
+        return;
+    if (expected == Expect::Blank)
+        TellMissingBlank();
+    if (AreErrors(words) && expected != Expect::Name) {
+        NoteOtherErrors();
         return;
     }
-    if (distance < 0 || distance > kLargestLength)
-        Refuse(ErrorNumber::ValueOutOfRange, fmt::format("The distance {} is out of range.", distance));
-    AddObservation(Kind::Distance, from, to, distance, fields.numbers[1], "distance");
-    network.observations.back().isTracker = hasMark;
-    network.trackerDistances += hasMark ? 1 : 0;
+    if (words.size() == 1 && !JoinNextLine(kCoordinateRow)) {
+        ReadNameForm();
+        return;
+    }
+    AssembleRow(kCoordinateRow);
+    if (words.size() > static_cast<std::size_t>(kCoordinateRow.Fields()))
+        RefuseRow(kCoordinateRow);
+    TakeCoordinates();
 }
 
-void Reader::ReadHeightRow() {
-    AssembleRow(kHeightRow);
-    if (words.size() > 4)
-        RefuseRow(kHeightRow);
-    const int from = PointNamed(fields.names[0]);
-    const int to = PointNamed(fields.names[1]);
-    if (std::abs(fields.numbers[0]) > kLargestLength)
-        Refuse(ErrorNumber::ValueOutOfRange,
-               fmt::format("The height difference {} is out of range.", fields.numbers[0]));
-    AddObservation(Kind::HeightDifference, from, to, fields.numbers[0], fields.numbers[1],
-                   "height difference");
-}
-
-void Reader::ReadAngleRow() {
-    AssembleRow(kAngleRow);
-    if (words.size() > 6)
-        RefuseRow(kAngleRow);
-    const int from = PointNamed(fields.names[0]);
-    const int to = PointNamed(fields.names[1]);
-    const double direction = fields.numbers[0];
-    const double zenith = fields.numbers[1];
-    if (std::abs(direction) > kLargestDirection)
-        Refuse(ErrorNumber::ValueOutOfRange, fmt::format("The direction {} is out of range.", direction));
-    if (zenith < 0 || zenith >= kHalfCircle)
-        Refuse(ErrorNumber::ValueOutOfRange, fmt::format("The zenith angle {} is out of range.", zenith));
-    AddObservation(Kind::Direction, from, to, direction, fields.numbers[2], "direction");
-    if (zenith == 0)
-        ++network.zenithsNotObserved;
-    else
-        AddObservation(Kind::ZenithAngle, from, to, zenith, fields.numbers[3], "zenith angle");
-}
-
-void Reader::ReadNameLine(int count) {
-    if (words.size() != static_cast<std::size_t>(count))
+void InputState::ReadNameLine(std::size_t count) {
+    if (words.size() != count)
         Refuse(ErrorNumber::BadRow, fmt::format("The row has {} words; it needs {}.", words.size(),
                                                 count == 1 ? "one name" : "two names"));
     std::array<int, 2> named{-1, -1};
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        const auto found = pointOf.find(std::string_view(UpperCase(words[i].text)));
-        if (found == pointOf.end())
+    for (std::size_t i = 0; i < count; ++i) {
+        named[i] = names.Find(words[i].text, network.points);
+        if (named[i] < 0)
             Refuse(ErrorNumber::UnknownName,
                    fmt::format("{} is no point of this file.", UpperCase(Printable(words[i].text, 40))));
-        named[i] = found->second;
     }
     if (count == 1)
         fixedRows.push_back({named[0], rowLine});
@@ -323,34 +219,81 @@ void Reader::ReadNameLine(int count) {
         network.relativePairs.emplace_back(named[0], named[1]);
 }
 
-void Reader::ReadLine() {
-    rowLine = lines.number;
-    rowText = lines.line;
+void InputState::ReadLine() {
     words.clear();
-    AppendWords(lines.line, words);
-    if (section == Section::Header) {
-        ReadHeaderLine();
-        return;
-    }
-    if (section == Section::Stations || section == Section::Points) {
-        ReadCoordinateLine();
-        return;
-    }
+    AppendWords(rowText, words);
+    if (const std::string doubt = CommaDoubt(rowText); section != Section::Header && !doubt.empty())
+        Refuse(ErrorNumber::BadRow, doubt);
+    if (IsList(section))
+        return ReadListLine();
     if (words.empty())
         return;
     switch (section) {
-        case Section::Distances: ReadDistanceRow(); break;
-        case Section::Heights: ReadHeightRow(); break;
-        case Section::Angles: ReadAngleRow(); break;
-        case Section::Fixed: ReadNameLine(1); break;
-        case Section::Pairs: ReadNameLine(2); break;
-        default: Refuse(ErrorNumber::BadRow, "The line belongs to no section.");
+        case Section::Header: return ReadHeaderLine();
+        case Section::Fixed: return ReadNameLine(1);
+        case Section::Pairs: return ReadNameLine(2);
+        case Section::None:
+        case Section::Control: return RefuseStrayLine();
+        default: ReadObservation();
     }
 }
 
-void Reader::Finish() {
-    if (section == Section::Header && network.points.empty())
-        throw Failure(ErrorNumber::NotAnInputFile, "No section title was found in the file.");
+// What belongs to a row that was refused is no fault of its own.
+void InputState::PassFaultyRow() {
+    if (IsList(section))
+        expect = Expect::Errors;
+    if (!IsObserved(section))
+        return;
+    for (LineCutter ahead = lines; ahead.Next(); lines = ahead) {
+        const std::size_t indent = ahead.line.find_first_not_of(' ');
+        if (indent == std::string_view::npos || indent <= kLongestIndent)
+            return;
+    }
+}
+
+void InputState::ReadAll() {
+    while (faults.size() < kFaultsTold && lines.Next()) {
+        rowLine = lines.number;
+        rowText = lines.line;
+        try {
+            const bool isTaken = (IsObserved(section) && TakeWrittenObservation()) ||
+                                 (IsList(section) && TakeWrittenList()) || TakeTitle();
+            if (!isTaken)
+                ReadLine();
+        } catch (const Failure& fault) {
+            faults.push_back(fault);
+            PassFaultyRow();
+        }
+    }
+}
+
+// A file that was cut lacks its end, wherever the cut is.
+void InputState::CheckEnd() {
+    const bool isCut = lines.rest.empty() && section != Section::None;
+    if (isCut)
+        faults.push_back(
+            {ErrorNumber::BadRow,
+             fmt::format("The file ends within \"{}\"; END is missing. Perhaps it was cut.", title),
+             {fmt::format("line {}: {}", rowLine, Printable(rowText))}});
+    else if (isOfWriter && !hasPairs && faults.empty())
+        faults.push_back(FaultHere(
+            "The file ends before \"Relative error point pairs\", the last section. Perhaps it was cut."));
+}
+
+void InputState::ThrowFaults() const {
+    if (faults.empty())
+        return;
+    Failure all = faults.front();
+    for (std::size_t i = 1; i < faults.size(); ++i) {
+        all.details.emplace_back(faults[i].what());
+        all.details.insert(all.details.end(), faults[i].details.begin(), faults[i].details.end());
+    }
+    if (faults.size() >= kFaultsTold)
+        all.details.emplace_back("What follows was not read.");
+    throw Failure(all);
+}
+
+void InputState::FixPoints() {
     std::vector<std::string> missing;
     for (const FixedRow& row : fixedRows) {
         Point& point = network.points[static_cast<std::size_t>(row.point)];
@@ -363,37 +306,44 @@ void Reader::Finish() {
     }
     if (!missing.empty())
         throw Failure(ErrorNumber::FixedWithoutCoordinates, "Fixed points have no coordinates.", missing);
-    if (network.observations.empty())
-        throw Failure(ErrorNumber::NoObservations, "The file holds no observation.");
+}
 
-    std::string names;
+void InputState::NoteUnlistedNames() {
+    std::string unlisted;
     std::size_t count = 0;
     for (std::size_t i = 0; i < network.points.size(); ++i) {
         if (isListed[i])
             continue;
         if (++count <= kNamesInANote)
-            names += (names.empty() ? "" : ", ") + network.points[i].name;
+            unlisted += (unlisted.empty() ? "" : ", ") + network.points[i].name;
     }
     if (count > 0)
         network.notes.push_back(
             fmt::format("Names of observations that stand in no list were taken as points ({}): {}{}", count,
-                        names, count > kNamesInANote ? ", ..." : ""));
+                        unlisted, count > kNamesInANote ? ", ..." : ""));
 }
 
-}  // namespace
+void InputState::Finish() {
+    if (section == Section::Header)
+        throw Failure(ErrorNumber::NotAnInputFile, "No section title was found in the file.");
+    CheckEnd();
+    ThrowFaults();
+    FixPoints();
+    if (network.observations.empty())
+        throw Failure(ErrorNumber::NoObservations, "The file holds no observation.");
+    NoteUnlistedNames();
+}
 
 Network ReadInput(std::string_view text) {
     while (!text.empty() && text.back() == '\x1A')
         text.remove_suffix(1);
     if (text.find('\0') != std::string_view::npos)
         throw Failure(ErrorNumber::NotAnInputFile, "The file is binary.");
-    Reader reader(text);
-    while (reader.lines.Next()) {
-        if (!reader.TakeTitle())
-            reader.ReadLine();
-    }
-    reader.Finish();
-    return std::move(reader.network);
+    InputState state{LineCutter(text)};
+    state.network.observations.reserve(text.size() / kCharactersAnObservation);
+    state.ReadAll();
+    state.Finish();
+    return std::move(state.network);
 }
 
 }  // namespace Krenn

@@ -2,8 +2,11 @@
 #include "krenn/Scan.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 
 namespace Krenn {
 namespace {
@@ -12,38 +15,50 @@ bool IsSeparator(char c) {
     return c == ' ' || c == '\t' || c == ',';
 }
 
-char UpperCharacter(char c) {
-    const auto code = static_cast<unsigned char>(c);
-    if (code >= 'a' && code <= 'z')
-        return static_cast<char>(code - 32);
-    if (code >= 0xE0 && code <= 0xFE && code != 0xF7)
-        return static_cast<char>(code - 32);
-    switch (code) {
-        case 0x9A: return static_cast<char>(0x8A);
-        case 0x9C: return static_cast<char>(0x8C);
-        case 0x9E: return static_cast<char>(0x8E);
-        case 0xFF: return static_cast<char>(0x9F);
-        default: return c;
+constexpr std::array<char, 256> UpperCharacters() {
+    std::array<char, 256> upper{};
+    for (unsigned code = 0; code < 256; ++code) {
+        const bool isLower = (code >= 'a' && code <= 'z') || (code >= 0xE0 && code <= 0xFE && code != 0xF7);
+        upper[code] = static_cast<char>(isLower ? code - 32 : code);
     }
+    upper[0x9A] = static_cast<char>(0x8A);
+    upper[0x9C] = static_cast<char>(0x8C);
+    upper[0x9E] = static_cast<char>(0x8E);
+    upper[0xFF] = static_cast<char>(0x9F);
+    return upper;
+}
+
+constexpr std::array<char, 256> kUpper = UpperCharacters();
+constexpr std::size_t kDecimals = 5;
+constexpr double kDecimalScale = 1e5;
+// Up to here a row of digits and its scale are both exact, so that one division rounds as it should.
+constexpr std::size_t kExactDigits = 15;
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
 }
 
 }  // namespace
+
+char UpperCharacter(char c) {
+    return kUpper[static_cast<unsigned char>(c)];
+}
 
 bool LineCutter::Next() {
     if (rest.empty())
         return false;
     ++number;
-    std::size_t end = 0;
-    while (end < rest.size() && rest[end] != '\n' && rest[end] != '\r')
-        ++end;
-    if (end == rest.size()) {
-        line = rest;
-        rest = {};
-        return true;
+    const char* const begin = rest.data();
+    const char* const end = begin + rest.size();
+    if (feed == nullptr || feed < begin) {
+        const void* const found = std::memchr(begin, '\n', rest.size());
+        feed = found == nullptr ? end : static_cast<const char*>(found);
     }
-    line = rest.substr(0, end);
-    const bool isPair = rest[end] == '\r' && end + 1 < rest.size() && rest[end + 1] == '\n';
-    rest.remove_prefix(end + (isPair ? 2 : 1));
+    const void* const found = std::memchr(begin, '\r', static_cast<std::size_t>(feed - begin));
+    const char* const cut = found == nullptr ? feed : static_cast<const char*>(found);
+    line = {begin, static_cast<std::size_t>(cut - begin)};
+    const std::ptrdiff_t ends = cut == end ? 0 : *cut == '\r' && cut + 1 != end && cut[1] == '\n' ? 2 : 1;
+    rest.remove_prefix(line.size() + static_cast<std::size_t>(ends));
     return true;
 }
 
@@ -75,6 +90,29 @@ std::optional<double> FullNumber(std::string_view text) {
     if (error != std::errc{} || end != text.data() + text.size() || !std::isfinite(value))
         return std::nullopt;
     return value;
+}
+
+std::size_t TakeWrittenNumber(std::string_view text, double& value) {
+    const bool isNegative = !text.empty() && text.front() == '-';
+    const std::size_t first = isNegative ? 1 : 0;
+    std::size_t point = first;
+    std::int64_t digits = 0;
+    for (; point < text.size() && point - first < kExactDigits - kDecimals && IsDigit(text[point]); ++point)
+        digits = digits * 10 + (text[point] - '0');
+    const std::size_t end = point + 1 + kDecimals;
+    const bool hasNeedlessZero = point > first + 1 && text[first] == '0';
+    if (point == first || hasNeedlessZero || end > text.size() || text[point] != '.')
+        return 0;
+    for (std::size_t i = point + 1; i < end; ++i) {
+        if (!IsDigit(text[i]))
+            return 0;
+        digits = digits * 10 + (text[i] - '0');
+    }
+    if (end < text.size() && (IsDigit(text[end]) || text[end] == '.'))
+        return 0;
+    const double size = static_cast<double>(digits) / kDecimalScale;
+    value = isNegative ? -size : size;
+    return end;
 }
 
 std::string_view Trimmed(std::string_view text) {

@@ -25,6 +25,7 @@ struct LineCutter {
     std::string_view rest;
     std::string_view line;
     int number = 0;
+    const char* feed = nullptr;  // the first LF at or behind the rest, the end of the text if there is none
 };
 
 // The words of a line, separated by blanks, commas and tabs, appended to `words`.
@@ -33,6 +34,14 @@ void AppendWords(std::string_view line, std::vector<Word>& words);
 // A full number: an optional sign, digits with an optional point, an optional exponent, nothing else.
 // Empty for any other text, for "inf" and "nan", and for a number too large for a double.
 std::optional<double> FullNumber(std::string_view text);
+
+// Takes a number as the writer of the input file prints it from the start of `text`: a minus sign or none,
+// digits without a needless zero in front, a point, five decimals, and no digit or point behind them. Returns
+// its length, 0 without such a number.
+std::size_t TakeWrittenNumber(std::string_view text, double& value);
+
+// A character in upper case after code page 1252.
+char UpperCharacter(char c);
 
 std::string_view Trimmed(std::string_view text);
 
