@@ -35,6 +35,11 @@ void ShowOutputExists(VarnState& state, bool exists) {
     EnableExports(state, exists);
 }
 
+void ShowParExists(VarnState& state) {
+    if (!state.lblPar.Caption.empty())
+        state.lblPar.Colour = ColourOf(FileExists(OfVersion(state.lblPar.Caption, state.cmbVersion.Text())));
+}
+
 void ShowNoInput(VarnState& state) {
     state.chkInputFile.Enabled = false;
     state.cmdViewVersionEnabled = false;
@@ -69,12 +74,16 @@ std::int16_t CallPackage(VarnState& state, AdjustmentPackage& package, std::stri
     return result;
 }
 
-// Shows whether there is a listing as soon as the package has done, however it came back.
-struct ListingCheck {
-    ListingCheck(VarnState& state, const std::string& listing) : State(state), Listing(listing) {}
-    ~ListingCheck() { ShowOutputExists(State, FileExists(Listing)); }
-    ListingCheck(const ListingCheck&) = delete;
-    ListingCheck& operator=(const ListingCheck&) = delete;
+// Shows which files are there as soon as the package has done, however it came back: the listing, and the
+// parameter file, which the package writes when there is none.
+struct FileCheck {
+    FileCheck(VarnState& state, const std::string& listing) : State(state), Listing(listing) {}
+    ~FileCheck() {
+        ShowOutputExists(State, FileExists(Listing));
+        ShowParExists(State);
+    }
+    FileCheck(const FileCheck&) = delete;
+    FileCheck& operator=(const FileCheck&) = delete;
 
     VarnState& State;
     const std::string& Listing;
@@ -147,7 +156,7 @@ void ClickVersion(VarnState& state, int selected) {
     if (text != MasterVersion && !VersionDigits(text, digits))
         return;
     state.chkParFile.Enabled = true;
-    state.lblPar.Colour = ColourOf(FileExists(OfVersion(state.lblPar.Caption, text)));
+    ShowParExists(state);
     ShowOutputExists(state, FileExists(OfVersion(state.lblOutput.Caption, text)));
 }
 
@@ -186,7 +195,7 @@ void RunVarn(VarnState& state, AdjustmentPackage& package, const VarnRunView& vi
     const Waiting waiting(view);
     std::int16_t result = 0;
     {
-        const ListingCheck check(state, outputPath);
+        const FileCheck check(state, outputPath);
         result = CallPackage(state, package, inputPath, view);
     }
     if (result == 0)

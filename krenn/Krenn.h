@@ -23,9 +23,10 @@ extern "C" {
 // changed. 0: the file can be opened; 1: no path; 2: it cannot be opened (go then says so in the listing).
 KRENN_CALL std::int16_t start(char* path);
 
-// Adjusts and writes `<base>.OUT` beside the input, <base> being the path up to the last "." of the file
-// name. type: 0 sparse without inversion, 1 sparse with inversion, 7 dense with full inversion, -1 L1 norm.
-// 0: good; else an error number (Errors.h), and the listing says what is wrong and what to do.
+// Adjusts as the parameter file `<base>.PAR` beside the input tells, which is written with its defaults when
+// there is none, and writes `<base>.OUT`; <base> is the path up to the last "." of the file name. type: 0
+// sparse without inversion, 1 sparse with inversion, 7 dense with full inversion, -1 L1 norm. 0: good; else
+// an error number (Errors.h), and the listing says what is wrong and what to do.
 KRENN_CALL std::int16_t go(std::int32_t type);
 
 // Ends the run and forgets the path.

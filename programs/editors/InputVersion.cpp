@@ -21,15 +21,6 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-// The two digits at the end of "<base>_vNN"; empty when the name is that of a master.
-std::string VersionOf(const std::string& name) {
-    if (name.size() <= VersionEnding)
-        return "";
-    const std::string ending = UpperCase(Right(name, VersionEnding));
-    const bool version = ending[0] == '_' && ending[1] == 'V' && IsDigit(ending[2]) && IsDigit(ending[3]);
-    return version ? ending.substr(2) : "";
-}
-
 std::string VersionPath(const std::string& folder, const std::string& base, const std::string& version,
                         const char* extension) {
     return folder + base + "_v" + version + "." + extension;
@@ -52,13 +43,25 @@ std::string NoteOf(const InputVersion& input, const std::vector<Fate>& fates, co
 
 }  // namespace
 
+std::string VersionOf(const std::string& name) {
+    if (name.size() <= VersionEnding)
+        return "";
+    const std::string ending = UpperCase(Right(name, VersionEnding));
+    const bool version = ending[0] == '_' && ending[1] == 'V' && IsDigit(ending[2]) && IsDigit(ending[3]);
+    return version ? ending.substr(2) : "";
+}
+
+std::string MasterOf(const std::string& name) {
+    return VersionOf(name).empty() ? name : name.substr(0, name.size() - VersionEnding);
+}
+
 InputVersion OpenInputVersion(const std::string& path) {
     InputVersion input;
     std::string file;
     SplitFolderFile(path, input.Folder, file);
     const std::string name = BeforeFirstPoint(file);
     input.Version = VersionOf(name);
-    input.Base = input.Version.empty() ? name : name.substr(0, name.size() - VersionEnding);
+    input.Base = MasterOf(name);
     if (UpperCase(BehindFirstPoint(file)) == "ORG")
         file = WithExtension(file, "INP");
     input.File = OpenEditedFile(input.Folder + file);

@@ -24,6 +24,12 @@ struct InputVersion {
     VersionNotes Notes;           // of the open version; empty for the master
 };
 
+/// The two digits at the end of "<base>_vNN"; empty when the name is that of a master.
+std::string VersionOf(const std::string& name);
+
+/// "<base>" of "<base>_vNN"; the name itself when it is that of a master.
+std::string MasterOf(const std::string& name);
+
 /// Opens an input file, a master or a version; for a file of tagged rows (.ORG), the input file written with
 /// it. Raises what reading raises, and error 53 when there is no such file.
 InputVersion OpenInputVersion(const std::string& path);

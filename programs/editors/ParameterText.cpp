@@ -4,13 +4,13 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 
 #include "core/LineReader.h"
 #include "core/Text.h"
 #include "core/basGeneral.h"
 #include "programs/editors/CodeEntry.h"
+#include "programs/editors/InputVersion.h"
 
 namespace Dorvane {
 
@@ -106,23 +106,33 @@ std::string TextProblem(const ParameterLine& line) {
     return "";
 }
 
-std::string ValueProblem(const ParameterLine& line, const KnownParameter& known) {
-    if (!known.IsNumber)
-        return "";
-    if (!IsNumeric(line.Value))
-        return "has a value that is no number: \"" + line.Value + "\"";
-    const double value = StrictNumber(line.Value);
-    if (value < known.Lowest || value > known.Highest)
-        return "has a value out of its range: " + line.Value;
-    return "";
+std::string UnknownKey(const std::string& key) {
+    const Krenn::ParameterKey* nearest = Krenn::NearestParameterKey(key);
+    return fmt::format("The adjustment does not know the key {}{}.", key,
+                       nearest == nullptr ? "" : fmt::format("; {} is one", nearest->key));
 }
 
-std::string Heading(const std::string& path, const std::string& lineEnd) {
+std::string ValueProblem(const ParameterLine& line) {
+    const Krenn::ParameterKey* key = Krenn::FindParameterKey(line.Key);
+    Krenn::Parameters ignored;
+    return key == nullptr ? UnknownKey(line.Key) : Krenn::SetParameter(*key, line.Value, ignored);
+}
+
+// What a file that is not there begins with; the name of the master's when it is that.
+std::string FirstContent(const std::string& path, std::string& master) {
     std::string folder;
     std::string file;
     SplitFolderFile(path, folder, file);
-    return "; Parameters of the adjustment of " + BeforeFirstPoint(file) + ".INP" + lineEnd +
-           "; KEY = value   ; comment" + lineEnd;
+    const std::string name = BeforeFirstPoint(file);
+    if (!VersionOf(name).empty()) {
+        const std::string of = MasterOf(name) + file.substr(name.size());
+        const EditedFile former = OpenEditedFile(folder + of);
+        if (former.Exists) {
+            master = of;
+            return former.Content;
+        }
+    }
+    return Krenn::DefaultParameterText();
 }
 
 void ReadLines(const std::string& content, ParameterEdit& parameters) {
@@ -155,7 +165,7 @@ ParameterLine ParseParameterLine(const std::string& raw) {
 ParameterEdit OpenParameters(const std::string& path) {
     ParameterEdit parameters;
     parameters.File = OpenEditedFile(path);
-    ReadLines(parameters.File.Exists ? parameters.File.Content : Heading(path, parameters.LineEnd),
+    ReadLines(parameters.File.Exists ? parameters.File.Content : FirstContent(path, parameters.Master),
               parameters);
     if (!parameters.Lines.empty()) {
         const std::string& first = parameters.Lines.front().Raw;
@@ -213,26 +223,14 @@ void ApplyParameters(ParameterEdit& parameters, const std::vector<WantedParamete
     parameters.Lines = std::move(lines);
 }
 
-const KnownParameter* FindParameter(const std::vector<KnownParameter>& known, const std::string& key) {
-    const auto found = std::find_if(known.begin(), known.end(), [&](const KnownParameter& parameter) {
-        return EqualIgnoringCase(parameter.Key, key);
-    });
-    return found == known.end() ? nullptr : &*found;
+std::string DescribeParameter(const std::string& key) {
+    const Krenn::ParameterKey* known = Krenn::FindParameterKey(key);
+    return known == nullptr ? UnknownKey(key)
+                            : fmt::format("{}: {}; takes {}, without it {}", known->key, known->meaning,
+                                          Krenn::ParameterAllowed(*known), Krenn::ParameterDefault(*known));
 }
 
-std::string DescribeParameter(const KnownParameter& parameter) {
-    std::string text = parameter.Key + ": " + parameter.Meaning;
-    if (!parameter.Default.empty())
-        text += "; without it " + parameter.Default;
-    if (std::isfinite(parameter.Lowest))
-        text += fmt::format("; from {}", parameter.Lowest);
-    if (std::isfinite(parameter.Highest))
-        text += fmt::format("; {} {}", std::isfinite(parameter.Lowest) ? "to" : "up to", parameter.Highest);
-    return text;
-}
-
-std::vector<std::string> ParameterProblems(const ParameterEdit& parameters,
-                                           const std::vector<KnownParameter>& known) {
+std::vector<std::string> ParameterProblems(const ParameterEdit& parameters) {
     std::vector<std::string> problems;
     std::map<std::string, int> count;
     for (const ParameterLine& line : parameters.Lines)
@@ -245,11 +243,12 @@ std::vector<std::string> ParameterProblems(const ParameterEdit& parameters,
         if (problem.empty() && count[UpperCase(line.Key)] > 1 &&
             !EqualIgnoringCase(ParseParameterLine(line.Raw).Key, line.Key))
             problem = "stands there twice";
-        const KnownParameter* parameter = FindParameter(known, line.Key);
-        if (problem.empty() && parameter != nullptr)
-            problem = ValueProblem(line, *parameter);
         if (!problem.empty())
-            problems.push_back((line.Key.empty() ? "A line" : line.Key) + " " + problem + ".");
+            problem = (line.Key.empty() ? "A line" : line.Key) + " " + problem + ".";
+        else
+            problem = ValueProblem(line);
+        if (!problem.empty())
+            problems.push_back(problem);
     }
     return problems;
 }

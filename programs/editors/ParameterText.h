@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "krenn/ParameterKeys.h"
 #include "programs/editors/EditedFile.h"
-#include "programs/editors/KnownParameters.h"
 
 // A parameter file of the adjustment: lines "KEY = value   ; comment". All other lines are comments or what
 // nobody knows; they stay byte for byte, and so does a line that is not changed.
@@ -23,10 +23,11 @@ struct ParameterEdit {
     EditedFile File;
     std::vector<ParameterLine> Lines;
     std::string LineEnd = "\r\n";  // that of the file's first line
+    std::string Master;            // name of the file whose lines it begins with; empty for those of its own
 };
 
-/// Reads a parameter file. One that is not there begins with a heading of comments. Raises what reading
-/// raises.
+/// Reads a parameter file. One that is not there begins with the lines of its master's when it is that of a
+/// version, else with those that the package writes. Raises what reading raises.
 ParameterEdit OpenParameters(const std::string& path);
 
 ParameterLine ParseParameterLine(const std::string& raw);
@@ -44,15 +45,12 @@ struct WantedParameter {
 };
 void ApplyParameters(ParameterEdit& parameters, const std::vector<WantedParameter>& wanted);
 
-/// What is wrong with the entries that are new or changed, a sentence each.
-std::vector<std::string> ParameterProblems(const ParameterEdit& parameters,
-                                           const std::vector<KnownParameter>& known);
+/// What is wrong with the entries that are new or changed, a sentence each: form, keys that the package does
+/// not know, values that it does not take.
+std::vector<std::string> ParameterProblems(const ParameterEdit& parameters);
 
-/// The known key of a name, ignoring case; null when there is none.
-const KnownParameter* FindParameter(const std::vector<KnownParameter>& known, const std::string& key);
-
-/// The meaning, the default and the range of a key, in a sentence.
-std::string DescribeParameter(const KnownParameter& parameter);
+/// What the package knows of a key: its meaning, what it takes, its default; or that it is none.
+std::string DescribeParameter(const std::string& key);
 
 /// As for CHOICES.SYS.
 std::string SaveParameters(ParameterEdit& parameters);

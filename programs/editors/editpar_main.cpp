@@ -11,7 +11,7 @@ int main(int count, char** arguments) {
     return RunEditor(count, arguments, "editpar", [&]() -> ScreenDialog* {
         const std::string path = ArgumentPath(count, arguments);
         if (!path.empty())
-            return new frmEditPar(path, KnownParameters);
+            return new frmEditPar(path);
         TheDesktop().ShowMessage({.Text = "No parameter file was named to be edited.",
                                   .Title = "Edit Parameter File",
                                   .Picture = Icon::Exclamation});

@@ -17,15 +17,25 @@ namespace {
 
 constexpr const char* Title = "Edit Parameter File";
 
+QString NoteOf(const ParameterEdit& parameters) {
+    if (parameters.File.Exists)
+        return frmEditPar::tr("Comments and other lines of the file stay as they are.");
+    if (!parameters.Master.empty())
+        return frmEditPar::tr("This version is adjusted with %1 so far; OK makes it a file of its own.")
+            .arg(ToScreen(parameters.Master));
+    return frmEditPar::tr(
+        "The file does not exist yet; OK makes it. The values are those that hold without it.");
+}
+
 }  // namespace
 
-frmEditPar::frmEditPar(const std::string& path, const std::vector<KnownParameter>& known)
-    : Form(std::make_unique<Ui::frmEditPar>()), Known(known), Parameters(OpenParameters(path)) {
+frmEditPar::frmEditPar(const std::string& path)
+    : Form(std::make_unique<Ui::frmEditPar>()), Parameters(OpenParameters(path)) {
     Form->setupUi(this);
     ReturnsBy(Form->cmdCancel);
     const int character = fontMetrics().averageCharWidth();
     setMinimumWidth(character * 55);
-    resize(character * 100, fontMetrics().lineSpacing() * 26);
+    resize(character * 110, fontMetrics().lineSpacing() * 32);
     Guarded("frmEditPar-LoadForm", [&](Guard&) {
         SetOptionalPicture(*Form->cmdOK, "ok.svg");
         SetOptionalPicture(*Form->cmdCancel, "cancel.svg");
@@ -33,15 +43,11 @@ frmEditPar::frmEditPar(const std::string& path, const std::vector<KnownParameter
     Form->tblParameters->SetUp({{tr("Key")}, {tr("Value")}, {tr("Comment")}}, std::numeric_limits<int>::max(),
                                false);
     Form->tblParameters->Table().setColumnWidth(0, character * 26);
-    Form->tblParameters->Table().setColumnWidth(1, character * 26);
+    Form->tblParameters->Table().setColumnWidth(1, character * 15);
     Form->lblFile->setText(ToScreen(path));
-    Form->lblNote->setText(Parameters.File.Exists
-                               ? tr("Comments and other lines of the file stay as they are.")
-                               : tr("The file does not exist yet; OK makes it, with a heading of comments."));
-    Form->fraKnown->setVisible(!Known.empty());
-    Form->lblMeaning->setVisible(!Known.empty());
-    for (const KnownParameter& parameter : Known)
-        Form->cmbKnown->addItem(ToScreen(parameter.Key));
+    Form->lblNote->setText(NoteOf(Parameters));
+    for (const Krenn::ParameterKey& key : Krenn::ParameterKeys())
+        Form->cmbKnown->addItem(QLatin1String(key.key));
     ShowLines();
     ShowMeaning();
     connect(Form->tblParameters, &EntryTable::LineChosen, this, &frmEditPar::ShowMeaning);
@@ -69,9 +75,7 @@ void frmEditPar::ShowMeaning() {
     for (const EntryTable::Line& line : Form->tblParameters->Lines()) {
         if (line.Id != Form->tblParameters->ChosenId())
             continue;
-        const KnownParameter* parameter = FindParameter(Known, line.Texts[0]);
-        text = parameter != nullptr ? ToScreen(DescribeParameter(*parameter))
-                                    : tr("The adjustment does not know this key.");
+        text = ToScreen(DescribeParameter(line.Texts[0]));
     }
     Form->lblMeaning->setText(text);
 }
@@ -92,14 +96,17 @@ ParameterEdit frmEditPar::Edited() const {
 void frmEditPar::cmdAddKnown_Click() {
     Guarded("frmEditPar-cmdAddKnown_Click", [&](Guard&) {
         Form->cmdAddKnown->setFocus();
-        const KnownParameter* parameter = FindParameter(Known, FromScreen(Form->cmbKnown->currentText()));
-        if (parameter == nullptr)
+        const Krenn::ParameterKey* key = Krenn::FindParameterKey(FromScreen(Form->cmbKnown->currentText()));
+        if (key == nullptr)
             return;
         std::vector<EntryTable::Line> lines = Form->tblParameters->Lines();
         int last = static_cast<int>(Parameters.Lines.size());
-        for (const EntryTable::Line& line : lines)
-            last = std::max(last, line.Id);
-        lines.push_back({last + 1, {parameter->Key, parameter->Default, ""}});
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            if (Krenn::FindParameterKey(lines[i].Texts[0]) == key)
+                return Form->tblParameters->Table().setCurrentCell(static_cast<int>(i), 1);
+            last = std::max(last, lines[i].Id);
+        }
+        lines.push_back({last + 1, {key->key, Krenn::ParameterDefault(*key), ""}});
         Form->tblParameters->SetLines(lines);
         Form->tblParameters->Table().setCurrentCell(static_cast<int>(lines.size()) - 1, 1);
         ShowMeaning();
@@ -110,7 +117,7 @@ void frmEditPar::cmdOK_Click() {
     Guarded("frmEditPar-cmdOK_Click", [&](Guard&) {
         Form->cmdOK->setFocus();
         ParameterEdit edited = Edited();
-        const std::vector<std::string> problems = ParameterProblems(edited, Known);
+        const std::vector<std::string> problems = ParameterProblems(edited);
         if (!problems.empty())
             return TellProblems(Title, problems);
         const std::string problem = SaveParameters(edited);

@@ -19,9 +19,9 @@ class frmEditPar : public ScreenDialog {
     Q_OBJECT
 
   public:
-    /// Opens a file by its drive path, which need not exist. The known keys are offered, explained and
-    /// checked; others can be there. Raises what reading raises.
-    frmEditPar(const std::string& path, const std::vector<KnownParameter>& known);
+    /// Opens a file by its drive path, which need not exist. The keys of the adjustment are offered,
+    /// explained and checked. Raises what reading raises.
+    explicit frmEditPar(const std::string& path);
     ~frmEditPar() override;
 
   private:
@@ -32,7 +32,6 @@ class frmEditPar : public ScreenDialog {
     void cmdOK_Click();
 
     std::unique_ptr<Ui::frmEditPar> Form;
-    std::vector<KnownParameter> Known;
     ParameterEdit Parameters;
 };
 

@@ -32,6 +32,8 @@ class RecordedPackage : public AdjustmentPackage {
         Steps.push_back("go " + std::to_string(type));
         if (!Listing.empty())
             PutFile(Listing, "the listing\r\n");
+        if (!Parameters.empty())
+            PutFile(Parameters, "");
         return GoResult;
     }
     void Stop() override { Steps.push_back("stop"); }
@@ -39,6 +41,7 @@ class RecordedPackage : public AdjustmentPackage {
     std::int16_t StartResult = 0;
     std::int16_t GoResult = 0;
     std::string Listing;
+    std::string Parameters;
     std::string LeavesInPath;
 
   private:
@@ -182,6 +185,21 @@ TEST_F(VarnRun, OfAVersionTakesThatVersionsInputAndListing) {
     EXPECT_THAT(FileContent("D:\\ADJ\\NET_v02.OUT"), HasSubstr("  Project  =  version\r\n"));
     EXPECT_EQ(State.lblOutput.Caption, Output);
     EXPECT_EQ(State.lblOutput.Colour, LabelColour::Black);
+}
+
+TEST_F(VarnRun, ShowsTheParameterFileThatThePackageWrote) {
+    EXPECT_EQ(State.lblPar.Colour, LabelColour::LightRed);
+    Package.Parameters = "D:\\ADJ\\NET.PAR";
+    Package.GoResult = 21;
+    Desktop.ExpectMessageTitled("Varn Error");
+    Run();
+    EXPECT_EQ(State.lblPar.Colour, LabelColour::Black);
+    PutFile("D:\\ADJ\\NET_v02.INP", "");
+    ChangeInput(State, Net);
+    ClickVersion(State, 2);
+    Desktop.ExpectMessageTitled("Varn Error");
+    Run();
+    EXPECT_EQ(State.lblPar.Colour, LabelColour::LightRed);
 }
 
 TEST_F(VarnRun, OfAVersionCutsAtAPointInAFolderName) {

@@ -135,6 +135,7 @@ TEST(ParameterKeys, AreFoundNearAWrongName) {
     EXPECT_EQ(nearest("DATM"), "DATUM");
     EXPECT_EQ(nearest("LOCAL_TIALS"), "LOCAL_TAILS");
     EXPECT_EQ(nearest("MAGIC"), "");
+    EXPECT_EQ(nearest("POWRE"), "");
     EXPECT_EQ(nearest("S"), "");
     EXPECT_EQ(nearest(""), "");
     EXPECT_EQ(nearest(std::string(1000000, 'S')), "");

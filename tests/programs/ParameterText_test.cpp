@@ -28,12 +28,6 @@ const std::string File =
     "\x01 = 2\r\n"
     "LAST = x y";
 
-const std::vector<KnownParameter> Known{
-    {"ITERATIONS", "iterations at most", "50", 1, 500},
-    {"LIMIT", "correction in m at which they end", "1e-8", 0},
-    {"LISTING", "what is listed", "STATS", 0, 0, false},
-};
-
 struct ParameterTextTest : testing::Test {
     ParameterTextTest() { Site.LayOut(); }
 
@@ -112,47 +106,63 @@ TEST_F(ParameterTextTest, EndsALastLineWithoutAnEndBeforeANewOne) {
     EXPECT_EQ(FormatParameters(parameters), "A = 1\r\nB = 2\r\n");
 }
 
-TEST_F(ParameterTextTest, BeginsANewFileWithAHeading) {
+TEST_F(ParameterTextTest, BeginsANewFileWithWhatThePackageWrites) {
     MakeFolders("D:\\TARVEX\\DAM\\");
     ParameterEdit parameters = OpenParameters(Path);
-    ApplyParameters(parameters, {{0, "A", "1", ""}});
-    EXPECT_THAT(ParameterProblems(parameters, {}), IsEmpty());
+    EXPECT_EQ(parameters.Master, "");
+    EXPECT_EQ(Entries(parameters).size(), Krenn::ParameterKeys().size());
+    EXPECT_THAT(ParameterProblems(parameters), IsEmpty());
     EXPECT_EQ(SaveParameters(parameters), "");
-    EXPECT_EQ(FileContent(Path),
-              "; Parameters of the adjustment of NET_v02.INP\r\n; KEY = value   ; comment\r\nA = 1\r\n");
+    EXPECT_EQ(FileContent(Path), Krenn::DefaultParameterText());
+}
+
+TEST_F(ParameterTextTest, BeginsTheFileOfAVersionWithThatOfItsMaster) {
+    PutFile("D:\\TARVEX\\DAM\\NET.PAR", "; of all\nSCALE = ON\n");
+    ParameterEdit parameters = OpenParameters(Path);
+    EXPECT_EQ(parameters.Master, "NET.PAR");
+    EXPECT_FALSE(parameters.File.Exists);
+    EXPECT_EQ(SaveParameters(parameters), "");
+    EXPECT_EQ(FileContent(Path), "; of all\nSCALE = ON\n");
+    EXPECT_EQ(OpenParameters(Path).Master, "");
+    EXPECT_EQ(FormatParameters(OpenParameters("D:\\TARVEX\\DAM\\NET_v1.PAR")), Krenn::DefaultParameterText());
 }
 
 TEST_F(ParameterTextTest, TellsWhatIsWrongWithWhatIsNewOrChanged) {
-    ParameterEdit parameters = Open("OLD = 1\r\nOLD = 2\r\nEMPTY =\r\nA = 1\r\n");
+    ParameterEdit parameters = Open("OLD = 1\r\nOLD = 2\r\nEMPTY =\r\nA = 1\r\nSCALE = ON\r\n");
     std::vector<WantedParameter> wanted = Entries(parameters);
     wanted[3].Value = "";
     wanted.push_back({0, "", "1", ""});
     wanted.push_back({0, "B C", "1", ""});
     wanted.push_back({0, "D", "1;2", ""});
-    wanted.push_back({0, "old", "3", ""});
+    wanted.push_back({0, "scale", "ON", ""});
     wanted.push_back({0, "E", "1", "\x02"});
     ApplyParameters(parameters, wanted);
     EXPECT_THAT(
-        ParameterProblems(parameters, {}),
+        ParameterProblems(parameters),
         ElementsAre("A has no value.", "A line has no key.", "B C has a character that no key can have.",
-                    "D has a value with the \";\" of a comment.", "old stands there twice.",
+                    "D has a value with the \";\" of a comment.", "scale stands there twice.",
                     "E has a control character."));
 }
 
-TEST_F(ParameterTextTest, ChecksTheValuesOfKnownKeys) {
+TEST_F(ParameterTextTest, ChecksKeysAndValuesAsThePackageDoes) {
     ParameterEdit parameters = Open("ITERATIONS = 0\r\n");
     ApplyParameters(parameters, {{1, "Iterations", "0", ""},
-                                 {0, "LIMIT", "small", ""},
-                                 {0, "LISTING", "all", ""},
-                                 {0, "OTHER", "any", ""}});
-    EXPECT_THAT(ParameterProblems(parameters, Known),
-                ElementsAre("Iterations has a value out of its range: 0.",
-                            "LIMIT has a value that is no number: \"small\"."));
-    EXPECT_EQ(DescribeParameter(Known[0]), "ITERATIONS: iterations at most; without it 50; from 1; to 500");
-    EXPECT_EQ(DescribeParameter(Known[1]),
-              "LIMIT: correction in m at which they end; without it 1e-8; from 0");
-    EXPECT_EQ(FindParameter(Known, "limit"), &Known[1]);
-    EXPECT_EQ(FindParameter(Known, "limits"), nullptr);
+                                 {0, "POWER", "small", ""},
+                                 {0, "TRACKER", "level", ""},
+                                 {0, "DIRECTION", "ON", ""},
+                                 {0, "OTHER", "any", ""},
+                                 {0, "Setups", "set", ""}});
+    EXPECT_THAT(ParameterProblems(parameters),
+                ElementsAre("\"0\" is out of range; ITERATIONS takes 1 to 500.",
+                            "\"small\" is no number; POWER takes 50 to 99.9 %.",
+                            "\"level\" is none of its words; TRACKER takes LEVELLED or ROTATIONS.",
+                            "The adjustment does not know the key DIRECTION; DIRECTIONS is one.",
+                            "The adjustment does not know the key OTHER."));
+    EXPECT_EQ(DescribeParameter("convergence"),
+              "CONVERGENCE: the iterations end when no coordinate moves by more; takes 0.00000001 to 0.001 "
+              "m, without it 0.000001");
+    EXPECT_EQ(DescribeParameter("ZENITH"),
+              "The adjustment does not know the key ZENITH; ZENITH_ANGLES is one.");
 }
 
 TEST_F(ParameterTextTest, DoesNotWriteOverAFileThatAnotherMade) {

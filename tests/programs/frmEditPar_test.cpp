@@ -21,9 +21,7 @@ namespace Dorvane::Testing {
 namespace {
 
 const std::string Path = "D:\\TARVEX\\DAM\\NET.PAR";
-const std::string File = "; head\r\nLIMIT = 1   ; in m\r\nodd line\r\nOTHER = x\r\n";
-const std::vector<KnownParameter> Known{{"LIMIT", "least correction in m", "0.001", 0, 10},
-                                        {"STEPS", "steps at most", "50", 1}};
+const std::string File = "; head\r\nITERATIONS = 10   ; at most\r\nodd line\r\nOTHER = x\r\n";
 
 struct frmEditParTest : testing::Test {
     frmEditParTest() {
@@ -36,8 +34,8 @@ struct frmEditParTest : testing::Test {
         HandleEvents();
     }
 
-    void Open(const std::string& path, const std::vector<KnownParameter>& known) {
-        Form = new frmEditPar(path, known);
+    void Open(const std::string& path) {
+        Form = new frmEditPar(path);
         Form->show();
         HandleEvents();
     }
@@ -67,25 +65,24 @@ struct frmEditParTest : testing::Test {
 }  // namespace
 
 TEST_F(frmEditParTest, ShowsKeysValuesAndComments) {
-    Open(Path, {});
+    Open(Path);
     EXPECT_EQ(TextOf(*Form), "Edit Parameter File");
     EXPECT_EQ(TextOf(*Form, "lblFile"), Path);
     ASSERT_EQ(Grid().rowCount(), 2);
-    EXPECT_EQ(Cell(0, 0) + "|" + Cell(0, 1) + "|" + Cell(0, 2), "LIMIT|1|in m");
+    EXPECT_EQ(Cell(0, 0) + "|" + Cell(0, 1) + "|" + Cell(0, 2), "ITERATIONS|10|at most");
     EXPECT_EQ(Cell(1, 0) + "|" + Cell(1, 1), "OTHER|x");
-    EXPECT_FALSE(IsShown(*Form, "cmdAddKnown"));
-    EXPECT_FALSE(IsShown(*Form, "lblMeaning"));
     Click(*Form, "cmdOK");
     EXPECT_TRUE(Form.isNull());
     EXPECT_EQ(FileContent(Path), File);
 }
 
 TEST_F(frmEditParTest, ChangesAddsAndRemovesEntries) {
-    Open(Path, {});
-    TypeInto(0, 1, "2.5");
+    Open(Path);
+    TypeInto(0, 1, "25");
     Add();
-    TypeInto(1, 0, "NEU");
-    TypeInto(1, 1,
+    TypeInto(1, 0, "SCALE");
+    TypeInto(1, 1, "ON");
+    TypeInto(1, 2,
              "gr\xF6\xDF"
              "er");
     Grid().setCurrentCell(2, 0);
@@ -93,53 +90,78 @@ TEST_F(frmEditParTest, ChangesAddsAndRemovesEntries) {
     Click(*Form, "cmdOK");
     EXPECT_TRUE(Form.isNull());
     EXPECT_EQ(FileContent(Path),
-              "; head\r\nLIMIT = 2.5   ; in m\r\nNEU = gr\xF6\xDF"
+              "; head\r\nITERATIONS = 25   ; at most\r\nSCALE = ON   ; gr\xF6\xDF"
               "er\r\nodd line\r\n");
 }
 
-TEST_F(frmEditParTest, MakesANewFileWithAHeading) {
-    Open("D:\\TARVEX\\DAM\\NEW.PAR", {});
+TEST_F(frmEditParTest, MakesANewFileWithAllKeysAtTheirDefaults) {
+    Open("D:\\TARVEX\\DAM\\NEW.PAR");
     EXPECT_EQ(TextOf(*Form, "lblNote"),
-              "The file does not exist yet; OK makes it, with a heading of comments.");
-    Add();
-    TypeInto(0, 0, "KEY");
-    TypeInto(0, 1, "1");
+              "The file does not exist yet; OK makes it. The values are those that hold without it.");
+    ASSERT_EQ(Grid().rowCount(), static_cast<int>(Krenn::ParameterKeys().size()));
+    EXPECT_EQ(Cell(0, 0) + "|" + Cell(0, 1) + "|" + Cell(0, 2),
+              "DIRECTIONS|ON|horizontal directions take part [OFF or ON, default ON]");
     Click(*Form, "cmdOK");
-    EXPECT_EQ(FileContent("D:\\TARVEX\\DAM\\NEW.PAR"),
-              "; Parameters of the adjustment of NEW.INP\r\n; KEY = value   ; comment\r\nKEY = 1\r\n");
+    EXPECT_EQ(FileContent("D:\\TARVEX\\DAM\\NEW.PAR"), Krenn::DefaultParameterText());
+}
+
+TEST_F(frmEditParTest, MakesTheFileOfAVersionFromThatOfItsMaster) {
+    PutFile(Path, "; ours\r\nITERATIONS = 10\r\n");
+    Open("D:\\TARVEX\\DAM\\NET_v01.PAR");
+    EXPECT_EQ(TextOf(*Form, "lblNote"),
+              "This version is adjusted with NET.PAR so far; OK makes it a file of its own.");
+    TypeInto(0, 1, "11");
+    Click(*Form, "cmdOK");
+    EXPECT_EQ(FileContent("D:\\TARVEX\\DAM\\NET_v01.PAR"), "; ours\r\nITERATIONS = 11\r\n");
+    EXPECT_EQ(FileContent(Path), "; ours\r\nITERATIONS = 10\r\n");
 }
 
 TEST_F(frmEditParTest, LeavesNoFileWhenCancelled) {
-    Open("D:\\TARVEX\\DAM\\NEW.PAR", {});
+    Open("D:\\TARVEX\\DAM\\NEW.PAR");
     QTest::keyClick(Form.data(), Qt::Key_Escape);
     HandleEvents();
     EXPECT_TRUE(Form.isNull());
     EXPECT_EQ(AllFiles("D:\\TARVEX\\DAM\\").size(), 1U);
 }
 
-TEST_F(frmEditParTest, OffersExplainsAndChecksKnownKeys) {
-    Open(Path, Known);
-    EXPECT_EQ(TextOf(*Form, "lblMeaning"), "LIMIT: least correction in m; without it 0.001; from 0; to 10");
+TEST_F(frmEditParTest, OffersExplainsAndChecksTheKeysOfTheAdjustment) {
+    Open(Path);
+    auto& known = Control<QComboBox>(*Form, "cmbKnown");
+    ASSERT_EQ(known.count(), static_cast<int>(Krenn::ParameterKeys().size()));
+    for (int i = 0; i < known.count(); ++i)
+        EXPECT_EQ(known.itemText(i), QString(Krenn::ParameterKeys()[static_cast<std::size_t>(i)].key));
+    EXPECT_EQ(TextOf(*Form, "lblMeaning"), "ITERATIONS: iterations at most; takes 1 to 500, without it 50");
     Grid().setCurrentCell(1, 0);
-    EXPECT_EQ(TextOf(*Form, "lblMeaning"), "The adjustment does not know this key.");
-    Control<QComboBox>(*Form, "cmbKnown").setCurrentText("STEPS");
+    EXPECT_EQ(TextOf(*Form, "lblMeaning"), "The adjustment does not know the key OTHER.");
+    known.setCurrentText("CURVATURE");
     Click(*Form, "cmdAddKnown");
-    EXPECT_EQ(TextOf(*Form, "lblMeaning"), "STEPS: steps at most; without it 50; from 1");
-    EXPECT_EQ(Cell(2, 1), "50");
-    TypeInto(0, 1, "11");
-    Desktop.ExpectMessage("Edit Parameter File", "LIMIT has a value out of its range: 11.");
+    EXPECT_EQ(TextOf(*Form, "lblMeaning"),
+              "CURVATURE: the earth is a sphere of radius 6372508.025 m; takes OFF or ON, without it OFF");
+    EXPECT_EQ(Cell(2, 1), "OFF");
+    TypeInto(0, 1, "501");
+    Desktop.ExpectMessage("Edit Parameter File", "\"501\" is out of range; ITERATIONS takes 1 to 500.");
     Click(*Form, "cmdOK");
     ASSERT_FALSE(Form.isNull());
-    TypeInto(0, 1, "10");
+    TypeInto(0, 1, "500");
     Click(*Form, "cmdOK");
-    EXPECT_EQ(FileContent(Path), "; head\r\nLIMIT = 10   ; in m\r\nodd line\r\nOTHER = x\r\nSTEPS = 50\r\n");
+    EXPECT_EQ(FileContent(Path),
+              "; head\r\nITERATIONS = 500   ; at most\r\nodd line\r\nOTHER = x\r\nCURVATURE = OFF\r\n");
+}
+
+TEST_F(frmEditParTest, ShowsAKeyThatIsThereInsteadOfAddingIt) {
+    Open(Path);
+    Grid().setCurrentCell(1, 0);
+    Control<QComboBox>(*Form, "cmbKnown").setCurrentText("ITERATIONS");
+    Click(*Form, "cmdAddKnown");
+    EXPECT_EQ(Grid().rowCount(), 2);
+    EXPECT_EQ(Grid().currentRow(), 0);
 }
 
 TEST_F(frmEditParTest, ReportsAFileThatMayNotBeWrittenAndStays) {
     InFreshProcess([&] {
         AsNobody([&] {
-            Form = new frmEditPar(Path, {});
-            Grid().item(0, 1)->setText("3");
+            Form = new frmEditPar(Path);
+            Grid().item(0, 1)->setText("30");
             Desktop.ExpectMessageTitled("Program Error", Answer::Cancel);
             Control<QPushButton>(*Form, "cmdOK").click();
             EXPECT_EQ(FileContent(Path), File);

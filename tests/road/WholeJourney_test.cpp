@@ -296,8 +296,9 @@ class WholeRoad : public Workstation, public testing::WithParamInterface<int> {
 
     void CompareWith(const std::string& drives) {
         const std::string project = drives + "/d:/TARVEX/DAM/NORTH/ADJUST/SRV01/";
-        for (const char* name : {"FIRST.INP", "FIRST.ORG", "FIRST.SUM", "FIRST.VER", "FIRST.OUT", "FIRST.DBS",
-                                 "FIRST.XYZ", "FIRST.INU", "FIRST.TRG", "FIRST.STA", "SECOND.INP"})
+        for (const char* name :
+             {"FIRST.INP", "FIRST.ORG", "FIRST.SUM", "FIRST.VER", "FIRST.OUT", "FIRST.DBS", "FIRST.XYZ",
+              "FIRST.INU", "FIRST.TRG", "FIRST.STA", "FIRST.PAR", "SECOND.INP"})
             EXPECT_EQ(WithoutPlaces(FileContent(std::string(Project) + name)),
                       WithoutPlaces(HostContent(project + name)))
                 << name;
