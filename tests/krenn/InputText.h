@@ -22,8 +22,10 @@ struct InputText {
             name, x, y, z);
     }
 
-    void Distance(const std::string& from, const std::string& to, double value, double sigma) {
-        distances.push_back(fmt::format("{:<10}{:<10}{:>13.5f}{:>10.5f}\r\n", from, to, value, sigma));
+    void Distance(const std::string& from, const std::string& to, double value, double sigma,
+                  bool isTracker = false) {
+        distances.push_back(fmt::format("{:<10}{:<10}{:>13.5f}{:>10.5f}{}\r\n", from, to, value, sigma,
+                                        isTracker ? "   T" : ""));
     }
 
     void Height(const std::string& from, const std::string& to, double value, double sigma) {

@@ -17,6 +17,8 @@ struct NetworkSpec {
     int stations = 5;  // the first points are stations
     int points = 9;    // all points
     int sightsPerStation = 6;
+    double size = 1000;       // side of the square that the points lie in, meters
+    double relief = 60;       // range of heights, meters
     double noise = 1;         // observation noise in units of the standard errors
     double startNoise = 0.5;  // meters on given coordinates
     int given = 9;            // how many of the points have coordinates
@@ -26,6 +28,13 @@ struct NetworkSpec {
     double directionSigma = 0.001;  // gons
     double distanceSigma = 0.002;
     double heightSigma = 0.001;
+
+    // Instruments as they are, in three dimensions.
+    int tilted = 0;         // so many stations hold trackers in any position, upside down too
+    double scale = 0;       // distances are too long by this part; those of trackers by twice as much
+    double zeroPoint = 0;   // meters that distances are too long; those of trackers by half as much
+    double curvature = 0;   // 1: over the curved earth
+    double refraction = 0;  // coefficient k
 };
 
 // A random network over a square of a kilometer with heights within 60 m, together with its true places.
