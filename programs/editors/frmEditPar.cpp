@@ -42,7 +42,7 @@ frmEditPar::frmEditPar(const std::string& path)
     });
     Form->tblParameters->SetUp({{tr("Key")}, {tr("Value")}, {tr("Comment")}}, std::numeric_limits<int>::max(),
                                false);
-    Form->tblParameters->Table().setColumnWidth(0, character * 26);
+    Form->tblParameters->Table().setColumnWidth(0, character * 31);
     Form->tblParameters->Table().setColumnWidth(1, character * 15);
     Form->lblFile->setText(ToScreen(path));
     Form->lblNote->setText(NoteOf(Parameters));

@@ -6,6 +6,7 @@
 #include <regex>
 
 #include "core/Globals.h"
+#include "core/basGeneral.h"
 #include "tests/adjustment/ChildSite.h"
 
 namespace Dorvane {
@@ -219,21 +220,28 @@ class RealPackage : public Testing::ChildSite {
         std::int16_t Gone;
         std::string Path;
         std::string Listing;
+        std::string Parameters;
         bool operator==(const Outcome&) const = default;
     };
 
     Outcome OutcomeOf(AdjustmentPackage& package, const std::string& input, std::int32_t type) const {
-        Outcome outcome{0, 0, input, ""};
+        Outcome outcome{0, 0, input, "", ""};
         outcome.Started = package.Start(outcome.Path);
         outcome.Gone = package.Go(type);
         package.Stop();
         const std::string listing = input.substr(0, input.size() - 3) + "OUT";
+        const std::string parameters = input.substr(0, input.size() - 3) + "PAR";
         // The moment of the run is all that may differ.
         const std::regex moment(R"(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d)");
         const std::string text = FileContent(listing);
         EXPECT_EQ(std::distance(std::sregex_iterator(text.begin(), text.end(), moment), {}), 1);
         outcome.Listing = std::regex_replace(text, moment, "moment");
         Drives::DeleteFile(listing);
+        // The run that writes the parameter file says so.
+        if (FileExists(parameters)) {
+            outcome.Parameters = FileContent(parameters);
+            Drives::DeleteFile(parameters);
+        }
         return outcome;
     }
 
@@ -262,6 +270,7 @@ TEST_F(RealPackage, GivesTheSameByteForByte) {
             EXPECT_EQ(outcome, expected) << type;
             EXPECT_EQ(outcome.Gone, type == 5 ? 4 : 0);
             EXPECT_EQ(outcome.Listing.find("Final results") != std::string::npos, type != 5);
+            EXPECT_EQ(outcome.Parameters.empty(), type == 5);
         }
     });
 }
