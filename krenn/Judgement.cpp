@@ -172,9 +172,10 @@ void JudgeLeastSquares(const Network& network, const Adjustment& adjustment, con
             statistics.critical, ExpectedByChance(statistics), Suspicion(network, adjustment, statistics)));
     }
     if (statistics.hasM0 && statistics.m0 < statistics.lowest)
-        judgement.remarks.push_back(fmt::format(
-            "m0 is below its bounds: the observations are better than their standard errors a priori say, "
-            "which may be too large by a factor of {:.2f}.",
+        judgement.doubts.push_back(fmt::format(
+            "m0 is too small: the observations are better than their standard errors a priori say, which may "
+            "be "
+            "too large by a factor of {:.2f}. The coordinates are in no doubt, the deviations are.",
             1 / std::max(statistics.m0, 1e-6)));
 }
 

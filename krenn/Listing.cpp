@@ -4,12 +4,23 @@
 #include "krenn/ListingParts.h"
 
 namespace Krenn {
+namespace {
+
+// A listing of a large network is hundreds of megabytes, which shall not move while it grows.
+std::size_t ExpectedSize(const Report& report) {
+    const auto name = static_cast<std::size_t>(report.nameWidth);
+    return 20000 + report.adjustment.structure.measures.size() * (2 * name + 120) +
+           report.network.points.size() * (3 * name + 500);
+}
+
+}  // namespace
 
 std::string GoodListing(const RunHeader& run, const Network& network, const Adjustment& adjustment,
                         const Statistics& statistics) {
     const Judgement judgement = Judge(network, adjustment, statistics);
     const Report report{run, network, adjustment, statistics, judgement, NameWidth(network)};
     Page page;
+    page.text.reserve(ExpectedSize(report));
     PrintRun(page, run);
     for (const auto print :
          {PrintSummary, PrintInput, PrintDatum, PrintIterations, PrintSolution, PrintCoordinates,

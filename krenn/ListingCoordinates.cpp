@@ -196,9 +196,10 @@ void PrintCoordinates(Page& page, const Report& report) {
     const bool isHeights = report.adjustment.structure.dimension == Dimension::Heights;
     const std::string level = Percent(statistics.parameters.confidence);
     page.Heading(isHeights ? "Heights and their deviations" : "Coordinates and error ellipses");
-    page.Line(
-        "  Coordinates in m, deviations and half axes in mm, bearing of a in gon; stations first, each in "
-        "the order of the file.");
+    page.Line("  {}", isHeights
+                          ? "Heights in m, deviations in mm, in the order of the file."
+                          : "Coordinates in m, deviations and half axes in mm, bearing of a in gon; stations "
+                            "first, each in the order of the file.");
     page.Line(
         "  Standard deviations are {}; {} for {} are {} times as large.",
         statistics.hasM0 && statistics.parameters.posteriori ? "a posteriori, scaled with m0" : "a priori",

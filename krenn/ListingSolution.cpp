@@ -90,7 +90,7 @@ void PrintSolution(Page& page, const Report& report) {
                                                     ? "a posteriori, scaled with m0"
                                                     : "a priori, not scaled with m0");
         page.Line("  {:<22}standard ellipses times {:.3f}, single deviations times {:.3f}",
-                  Percent(statistics.parameters.confidence) + " ellipses", statistics.wideFactor,
+                  "for " + Percent(statistics.parameters.confidence), statistics.wideFactor,
                   statistics.wideHeightFactor);
         page.Line("  reliability           delta0 {:.2f}, for errors found with a power of {}",
                   statistics.noncentrality, Percent(statistics.parameters.power));

@@ -5,10 +5,13 @@
 #include <charconv>
 #include <cmath>
 
+#include "krenn/Parallel.h"
+
 namespace Krenn {
 namespace {
 
 constexpr std::size_t kWidest = 100;
+constexpr std::size_t kRowsOfBlock = 8192;
 
 void Pad(std::string& text, int width, std::size_t taken) {
     const auto wanted = static_cast<std::size_t>(std::max(width, 0));
@@ -66,9 +69,18 @@ std::string Significant(double value, int width) {
 
 void AppendRows(std::string& text, std::size_t count, int threads,
                 const std::function<void(std::string& text, std::size_t i)>& print) {
-    static_cast<void>(threads);
-    for (std::size_t i = 0; i < count; ++i)
-        print(text, i);
+    const auto several = static_cast<std::size_t>(ThreadsFor(threads));
+    std::vector<std::string> blocks(std::min(several, count / kRowsOfBlock + 1));
+    for (std::size_t done = 0; done < count; done += blocks.size() * kRowsOfBlock) {
+        ParallelFor(static_cast<int>(blocks.size()), blocks.size(), [&](std::size_t block) {
+            blocks[block].clear();
+            const std::size_t first = done + block * kRowsOfBlock;
+            for (std::size_t i = first; i < std::min(first + kRowsOfBlock, count); ++i)
+                print(blocks[block], i);
+        });
+        for (const std::string& block : blocks)
+            text += block;
+    }
 }
 
 std::vector<std::string> SentenceLines(std::string_view sentence, std::size_t widest) {

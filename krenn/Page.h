@@ -44,7 +44,8 @@ struct Page {
 
     // A heading of a section that only people read: indented, so that no reader takes it for a marker.
     void Heading(std::string_view title) {
-        Blank();
+        if (!text.empty() && !text.ends_with("\r\n\r\n"))
+            Blank();
         Line(" {}", title);
         Line(" {}", std::string(title.size(), '-'));
     }
