@@ -9,7 +9,8 @@
 #include "krenn/Cofactors.h"
 #include "krenn/Errors.h"
 #include "krenn/Iterate.h"
-#include "krenn/RankCheck.h"
+#include "krenn/Snooping.h"
+#include "krenn/WeakPoints.h"
 
 namespace Krenn {
 namespace {
@@ -18,59 +19,28 @@ std::size_t At(int index) {
     return static_cast<std::size_t>(index);
 }
 
-template <typename Member>
-void SortOut(std::vector<Member>& members) {
-    std::sort(members.begin(), members.end());
-    members.erase(std::unique(members.begin(), members.end()), members.end());
-}
-
-// Rotations and values of the whole network that a null vector moves, in words.
-std::vector<std::string> OthersMovedBy(const Network& network, const Adjustment& adjustment,
-                                       const Eigen::VectorXd& nullVector) {
-    std::vector<std::string> words;
-    const double bound = 1e-3 * nullVector.cwiseAbs().maxCoeff();
-    for (int unknown = 0; unknown < adjustment.unknowns.Count(); ++unknown) {
-        const UnknownOf& of = adjustment.unknowns.of[At(unknown)];
-        if (!IsCoordinate(of) && std::abs(nullVector(unknown)) > bound)
-            words.push_back(UnknownInWords(network, adjustment.structure, of));
+// The iterations by the type of the adjustment. Where least squares does not converge, the failure names the
+// observations without which it does.
+void IterateByType(const Network& network, Adjustment& adjustment, SparseCholesky& cholesky,
+                   NormalMatrix& normals) {
+    try {
+        if (adjustment.type == Type::Dense)
+            IterateDense(network, adjustment, adjustment.parameters);
+        else if (adjustment.type == Type::L1Norm)
+            IterateL1(network, adjustment, cholesky, normals, adjustment.parameters);
+        else
+            IterateSparse(network, adjustment, cholesky, normals, adjustment.parameters);
+    } catch (Failure& failure) {
+        if (failure.number != ErrorNumber::NoConvergence || adjustment.type == Type::L1Norm)
+            throw;
+        SnoopFromStart(network, adjustment, cholesky, normals);
+        if (!adjustment.snooping.suspects.empty())
+            failure.details.push_back(
+                "Without these observations it converges; the errors suspected in them:");
+        for (const Suspect& suspect : adjustment.snooping.suspects)
+            failure.details.push_back(SuspectInWords(network, adjustment, suspect));
+        throw;
     }
-    return words;
-}
-
-// A network whose normal equations are singular although the datum is set: names the points that move freely,
-// or else the other unknowns that do.
-void CheckRank(const Network& network, const Adjustment& adjustment, SparseCholesky& cholesky,
-               const NormalMatrix& normals) {
-    const Pivot pivot = Factorise(cholesky, normals);
-    if (pivot.least > kDoubtfulPivot)
-        return;
-    const Eigen::MatrixXd vectors = NullVectors(cholesky, normals);
-    std::vector<int> points;
-    std::vector<std::string> others;
-    for (Eigen::Index i = 0; i < vectors.cols(); ++i) {
-        Eigen::VectorXd nullVector = Eigen::VectorXd::Zero(adjustment.unknowns.Count());
-        for (int row = 0; row < normals.size; ++row)
-            nullVector(normals.unknownOf[At(row)]) = vectors(row, i);
-        const std::vector<int> moved = PointsMovedBy(nullVector, adjustment.datum, adjustment.unknowns);
-        points.insert(points.end(), moved.begin(), moved.end());
-        if (moved.empty()) {
-            const auto words = OthersMovedBy(network, adjustment, nullVector);
-            others.insert(others.end(), words.begin(), words.end());
-        }
-    }
-    SortOut(points);
-    SortOut(others);
-    if (!points.empty())
-        throw Failure(ErrorNumber::UndeterminedPoints,
-                      "The observations leave points free to move; the normal equations are singular.",
-                      {NameList(network, points, 1000)});
-    if (!others.empty())
-        throw Failure(ErrorNumber::Singular, "The observations do not determine these unknowns:", others);
-    if (pivot.least > 1e-14)
-        return;
-    const UnknownOf& of = adjustment.unknowns.of[At(normals.unknownOf[At(pivot.row)])];
-    throw Failure(ErrorNumber::Singular, "The normal equations cannot be solved.",
-                  {"unknown: " + UnknownInWords(network, adjustment.structure, of)});
 }
 
 void CheckFinite(const Adjustment& adjustment) {
@@ -120,20 +90,20 @@ Adjustment Adjust(const Network& network, Type type, const Parameters& parameter
     SparseCholesky cholesky;
     Analyse(cholesky, normals);
     FillNormals(normals, adjustment.structure, adjustment.unknowns, adjustment.state, {});
-    CheckRank(network, adjustment, cholesky, normals);
+    const double leastPivot = CheckRank(network, adjustment, cholesky, normals);
 
-    if (type == Type::Dense)
-        IterateDense(network, adjustment, parameters);
-    else if (type == Type::L1Norm)
-        IterateL1(network, adjustment, cholesky, normals, parameters);
-    else
-        IterateSparse(network, adjustment, cholesky, normals, parameters);
+    IterateByType(network, adjustment, cholesky, normals);
 
     if (type == Type::SparseInverse)
         SparseCofactors(network, adjustment, cholesky, normals);
     else if (type == Type::Dense)
         DenseCofactors(network, adjustment);
     CheckFinite(adjustment);
+    NoteWeakPoints(network, adjustment, cholesky, normals, leastPivot);
+    if (adjustment.hasCofactors)
+        Snoop(network, adjustment, cholesky, normals);
+    else if (type == Type::L1Norm)
+        KeepLargestResiduals(adjustment);
     return adjustment;
 }
 

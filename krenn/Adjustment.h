@@ -36,6 +36,25 @@ struct Cofactors {
     std::vector<std::array<double, 6>> pair;      // per relative pair: of the coordinate differences
 };
 
+// An observation suspected of a gross error.
+struct Suspect {
+    int measure;
+    double size;                    // estimated error of the observation, in radians or meters
+    double w;                       // its standardised residual with all other suspects left out
+    std::vector<int> alternatives;  // measures whose error would show nearly alike, likest first
+};
+
+// What the search for gross errors found (Snooping.h).
+struct Snooping {
+    bool isMade = false;            // some |w| gave cause for it
+    double critical = 0;            // of |w|
+    std::vector<Suspect> suspects;  // largest |w| first
+    bool isComplete = true;         // no |w| above the critical value is left without them
+    bool isSettled = true;          // the network without them is where the search took it to be
+    int redundancy = 0;             // without them
+    double m0 = 1;                  // without them; 1 at redundancy 0
+};
+
 struct Adjustment {
     Type type = Type::SparseInverse;
     Parameters parameters;
@@ -50,6 +69,8 @@ struct Adjustment {
     double sumOfSquares = 0;       // of v / sigma
     bool hasCofactors = false;
     Cofactors cofactors;
+    Snooping snooping;
+    std::vector<int> weakPoints;  // points that `notes` call badly held (WeakPoints.h)
     std::vector<std::string> notes;
 
     // Observations minus unknowns plus defect.

@@ -80,6 +80,13 @@ void FindCorrelations(const Adjustment& adjustment, const Statistics& statistics
 
 // What the worst observation is suspected of, as a part of a sentence.
 std::string Suspicion(const Network& network, const Adjustment& adjustment, const Statistics& statistics) {
+    if (!adjustment.snooping.suspects.empty()) {
+        const Suspect& suspect = adjustment.snooping.suspects.front();
+        const Measure& measure = adjustment.structure.measures[At(suspect.measure)];
+        return fmt::format("{}, is suspected of a gross error of {} {} (w = {})", Describe(network, measure),
+                           Fixed(suspect.size * ResidualUnit(measure.kind), 0, 2),
+                           ResidualUnitName(measure.kind), Fixed(suspect.w, 0, 2));
+    }
     const Measure& measure = adjustment.structure.measures[At(statistics.worst)];
     const double error = SuspectedError(adjustment, statistics, At(statistics.worst));
     return fmt::format("{}, is suspected of a gross error of {} {} (w = {})", Describe(network, measure),
@@ -122,6 +129,8 @@ std::string LargestKind(const Statistics& statistics) {
 // m0 if the worst observation were not there: its square of w leaves the sum of squares. 0 where it is not
 // known.
 double M0WithoutWorst(const Adjustment& adjustment, const Statistics& statistics) {
+    if (adjustment.snooping.suspects.size() == 1 && adjustment.snooping.redundancy > 0)
+        return adjustment.snooping.m0;
     if (!statistics.isStandardised || statistics.worst < 0 || statistics.redundancy < 2)
         return 0;
     const double w = statistics.standardised[At(statistics.worst)];
@@ -145,14 +154,21 @@ void JudgeLeastSquares(const Network& network, const Adjustment& adjustment, con
     const double without = M0WithoutWorst(adjustment, statistics);
     const double largest =
         statistics.worst >= 0 ? std::abs(statistics.standardised[At(statistics.worst)]) : 0;
+    const std::size_t suspects = adjustment.snooping.suspects.size();
     judgement.hasSuspect =
-        IsBeyondChance(statistics) && (largest > statistics.critical * std::max(1.0, statistics.typicalW) ||
-                                       (isTooLarge && without <= statistics.highest));
+        suspects > 0 ||
+        (IsBeyondChance(statistics) && (largest > statistics.critical * std::max(1.0, statistics.typicalW) ||
+                                        (isTooLarge && without <= statistics.highest)));
     if (judgement.hasSuspect) {
         judgement.doubts.push_back(fmt::format("{}. Check it, or take it out and adjust again.{}",
                                                Capitalised(Suspicion(network, adjustment, statistics)),
-                                               WhatRemains(statistics, without)));
-        if (statistics.flagged > 1)
+                                               suspects > 1 ? "" : WhatRemains(statistics, without)));
+        if (suspects > 1)
+            judgement.doubts.push_back(fmt::format(
+                "{} observations are flagged; errors of {} of them explain it, and m0 without those would be "
+                "{:.2f}: see Suspected gross errors.",
+                statistics.flagged, suspects, adjustment.snooping.m0));
+        else if (statistics.flagged > 1)
             judgement.doubts.push_back(fmt::format(
                 "{} observations are flagged. Take out the largest first and adjust again: one gross "
                 "error smears into the residuals of others. Type -1 leaves gross errors whole.",
@@ -209,6 +225,10 @@ void RemarkOnPoints(const Network& network, const Adjustment& adjustment, const 
             "{} point{} {} on observations that no other checks; an error of theirs does not show: {}.",
             count, Plural(count), count == 1 ? "rests" : "rest", names));
     }
+    if (!adjustment.weakPoints.empty())
+        judgement.remarks.push_back(fmt::format("Notes under Datum tell how badly held {} {}.",
+                                                NameList(network, adjustment.weakPoints, kNamesShown),
+                                                adjustment.weakPoints.size() == 1 ? "is" : "are"));
     if (!judgement.poorlyHeld.empty())
         judgement.remarks.push_back(
             fmt::format("{} point{} {} poorly held, with deviations more than {:.0f} times the median: {}.",

@@ -24,8 +24,8 @@ std::string GoodListing(const RunHeader& run, const Network& network, const Adju
     PrintRun(page, run);
     for (const auto print :
          {PrintSummary, PrintInput, PrintDatum, PrintIterations, PrintSolution, PrintCoordinates,
-          PrintResults, PrintOtherUnknowns, PrintResiduals, PrintErrorSummary, PrintWorst, PrintRelative,
-          PrintCorrelations, PrintDeviations})
+          PrintResults, PrintOtherUnknowns, PrintResiduals, PrintErrorSummary, PrintWorst, PrintSuspects,
+          PrintRelative, PrintCorrelations, PrintDeviations})
         print(page, report);
     return std::move(page.text);
 }

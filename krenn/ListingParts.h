@@ -32,6 +32,7 @@ void PrintOtherUnknowns(Page& page, const Report& report);
 void PrintResiduals(Page& page, const Report& report);
 void PrintErrorSummary(Page& page, const Report& report);
 void PrintWorst(Page& page, const Report& report);
+void PrintSuspects(Page& page, const Report& report);
 void PrintRelative(Page& page, const Report& report);
 void PrintCorrelations(Page& page, const Report& report);
 void PrintDeviations(Page& page, const Report& report);

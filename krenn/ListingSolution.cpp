@@ -68,13 +68,14 @@ void PrintLocalTest(Page& page, const Report& report) {
                   Describe(report.network, report.adjustment.structure.measures[At(statistics.worst)]));
     }
     if (report.judgement.hasSuspect) {
-        const Measure& measure = report.adjustment.structure.measures[At(statistics.worst)];
+        const auto& suspects = report.adjustment.snooping.suspects;
+        const std::size_t worst = At(suspects.empty() ? statistics.worst : suspects.front().measure);
+        const Measure& measure = report.adjustment.structure.measures[worst];
+        const double error =
+            suspects.empty() ? SuspectedError(report.adjustment, statistics, worst) : suspects.front().size;
         page.Line("  largest suspected gross error: {}", Describe(report.network, measure));
         page.Line("    estimated error of the observation: {} {}",
-                  Fixed(SuspectedError(report.adjustment, statistics, At(statistics.worst)) *
-                            ResidualUnit(measure.kind),
-                        1, 2),
-                  ResidualUnitName(measure.kind));
+                  Fixed(error * ResidualUnit(measure.kind), 1, 2), ResidualUnitName(measure.kind));
     }
 }
 

@@ -10,7 +10,7 @@ namespace {
 constexpr double kShift = 1e-9;
 constexpr double kNullQuotient = 1e-13;  // of the scaled matrix, whose largest entries are 1
 constexpr int kSweeps = 6;
-constexpr Eigen::Index kMostVectors = 24;
+constexpr int kMostVectors = 24;
 
 // Numbers in [-1, 1] that are the same in every run.
 struct Mixer {
@@ -52,7 +52,8 @@ Eigen::MatrixXd TimesScaled(const NormalMatrix& normals, const Eigen::VectorXd& 
     return product;
 }
 
-// moved - G c with the least sum of absolute values, by reweighted least squares.
+}  // namespace
+
 Eigen::VectorXd SparsestRest(const Eigen::MatrixXd& movement, const Eigen::VectorXd& moved) {
     Eigen::VectorXd rest = moved;
     const double floor = 1e-9 * moved.cwiseAbs().maxCoeff() + 1e-300;
@@ -64,13 +65,11 @@ Eigen::VectorXd SparsestRest(const Eigen::MatrixXd& movement, const Eigen::Vecto
     return rest;
 }
 
-}  // namespace
-
-Eigen::MatrixXd NullVectors(SparseCholesky& cholesky, const NormalMatrix& normals) {
+SmallVectors FindSmallVectors(SparseCholesky& cholesky, const NormalMatrix& normals, int most) {
     if (Factorise(cholesky, normals, kShift).least <= 0)
-        return Eigen::MatrixXd(normals.size, 0);
+        return {Eigen::MatrixXd(normals.size, 0), {}};
     const Eigen::VectorXd scale = ScaleOf(normals);
-    const Eigen::Index count = std::min<Eigen::Index>(kMostVectors, normals.size);
+    const Eigen::Index count = std::min(most, normals.size);
     Eigen::MatrixXd vectors(normals.size, count);
     Mixer mixer;
     for (double& entry : vectors.reshaped())
@@ -83,36 +82,50 @@ Eigen::MatrixXd NullVectors(SparseCholesky& cholesky, const NormalMatrix& normal
     vectors = Orthonormal(vectors);
     const Eigen::MatrixXd quotient = vectors.transpose() * TimesScaled(normals, scale, vectors);
     const Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd> eigen(0.5 * (quotient + quotient.transpose()));
+    return {scale.asDiagonal() * (vectors * eigen.eigenvectors()), eigen.eigenvalues()};
+}
+
+Eigen::MatrixXd NullVectors(SparseCholesky& cholesky, const NormalMatrix& normals) {
+    const SmallVectors small = FindSmallVectors(cholesky, normals, kMostVectors);
     Eigen::Index found = 0;
-    while (found < count && std::abs(eigen.eigenvalues()(found)) < kNullQuotient)
+    while (found < small.quotient.size() && std::abs(small.quotient(found)) < kNullQuotient)
         ++found;
-    return scale.asDiagonal() * (vectors * eigen.eigenvectors().leftCols(found));
+    return small.column.leftCols(found);
+}
+
+Eigen::VectorXd WithoutMovement(const Eigen::VectorXd& vector, const Datum& datum, const Unknowns& unknowns) {
+    Eigen::VectorXd result = Eigen::VectorXd::Zero(vector.size());
+    for (const PartDatum& part : datum.parts) {
+        const auto size = static_cast<Eigen::Index>(part.unknowns.size());
+        Eigen::VectorXd moved = Eigen::VectorXd::Zero(size);
+        Eigen::MatrixXd movement = part.movement;
+        for (Eigen::Index i = 0; i < size; ++i) {
+            const int unknown = part.unknowns[static_cast<std::size_t>(i)];
+            if (IsCoordinate(unknowns.of[static_cast<std::size_t>(unknown)]))
+                moved(i) = vector(unknown);
+            else if (part.defect > 0)
+                movement.row(i).setZero();
+        }
+        const Eigen::VectorXd rest = part.defect > 0 ? SparsestRest(movement, moved) : moved;
+        for (Eigen::Index i = 0; i < size; ++i)
+            result(part.unknowns[static_cast<std::size_t>(i)]) = rest(i);
+    }
+    return result;
 }
 
 std::vector<int> PointsMovedBy(const Eigen::VectorXd& nullVector, const Datum& datum,
                                const Unknowns& unknowns) {
     std::vector<int> points;
     const double most = nullVector.cwiseAbs().maxCoeff();
+    const Eigen::VectorXd rest = WithoutMovement(nullVector, datum, unknowns);
     for (const PartDatum& part : datum.parts) {
-        const auto size = static_cast<Eigen::Index>(part.unknowns.size());
-        Eigen::VectorXd moved(size);
-        for (Eigen::Index i = 0; i < size; ++i) {
-            const int unknown = part.unknowns[static_cast<std::size_t>(i)];
-            const bool isCoordinate = IsCoordinate(unknowns.of[static_cast<std::size_t>(unknown)]);
-            moved(i) = isCoordinate ? nullVector(unknown) : 0.0;
-        }
-        Eigen::MatrixXd movement = part.movement;
-        for (Eigen::Index i = 0; i < size && part.defect > 0; ++i) {
-            if (!IsCoordinate(
-                    unknowns.of[static_cast<std::size_t>(part.unknowns[static_cast<std::size_t>(i)])]))
-                movement.row(i).setZero();
-        }
-        const Eigen::VectorXd rest = part.defect > 0 ? SparsestRest(movement, moved) : moved;
-        const double bound = 1e-3 * std::max(rest.cwiseAbs().maxCoeff(), 1e-3 * most);
-        for (Eigen::Index i = 0; i < size; ++i) {
-            if (std::abs(rest(i)) > bound)
-                points.push_back(
-                    unknowns.of[static_cast<std::size_t>(part.unknowns[static_cast<std::size_t>(i)])].point);
+        double largest = 0;
+        for (const int unknown : part.unknowns)
+            largest = std::max(largest, std::abs(rest(unknown)));
+        const double bound = 1e-3 * std::max(largest, 1e-3 * most);
+        for (const int unknown : part.unknowns) {
+            if (std::abs(rest(unknown)) > bound)
+                points.push_back(unknowns.of[static_cast<std::size_t>(unknown)].point);
         }
     }
     return points;

@@ -4,8 +4,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <numbers>
+
 #include "krenn/Adjustment.h"
+#include "krenn/Errors.h"
 #include "krenn/InputReader.h"
+#include "krenn/RankCheck.h"
+#include "krenn/Statistics.h"
 #include "tests/krenn/RandomNetwork.h"
 
 namespace {
@@ -148,6 +154,238 @@ TEST(FindDatum, OneGivenPointLeavesTheRotationToAllPoints) {
         const std::size_t last = network.points.size() - 1;
         for (std::size_t axis = 0; axis < 3; ++axis)
             EXPECT_NEAR(adjustment.state.at[last][axis], adjustment.start.at[last][axis], 1e-9);
+    }
+}
+
+// Unknowns less the rank of the design matrix with all unknowns free, its columns at length 1.
+int DefectOfTheDesign(const Adjustment& adjustment) {
+    const auto& measures = adjustment.structure.measures;
+    const int unknowns = adjustment.unknowns.Count();
+    Eigen::MatrixXd design = Eigen::MatrixXd::Zero(static_cast<Eigen::Index>(measures.size()), unknowns);
+    for (std::size_t m = 0; m < measures.size(); ++m) {
+        const Partials partials = ComputePartials(measures[m], adjustment.state);
+        const auto numbers = UnknownsOf(measures[m], adjustment.unknowns);
+        for (std::size_t i = 0; i < kTerms; ++i) {
+            if (numbers[i] >= 0)
+                design(static_cast<Eigen::Index>(m), numbers[i]) += partials.by[i] / measures[m].sigma;
+        }
+    }
+    for (auto column : design.colwise())
+        column /= std::max(column.norm(), 1e-300);
+    const Eigen::JacobiSVD<Eigen::MatrixXd> svd(design);
+    return unknowns - static_cast<int>((svd.singularValues().array() > 1e-9).count());
+}
+
+double PivotWithHeld(const Adjustment& adjustment, const std::vector<int>& held) {
+    NormalMatrix normals = MakePattern(adjustment.structure, adjustment.unknowns, held, {});
+    FillNormals(normals, adjustment.structure, adjustment.unknowns, adjustment.state, {});
+    SparseCholesky cholesky;
+    Analyse(cholesky, normals);
+    return Factorise(cholesky, normals).least;
+}
+
+// The defect is that of the observations themselves, the factor knows it, and the unknowns that are held take
+// it out with not one too many.
+void ExpectDefect(const std::string& text, const Parameters& parameters, int defect,
+                  const std::string& what) {
+    const Adjustment adjustment = Adjust(ReadInput(text), Type::Sparse, parameters);
+    EXPECT_EQ(adjustment.datum.Defect(), defect) << what;
+    EXPECT_EQ(DefectOfTheDesign(adjustment), defect) << what;
+    std::vector<int> held;
+    for (const PartDatum& part : adjustment.datum.parts)
+        held.insert(held.end(), part.held.begin(), part.held.end());
+    ASSERT_EQ(static_cast<int>(held.size()), defect) << what;
+    EXPECT_GT(PivotWithHeld(adjustment, held), kDoubtfulPivot) << what;
+    if (defect > 0) {
+        held.pop_back();
+        EXPECT_LT(PivotWithHeld(adjustment, held), kDoubtfulPivot) << what;
+    }
+}
+
+TEST(Defect, IsThatOfTheObservationsInEveryKindOfNetwork) {
+    for (unsigned seed = 1; seed <= 6; ++seed) {
+        NetworkSpec spec;
+        spec.seed = seed;
+        spec.sightsPerStation = 8;
+        for (const int dimension : {1, 2, 3}) {
+            spec.dimension = dimension;
+            const std::array<int, 4> movements{0, 1, 3, 4};
+            spec.fixed = 0;
+            const int free = movements[static_cast<std::size_t>(dimension)];
+            const std::string what = fmt::format("seed {}, dimension {}", seed, dimension);
+            ExpectDefect(MakeNetwork(spec).text.Text(), {}, free, what);
+            spec.fixed = 1;
+            ExpectDefect(MakeNetwork(spec).text.Text(), {}, dimension == 1 ? 0 : 1, what + ", one fixed");
+            spec.fixed = 2;
+            ExpectDefect(MakeNetwork(spec).text.Text(), {}, 0, what + ", two fixed");
+            if (dimension == 1)
+                continue;
+            spec.fixed = 0;
+            spec.distances = false;
+            ExpectDefect(MakeNetwork(spec).text.Text(), {}, free + 1, what + ", angles alone");
+            spec.distances = true;
+            if (dimension == 2) {
+                spec.directions = false;
+                spec.stations = 7;
+                ExpectDefect(MakeNetwork(spec).text.Text(), {}, 3, what + ", distances alone");
+                spec.directions = true;
+                spec.stations = 5;
+            }
+        }
+    }
+}
+
+TEST(Defect, CountsWhatTheUnknownsOfTheWholeNetworkLeaveFree) {
+    for (unsigned seed = 1; seed <= 4; ++seed) {
+        NetworkSpec spec;
+        spec.seed = seed;
+        spec.sightsPerStation = 8;
+        const std::string text = MakeNetwork(spec).text.Text();
+        const auto expect = [&](auto change, int defect, const std::string& what) {
+            Parameters parameters;
+            change(parameters);
+            ExpectDefect(text, parameters, defect, fmt::format("{}, seed {}", what, seed));
+        };
+        expect([](Parameters& p) { p.scale = true; }, 5, "scale");
+        expect([](Parameters& p) { p.zeroPoint = true; }, 4, "zero point");
+        expect([](Parameters& p) { p.scale = p.zeroPoint = true; }, 5, "scale and zero point");
+        expect([](Parameters& p) { p.curvature = true; }, 4, "curvature");
+        expect([](Parameters& p) { p.refraction = RefractionModel::Given; }, 4, "given refraction");
+        expect([](Parameters& p) { p.refraction = RefractionModel::Estimated; }, 4, "estimated refraction");
+        expect(
+            [](Parameters& p) {
+                p.zeroPoint = p.curvature = true;
+                p.refraction = RefractionModel::Estimated;
+            },
+            4, "zero point, curvature and refraction");
+    }
+}
+
+// Readings of instruments that stand upright; a tracker is not told so.
+std::string TrackerText(int trackers, int levelled) {
+    InputText text;
+    const std::vector<std::array<double, 3>> places{{0, 0, 0},    {20, 3, 1},   {11, 19, 3},
+                                                    {-9, 14, -2}, {5, 9, 6},    {-14, -3, 2},
+                                                    {7, -12, 4},  {16, -8, -3}, {2, 25, -1}};
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const auto name = "P" + std::to_string(i + 1);
+        text.points.push_back(InputText::Given(name, places[i][0], places[i][1], places[i][2]));
+        if (static_cast<int>(i) >= trackers + levelled)
+            continue;
+        for (std::size_t k = 0; k < places.size(); ++k) {
+            if (k == i)
+                continue;
+            const auto other = "P" + std::to_string(k + 1);
+            text.distances.push_back(fmt::format("{} {} {:.6f} 0.0001{}\r\n", name, other,
+                                                 SlopeLength(places[i], places[k]),
+                                                 static_cast<int>(i) < trackers ? "   T" : ""));
+            text.Angles(name, other, AzimuthGons(places[i], places[k]), ZenithGons(places[i], places[k]),
+                        0.001);
+        }
+    }
+    return text.Text();
+}
+
+TEST(Defect, HasTheTiltsOnlyWhereNoInstrumentIsLevelled) {
+    Parameters parameters;
+    parameters.tracker = TrackerModel::Rotations;
+    ExpectDefect(TrackerText(2, 0), parameters, 6, "trackers");
+    ExpectDefect(TrackerText(1, 1), parameters, 4, "a tracker beside a levelled instrument");
+    ExpectDefect(TrackerText(2, 0), {}, 4, "trackers taken as levelled");
+    Parameters scaled = parameters;
+    scaled.scale = true;
+    ExpectDefect(TrackerText(2, 0), scaled, 7, "trackers with a scale");
+    ExpectDefect(TrackerText(1, 1), scaled, 5, "two meters with a scale each, tied to each other");
+}
+
+TEST(Defect, IsTheSumOverUnconnectedParts) {
+    NetworkSpec spec;
+    spec.sightsPerStation = 8;
+    InputText both = MakeNetwork(spec).text;
+    both.Height("L1", "L2", 1.000, 0.001);
+    both.Height("L2", "L3", 1.000, 0.001);
+    both.Height("L3", "L1", -2.003, 0.001);
+    ExpectDefect(both.Text(), {}, 5, "with a loop of heights");
+    Parameters scaled;
+    scaled.scale = true;
+    ExpectDefect(both.Text(), scaled, 6, "with a scale");
+}
+
+// Renames every point of a network so that two can stand in one file.
+InputText Renamed(const NetworkSpec& spec, const std::string& prefix) {
+    InputText text = MakeNetwork(spec).text;
+    for (auto* rows : {&text.stations, &text.points}) {
+        for (std::string& row : *rows)
+            row = prefix + (row.size() > 20 ? row.substr(0, 8) + row.substr(9) : row);
+    }
+    for (auto* rows : {&text.distances, &text.angles}) {
+        for (std::string& row : *rows)
+            row = prefix + row.substr(0, 9) + prefix + row.substr(10, 9) + row.substr(20);
+    }
+    return text;
+}
+
+TEST(Parts, AreAdjustedAsIfEachWereAlone) {
+    NetworkSpec spec;
+    spec.sightsPerStation = 8;
+    const InputText first = Renamed(spec, "A");
+    spec.seed = 2;
+    spec.given = 4;
+    const InputText second = Renamed(spec, "B");
+    InputText both = first;
+    for (const auto& [to, from] : {std::pair{&both.stations, &second.stations},
+                                   {&both.points, &second.points},
+                                   {&both.distances, &second.distances},
+                                   {&both.angles, &second.angles}})
+        to->insert(to->end(), from->begin(), from->end());
+    for (const Type type : {Type::Sparse, Type::SparseInverse, Type::Dense, Type::L1Norm}) {
+        const Network together = ReadInput(both.Text());
+        const Adjustment whole = Adjust(together, type);
+        EXPECT_EQ(whole.structure.parts, 2);
+        double squares = 0;
+        int redundancy = 0;
+        for (const InputText& text : {first, second}) {
+            const Network network = ReadInput(text.Text());
+            const Adjustment alone = Adjust(network, type);
+            squares += alone.sumOfSquares;
+            redundancy += alone.Redundancy();
+            for (std::size_t p = 0; p < network.points.size(); ++p) {
+                std::size_t same = 0;
+                while (together.points[same].name != network.points[p].name)
+                    ++same;
+                for (std::size_t axis = 0; axis < 3; ++axis)
+                    EXPECT_NEAR(whole.state.at[same][axis] + whole.state.origin[axis],
+                                alone.state.at[p][axis] + alone.state.origin[axis],
+                                type == Type::L1Norm ? 1e-6 : 1e-8);
+                for (std::size_t i = 0; i < 6 && alone.hasCofactors; ++i)
+                    EXPECT_NEAR(whole.cofactors.point[same][i], alone.cofactors.point[p][i],
+                                1e-7 * alone.cofactors.point[p][0]);
+            }
+        }
+        EXPECT_EQ(whole.Redundancy(), redundancy);
+        if (type != Type::L1Norm) {
+            EXPECT_NEAR(whole.sumOfSquares, squares, 1e-6 * squares);
+            EXPECT_NEAR(Evaluate(together, whole).m0, std::sqrt(squares / redundancy), 1e-6);
+        }
+    }
+}
+
+TEST(Parts, AreRefusedByNameWhenToldTo) {
+    NetworkSpec spec;
+    InputText text = MakeNetwork(spec).text;
+    text.Height("L1", "L2", 1.000, 0.001);
+    text.Height("M1", "M2", 1.000, 0.001);
+    Parameters parameters;
+    parameters.parts = PartsRule::Refuse;
+    try {
+        Adjust(ReadInput(text.Text()), Type::SparseInverse, parameters);
+        FAIL();
+    } catch (const Failure& failure) {
+        EXPECT_EQ(failure.number, ErrorNumber::UnconnectedParts);
+        ASSERT_EQ(failure.details.size(), 3U);
+        EXPECT_THAT(failure.details[0], testing::HasSubstr("9 points: S1, S2"));
+        EXPECT_THAT(failure.details[1], testing::HasSubstr("L1, L2"));
+        EXPECT_THAT(failure.details[2], testing::HasSubstr("M1, M2"));
     }
 }
 
