@@ -89,9 +89,30 @@ std::string Suspicion(const Network& network, const Adjustment& adjustment, cons
     }
     const Measure& measure = adjustment.structure.measures[At(statistics.worst)];
     const double error = SuspectedError(adjustment, statistics, At(statistics.worst));
-    return fmt::format("{}, is suspected of a gross error of {} {} (w = {})", Describe(network, measure),
+    return fmt::format("{}, is suspected of a gross error of {} {} ({} = {})", Describe(network, measure),
                        Fixed(error * ResidualUnit(measure.kind), 0, 2), ResidualUnitName(measure.kind),
+                       statistics.isStandardised ? "w" : "v/sigma",
                        Fixed(statistics.standardised[At(statistics.worst)], 0, 2));
+}
+
+// Observations whose w is as large: an error of any of them would look the same.
+std::string LooksTheSame(const Network& network, const Adjustment& adjustment, const Statistics& statistics) {
+    constexpr std::size_t kLinesShown = 10;
+    const double most = std::abs(statistics.standardised[At(statistics.worst)]);
+    std::string lines;
+    std::size_t count = 0;
+    for (std::size_t m = 0; m < statistics.standardised.size(); ++m) {
+        if (static_cast<int>(m) == statistics.worst || std::abs(statistics.standardised[m]) < 0.999 * most)
+            continue;
+        if (++count <= kLinesShown)
+            lines += fmt::format("{}{}", count > 1 ? ", " : "",
+                                 network.observations[At(adjustment.structure.measures[m].observation)].line);
+    }
+    if (count == 0 || !statistics.isStandardised)
+        return {};
+    return fmt::format(
+        " The network cannot tell it from {} other observation{} with a w as large (line{} {}{}).", count,
+        Plural(count), Plural(count), lines, count > kLinesShown ? ", ..." : "");
 }
 
 double ExpectedByChance(const Statistics& statistics) {
@@ -160,8 +181,9 @@ void JudgeLeastSquares(const Network& network, const Adjustment& adjustment, con
         (IsBeyondChance(statistics) && (largest > statistics.critical * std::max(1.0, statistics.typicalW) ||
                                         (isTooLarge && without <= statistics.highest)));
     if (judgement.hasSuspect) {
-        judgement.doubts.push_back(fmt::format("{}. Check it, or take it out and adjust again.{}",
+        judgement.doubts.push_back(fmt::format("{}. Check it, or take it out and adjust again.{}{}",
                                                Capitalised(Suspicion(network, adjustment, statistics)),
+                                               suspects > 0 ? "" : LooksTheSame(network, adjustment, statistics),
                                                suspects > 1 ? "" : WhatRemains(statistics, without)));
         if (suspects > 1)
             judgement.doubts.push_back(fmt::format(
@@ -198,15 +220,17 @@ void JudgeLeastSquares(const Network& network, const Adjustment& adjustment, con
 void JudgeLeastSum(const Network& network, const Adjustment& adjustment, const Statistics& statistics,
                    Judgement& judgement) {
     judgement.hasSuspect = statistics.flagged > 0;
-    if (judgement.hasSuspect)
-        judgement.doubts.push_back(fmt::format(
-            "{}. {} v/sigma above {:.2f}; the L1 norm leaves gross errors whole. Take them out, the largest "
-            "first, and adjust with type 1.",
-            Capitalised(Suspicion(network, adjustment, statistics)),
-            statistics.flagged == 1
-                ? "It is the only observation with"
-                : fmt::format("It is the largest of {} observations with", statistics.flagged),
-            statistics.critical));
+    if (!judgement.hasSuspect)
+        return;
+    const std::string others =
+        statistics.flagged == 1
+            ? fmt::format("No other observation has a v/sigma above {:.2f}.", statistics.critical)
+            : fmt::format("{} observations have a v/sigma above {:.2f}.", statistics.flagged,
+                          statistics.critical);
+    judgement.doubts.push_back(fmt::format(
+        "{}. {} The L1 norm leaves gross errors whole: take them out, the largest first, and adjust with "
+        "type 1.",
+        Capitalised(Suspicion(network, adjustment, statistics)), others));
 }
 
 void RemarkOnPoints(const Network& network, const Adjustment& adjustment, const Statistics& statistics,

@@ -164,7 +164,7 @@ std::vector<GlobalValue> GlobalValues(const Adjustment& adjustment) {
 void PrintGlobals(Page& page, const Report& report) {
     const Adjustment& adjustment = report.adjustment;
     const int firstGlobal = adjustment.unknowns.Count() - adjustment.unknowns.globals;
-    page.Line("  {:<44} {:>12} {:>5}{}", "Of the whole network", "value", "",
+    page.Line("  {:<48} {:>12} {:>5}{}", "Of the whole network", "value", "",
               adjustment.hasCofactors ? "     deviation   value/deviation" : "");
     for (const GlobalValue& global : GlobalValues(adjustment)) {
         std::string deviation;
@@ -179,7 +179,7 @@ void PrintGlobals(Page& page, const Report& report) {
                                         : "does not differ from 0 significantly");
         }
         page.Line(
-            "  {:<44} {} {:<5}{}",
+            "  {:<48} {} {:<5}{}",
             UnknownInWords(report.network, adjustment.structure, adjustment.unknowns.of[At(global.unknown)]),
             Fixed(global.value * global.unit, 12, 4), global.unitName, deviation);
     }

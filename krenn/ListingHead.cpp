@@ -160,7 +160,7 @@ void PrintDatum(Page& page, const Report& report) {
     if (parts.size() > kPartsShown)
         page.Line("  ({} more parts)", parts.size() - kPartsShown);
     if (!adjustment.computedStarts.empty())
-        page.Paragraph("  ", fmt::format("Start positions computed from the observations: {} points ({}).",
+        page.Paragraph("  ", fmt::format("Start positions computed from the observations: {} ({}).",
                                          adjustment.computedStarts.size(),
                                          NameList(report.network, adjustment.computedStarts, kNamesShown)));
     for (const auto* notes : {&report.network.notes, &adjustment.notes}) {

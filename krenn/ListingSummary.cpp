@@ -82,7 +82,7 @@ std::string CheckedOf(const Report& report) {
     int poorly = 0;
     for (const KindStatistics& kind : report.statistics.kinds)
         poorly += kind.poorlyChecked;
-    return fmt::format("{} observations by no other (r below {}), {} poorly (r below {}); points: {}",
+    return fmt::format("observations: {} by no other (r below {}), {} poorly (r below {}); points: {}",
                        report.statistics.notChecked, kNotChecked, poorly, kPoorlyChecked,
                        report.statistics.redundancy > 0
                            ? fmt::format("{}", report.judgement.uncheckedPoints.size())
@@ -108,7 +108,7 @@ void PrintSummary(Page& page, const Report& report) {
                           Significant(adjustment.iterations.back().largest, 0)));
     Entry(page, "worst", WorstOf(report));
     Entry(page, "flagged",
-          fmt::format("{} observations above the critical value", report.statistics.flagged));
+          fmt::format("observations above the critical value: {}", report.statistics.flagged));
     if (report.statistics.isStandardised)
         Entry(page, "not checked", CheckedOf(report));
     if (adjustment.hasCofactors)

@@ -32,6 +32,23 @@ void TestObservations(const Adjustment& adjustment, Statistics& statistics) {
     }
 }
 
+// Observations that only together have a check have one |w|, but for the last digits; of these the one with
+// the largest redundancy number needs the smallest error to explain it.
+int WorstOf(const Statistics& statistics, double most) {
+    int worst = -1;
+    double largest = -1;
+    for (std::size_t m = 0; m < statistics.standardised.size() && most > 0; ++m) {
+        if (std::abs(statistics.standardised[m]) < most * (1 - 1e-6))
+            continue;
+        const double r = statistics.isStandardised ? statistics.redundancyNumber[m] : 0;
+        if (r > largest + 1e-6) {
+            largest = r;
+            worst = static_cast<int>(m);
+        }
+    }
+    return worst;
+}
+
 void SumUpKinds(const Adjustment& adjustment, Statistics& statistics) {
     double most = 0;
     std::array<double, 5> mostOf{};
@@ -50,10 +67,7 @@ void SumUpKinds(const Adjustment& adjustment, Statistics& statistics) {
             mostOf[kindIndex] = w;
             kind.worst = static_cast<int>(m);
         }
-        if (w > most) {
-            most = w;
-            statistics.worst = static_cast<int>(m);
-        }
+        most = std::max(most, w);
         if (statistics.isStandardised) {
             const double r = statistics.redundancyNumber[m];
             kind.redundancy += r;
@@ -61,6 +75,7 @@ void SumUpKinds(const Adjustment& adjustment, Statistics& statistics) {
             kind.poorlyChecked += r >= kNotChecked && r < kPoorlyChecked ? 1 : 0;
         }
     }
+    statistics.worst = WorstOf(statistics, most);
     for (const KindStatistics& kind : statistics.kinds) {
         statistics.flagged += kind.flagged;
         statistics.notChecked += kind.notChecked;

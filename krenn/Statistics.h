@@ -80,7 +80,7 @@ struct Statistics {
     std::vector<double> redundancyNumber;  // per measure, 0 to 1; empty without cofactors
     std::vector<double> standardised;      // per measure: w
     std::vector<double> suspected;         // per measure: gross error -v / r, radians or meters; 0 if unknown
-    int worst = -1;                        // measure with the largest |w|
+    int worst = -1;                        // measure with the largest |w|; of equals that with the largest r
     int flagged = 0;                       // measures with |w| above the critical value
     int notChecked = 0;                    // measures with r below kNotChecked
     double typicalW = 0;  // median of |w| over its expectation: near 1, and hardly moved by gross errors

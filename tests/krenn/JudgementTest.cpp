@@ -71,6 +71,26 @@ TEST(Judge, NamesTheGrossErrorItsSizeAndWhatRemainsWithoutIt) {
     EXPECT_THAT(judged.judgement.doubts, Contains(HasSubstr("Take out the largest first")));
 }
 
+// A triangle of levelled lines has one check for all three, and suspects the one that needs the least error.
+TEST(Judge, SaysWhichObservationsTheNetworkCannotTellApart) {
+    InputText text;
+    text.points = {InputText::Given("A", 0, 0, 10), InputText::Named("B"), InputText::Named("C")};
+    text.fixed = {"A"};
+    text.Height("A", "B", 1, 0.001);
+    text.Height("B", "C", 2, 0.002);
+    text.Height("C", "A", -2.9, 0.001);
+    for (const Type type : {Type::SparseInverse, Type::Dense}) {
+        const Judged judged = JudgeNetwork(ReadInput(text.Text()), type);
+        EXPECT_EQ(judged.statistics.worst, 1);
+        const int line = judged.network.observations[0].line;
+        ASSERT_FALSE(judged.judgement.doubts.empty());
+        EXPECT_THAT(judged.judgement.doubts.front(), HasSubstr("error of 100.00 mm"));
+        EXPECT_THAT(
+            judged.judgement.doubts.front(),
+            HasSubstr(fmt::format("2 other observations with a w as large (lines {}, {})", line, line + 2)));
+    }
+}
+
 TEST(Judge, BlamesTheStandardErrorsWhenNoObservationStandsOut) {
     NetworkSpec spec = Braced();
     spec.noise = 2.2;

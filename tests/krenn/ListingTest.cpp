@@ -516,12 +516,12 @@ TEST(GoodListing, ShowsTheUnknownsOfTheWholeNetworkWithTheirDeviations) {
     const auto& state = printed.adjustment.state;
     const double values[]{state.meter[0].scale * 1e6, state.meter[0].zeroPoint * 1e3, state.refraction};
     for (std::size_t i = 0; i < 3; ++i) {
-        EXPECT_NEAR(std::stod(lines[i + 1].substr(46, 13)), values[i], 6e-5) << lines[i + 1];
+        EXPECT_NEAR(std::stod(lines[i + 1].substr(50, 13)), values[i], 6e-5) << lines[i + 1];
         const auto at = static_cast<Eigen::Index>(i);
         const double deviation =
             std::sqrt(printed.adjustment.cofactors.global(at, at)) * printed.statistics.m0;
         const double unit[]{1e6, 1e3, 1};
-        EXPECT_NEAR(std::stod(lines[i + 1].substr(65, 14)), deviation * unit[i], 6e-5) << lines[i + 1];
+        EXPECT_NEAR(std::stod(lines[i + 1].substr(69, 14)), deviation * unit[i], 6e-5) << lines[i + 1];
     }
 }
 
