@@ -20,16 +20,17 @@ std::size_t At(int index) {
 }
 
 // The iterations by the type of the adjustment. Where least squares does not converge, the failure names the
-// observations without which it does.
-void IterateByType(const Network& network, Adjustment& adjustment, SparseCholesky& cholesky,
-                   NormalMatrix& normals) {
+// observations without which it does. Returns the cofactors of the dense type.
+Eigen::MatrixXd IterateByType(const Network& network, Adjustment& adjustment, SparseCholesky& cholesky,
+                              NormalMatrix& normals) {
     try {
         if (adjustment.type == Type::Dense)
-            IterateDense(network, adjustment, adjustment.parameters);
-        else if (adjustment.type == Type::L1Norm)
+            return IterateDense(network, adjustment, adjustment.parameters);
+        if (adjustment.type == Type::L1Norm)
             IterateL1(network, adjustment, cholesky, normals, adjustment.parameters);
         else
             IterateSparse(network, adjustment, cholesky, normals, adjustment.parameters);
+        return {};
     } catch (Failure& failure) {
         if (failure.number != ErrorNumber::NoConvergence || adjustment.type == Type::L1Norm)
             throw;
@@ -53,13 +54,10 @@ void CheckFinite(const Adjustment& adjustment) {
         throw Failure(ErrorNumber::NotFinite, "A coordinate or a variance is not finite.");
 }
 
-}  // namespace
-
-Adjustment Adjust(const Network& network, Type type, const Parameters& parameters) {
-    Adjustment adjustment;
-    adjustment.type = type;
-    adjustment.parameters = parameters;
-    adjustment.structure = FindStructure(network, parameters);
+// Structure, start positions and unknowns.
+void Prepare(const Network& network, Adjustment& adjustment) {
+    const PhaseClock clock(adjustment.phases.approximate);
+    adjustment.structure = FindStructure(network, adjustment.parameters);
     Approximation approximation = Approximate(network, adjustment.structure);
     adjustment.start = std::move(approximation.state);
     adjustment.state = adjustment.start;
@@ -75,29 +73,57 @@ Adjustment Adjust(const Network& network, Type type, const Parameters& parameter
         adjustment.notes.push_back(
             fmt::format("The sight of line {} is plumb; its angles are left out.", line));
     adjustment.unknowns = NumberUnknowns(adjustment.structure);
-    adjustment.datum =
-        FindDatum(network, adjustment.structure, adjustment.unknowns, adjustment.state, parameters.datum);
+}
+
+NormalMatrix StartNormals(const Network& network, Adjustment& adjustment, SparseCholesky& cholesky) {
+    std::vector<int> held;
+    for (const PartDatum& part : adjustment.datum.parts)
+        held.insert(held.end(), part.held.begin(), part.held.end());
+    NormalMatrix normals;
+    {
+        const PhaseClock clock(adjustment.phases.analyse);
+        normals = MakePattern(adjustment.structure, adjustment.unknowns, held, network.relativePairs);
+        Analyse(cholesky, normals);
+    }
+    const PhaseClock clock(adjustment.phases.linearise);
+    FillNormals(normals, adjustment.structure, adjustment.unknowns, adjustment.state, {});
+    return normals;
+}
+
+}  // namespace
+
+Adjustment Adjust(const Network& network, Type type, const Parameters& parameters) {
+    Adjustment adjustment;
+    adjustment.type = type;
+    adjustment.parameters = parameters;
+    Prepare(network, adjustment);
+    {
+        const PhaseClock clock(adjustment.phases.linearise);
+        adjustment.datum =
+            FindDatum(network, adjustment.structure, adjustment.unknowns, adjustment.state, parameters.datum);
+    }
     if (type == Type::Dense && adjustment.unknowns.Count() > kMostDenseUnknowns)
         throw Failure(ErrorNumber::NetworkTooLarge,
                       fmt::format("There are {} unknowns; the dense type takes at most {}.",
                                   adjustment.unknowns.Count(), kMostDenseUnknowns));
 
-    std::vector<int> held;
-    for (const PartDatum& part : adjustment.datum.parts)
-        held.insert(held.end(), part.held.begin(), part.held.end());
-    NormalMatrix normals =
-        MakePattern(adjustment.structure, adjustment.unknowns, held, network.relativePairs);
-    SparseCholesky cholesky;
-    Analyse(cholesky, normals);
-    FillNormals(normals, adjustment.structure, adjustment.unknowns, adjustment.state, {});
-    const double leastPivot = CheckRank(network, adjustment, cholesky, normals);
+    SparseCholesky cholesky(parameters.threads);
+    NormalMatrix normals = StartNormals(network, adjustment, cholesky);
+    double leastPivot = 0;
+    {
+        const PhaseClock clock(adjustment.phases.factorise);
+        leastPivot = CheckRank(network, adjustment, cholesky, normals);
+    }
+    const Eigen::MatrixXd inverse = IterateByType(network, adjustment, cholesky, normals);
+    ConfirmDatum(adjustment.datum, adjustment.structure, adjustment.unknowns, adjustment.state);
 
-    IterateByType(network, adjustment, cholesky, normals);
-
-    if (type == Type::SparseInverse)
-        SparseCofactors(network, adjustment, cholesky, normals);
-    else if (type == Type::Dense)
-        DenseCofactors(network, adjustment);
+    {
+        const PhaseClock clock(adjustment.phases.invert);
+        if (type == Type::SparseInverse)
+            SparseCofactors(network, adjustment, cholesky, normals);
+        else if (type == Type::Dense)
+            DenseCofactors(network, adjustment, inverse);
+    }
     CheckFinite(adjustment);
     NoteWeakPoints(network, adjustment, cholesky, normals, leastPivot);
     if (adjustment.hasCofactors)

@@ -7,6 +7,7 @@
 
 #include "krenn/Approximate.h"
 #include "krenn/Datum.h"
+#include "krenn/Phases.h"
 
 namespace Krenn {
 
@@ -72,6 +73,7 @@ struct Adjustment {
     Snooping snooping;
     std::vector<int> weakPoints;  // points that `notes` call badly held (WeakPoints.h)
     std::vector<std::string> notes;
+    Phases phases;
 
     // Observations minus unknowns plus defect.
     int Redundancy() const {

@@ -138,15 +138,12 @@ std::vector<Transform> FindTransforms(const Datum& datum, const SparseCholesky& 
 }  // namespace
 
 void SparseCofactors(const Network& network, Adjustment& adjustment, SparseCholesky& cholesky,
-                     NormalMatrix& normals) {
-    FillNormals(normals, adjustment.structure, adjustment.unknowns, adjustment.state, {});
-    Factorise(cholesky, normals);
-    RenewDatum(adjustment.datum, network, adjustment.structure, adjustment.unknowns, adjustment.state);
+                     const NormalMatrix& normals) {
+    const Datum& datum = adjustment.datum;
+    const std::vector<Transform> transforms = FindTransforms(datum, cholesky, normals);
     const std::vector<double> entries = InverseEntries(cholesky, normals);
     adjustment.cofactors.measure =
         MeasureForms(normals, entries, adjustment.structure, adjustment.unknowns, adjustment.state);
-    const Datum& datum = adjustment.datum;
-    const std::vector<Transform> transforms = FindTransforms(datum, cholesky, normals);
     const auto minimal = [&](int a, int b, int offset) {
         const int rowA = normals.reducedOf[At(a)];
         const int rowB = normals.reducedOf[At(b)];
@@ -179,11 +176,8 @@ void SparseCofactors(const Network& network, Adjustment& adjustment, SparseChole
     FillBlocks(network, adjustment, normals.pairOffset, cofactor);
 }
 
-void DenseCofactors(const Network& network, Adjustment& adjustment) {
-    NormalMatrix normals = MakePattern(adjustment.structure, adjustment.unknowns, {}, {});
-    FillNormals(normals, adjustment.structure, adjustment.unknowns, adjustment.state, {});
-    RenewDatum(adjustment.datum, network, adjustment.structure, adjustment.unknowns, adjustment.state);
-    const Eigen::MatrixXd inverse = BorderedInverse(normals, adjustment.datum);
+void DenseCofactors(const Network& network, Adjustment& adjustment, const Eigen::MatrixXd& inverse) {
+    const NormalMatrix normals = MakePattern(adjustment.structure, adjustment.unknowns, {}, {});
     std::vector<double> entries(normals.row.size());
     for (int column = 0; column < normals.size; ++column) {
         for (int at = normals.columnStart[At(column)]; at < normals.columnStart[At(column) + 1]; ++at)

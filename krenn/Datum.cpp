@@ -12,6 +12,7 @@
 namespace Krenn {
 namespace {
 
+constexpr double kStillUnfelt = 1e-7;
 constexpr double kUnseenRatio = 1e-10;  // an eigenvalue below this: the given points leave the movement open
 
 std::size_t At(Eigen::Index index) {
@@ -125,11 +126,13 @@ Datum FindDatum(const Network& network, const Structure& structure, const Unknow
         if (network.points[point].isFixed && structure.roles[point].part >= 0)
             datum.parts[At(partOf(static_cast<int>(point)))].fixedPoints.push_back(static_cast<int>(point));
     }
-    const GroupFrames frames = FitFrames(structure, state);
+    datum.frames = FitFrames(structure, state);
     for (PartDatum& part : datum.parts) {
-        FreeMovements free = FindFreeMovements(part, structure, unknowns, state, frames, datum.rowOf, -1);
+        FreeMovements free = FindFreeMovements(part, structure, unknowns, state, datum.frames, datum.rowOf);
         part.movement = std::move(free.movement);
         part.movements = std::move(free.words);
+        part.candidates = std::move(free.candidates);
+        part.combinations = std::move(free.combinations);
         part.defect = static_cast<int>(part.movement.cols());
         if (part.defect == 0)
             continue;
@@ -142,15 +145,32 @@ Datum FindDatum(const Network& network, const Structure& structure, const Unknow
 
 void RenewDatum(Datum& datum, const Network& network, const Structure& structure, const Unknowns& unknowns,
                 const State& state) {
-    const GroupFrames frames = FitFrames(structure, state);
     for (PartDatum& part : datum.parts) {
         if (part.defect == 0)
             continue;
-        part.movement =
-            FindFreeMovements(part, structure, unknowns, state, frames, datum.rowOf, part.defect).movement;
+        // How much of a scale or of the refraction goes with a movement of the points depends on their
+        // values.
+        if (unknowns.globals > 0)
+            part.movement =
+                FindFreeMovements(part, structure, unknowns, state, datum.frames, datum.rowOf).movement;
+        else
+            part.movement = MovementsAt(part.candidates, part.combinations, part, structure, unknowns, state,
+                                        datum.frames);
         if (part.movement.cols() != part.defect)
             throw Failure(ErrorNumber::NoConvergence, "The iterations ran into a position without a datum.");
         FindConstraint(network, unknowns, datum.rule, part);
+    }
+}
+
+void ConfirmDatum(const Datum& datum, const Structure& structure, const Unknowns& unknowns,
+                  const State& state) {
+    for (const PartDatum& part : datum.parts) {
+        if (part.defect > 0 &&
+            MostFelt(part.movement, part, structure, unknowns, state, datum.rowOf) > kStillUnfelt)
+            throw Failure(
+                ErrorNumber::NoConvergence,
+                "The observations feel a movement of the network at the end that they did not feel at the "
+                "start positions.");
     }
 }
 

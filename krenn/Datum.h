@@ -23,13 +23,15 @@ namespace Krenn {
 // from the solution x_min with any minimal set of coordinates held (S-transformation, after Baarda).
 struct PartDatum : NetworkPart {
     int defect = 0;
-    std::vector<int> held;  // unknowns whose correction is zero in the minimal solution, `defect` of them
     std::vector<std::string> movements;  // the free movements in words
-    int datumPoints = 0;                 // points the inner constraints run over
-    bool overGiven = false;              // they run over points with given coordinates
-    bool alsoOverAll = false;            // the given points leave a movement open that is set over all points
-    Eigen::MatrixXd movement;            // G, rows in the order of `unknowns`
-    Eigen::MatrixXd constraint;          // H, the same rows
+    std::vector<int> held;     // unknowns whose correction is zero in the minimal solution, `defect` of them
+    int datumPoints = 0;       // points the inner constraints run over
+    bool overGiven = false;    // they run over points with given coordinates
+    bool alsoOverAll = false;  // the given points leave a movement open that is set over all points
+    Eigen::MatrixXd movement;  // G, rows in the order of `unknowns`
+    Eigen::MatrixXd constraint;         // H, the same rows
+    std::vector<Candidate> candidates;  // what the movements are combined of
+    Eigen::MatrixXd combinations;
 };
 
 // One datum for each part of the network that hangs together; one for all parts when there are unknowns of
@@ -39,6 +41,7 @@ struct Datum {
     std::vector<PartDatum> parts;
     std::vector<int> rowOf;   // per unknown: row in its part's matrices
     std::vector<int> partOf;  // per unknown: index into `parts`
+    GroupFrames frames;       // of the state at which the movements were found
     int Defect() const;
 };
 
@@ -47,9 +50,15 @@ struct Datum {
 Datum FindDatum(const Network& network, const Structure& structure, const Unknowns& unknowns,
                 const State& state, DatumRule rule = DatumRule::Given);
 
-// Computes G and H of every part anew for a state; defect and held unknowns stay as they are.
+// Computes G and H of every part for another state; the defect and the held unknowns stay as they are, and,
+// without unknowns of the whole network, so does what the movements are combined of. Throws Failure
+// NoConvergence when there are not as many movements any more.
 void RenewDatum(Datum& datum, const Network& network, const Structure& structure, const Unknowns& unknowns,
                 const State& state);
+
+// That no observation feels G at a state, which RenewDatum takes for granted. Throws Failure NoConvergence.
+void ConfirmDatum(const Datum& datum, const Structure& structure, const Unknowns& unknowns,
+                  const State& state);
 
 // Turns the correction of the minimal solution into that of the inner constraints. `offset` is, per unknown,
 // the state minus the position that the constraints aim at.

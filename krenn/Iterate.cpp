@@ -17,6 +17,12 @@ namespace Krenn {
 namespace {
 
 constexpr double kArithmeticNoise = 1e-7;  // meters
+constexpr double kMostLeft = 1e-9;         // meters to the solution when the iterations end
+// Parts of the shortest sight: so far a factor serves other states, so far their variances differ by less
+// than their eighth digit, so far they are those of the state itself.
+constexpr double kServedPart = 1e-3;
+constexpr double kNearPart = 1e-10;
+constexpr double kSamePart = 1e-12;
 constexpr int kMostHalvings = 14;
 constexpr std::size_t kWorstShown = 10;
 
@@ -97,17 +103,19 @@ Iteration Describe(const Unknowns& unknowns, const Eigen::VectorXd& correction) 
 }
 
 // One iteration: the correction, shortened until the target does not grow. False if no length of it helps.
-bool TakeStep(Adjustment& adjustment, const Scheme& scheme, double& target) {
+bool TakeStep(Adjustment& adjustment, const Scheme& scheme, double& target,
+              int mostHalvings = kMostHalvings) {
     const Eigen::VectorXd correction = scheme.correction();
+    const PhaseClock clock(adjustment.phases.linearise);
     Iteration iteration = Describe(adjustment.unknowns, correction);
-    for (int halving = 0; halving <= kMostHalvings; ++halving, iteration.step /= 2) {
-        const State trial = Moved(adjustment.state, adjustment.unknowns, correction, iteration.step);
+    for (int halving = 0; halving <= mostHalvings; ++halving, iteration.step /= 2) {
+        State trial = Moved(adjustment.state, adjustment.unknowns, correction, iteration.step);
         const double reached = scheme.target(WeightedResiduals(adjustment.structure, trial));
         // Tiny corrections change the target by less than its own rounding; they are always taken.
         const bool isTiny = iteration.largest < 1e-5;
         if (!(reached <= target * (1 + 1e-10) + 1e-9) && !isTiny)
             continue;
-        adjustment.state = trial;
+        adjustment.state = std::move(trial);
         iteration.target = reached;
         iteration.largest *= iteration.step;
         adjustment.iterations.push_back(iteration);
@@ -117,27 +125,47 @@ bool TakeStep(Adjustment& adjustment, const Scheme& scheme, double& target) {
     return false;
 }
 
-// True once the corrections are as small as asked, or below the noise and no longer shrinking.
-bool HasConverged(const std::vector<Iteration>& iterations, double bound) {
+// What the corrections still to come add up to if they go on to shrink as the last two did.
+double WayLeft(const std::vector<Iteration>& iterations) {
+    const double last = iterations.back().largest;
+    if (iterations.size() < 2 || last == 0)
+        return last;
+    const double rate = last / iterations[iterations.size() - 2].largest;
+    return rate < 1 ? last * rate / (1 - rate) : INFINITY;
+}
+
+// Corrections that no longer shrink and are too small to mean anything.
+bool IsNoise(const std::vector<Iteration>& iterations) {
+    const double last = iterations.back().largest;
+    return iterations.size() >= 3 && last <= kArithmeticNoise &&
+           last > 0.5 * iterations[iterations.size() - 2].largest;
+}
+
+// True once the corrections are as small as asked and little is left, or noise.
+bool HasSettled(const std::vector<Iteration>& iterations, double bound, double mostLeft) {
     const Iteration& last = iterations.back();
     if (last.step < 1)
         return false;
-    if (last.largest < bound)
-        return true;
-    if (iterations.size() < 3 || last.largest > kArithmeticNoise)
-        return false;
-    return last.largest > 0.5 * iterations[iterations.size() - 2].largest;
+    return (last.largest < bound && !(WayLeft(iterations) > mostLeft)) || IsNoise(iterations);
 }
 
-void Iterate(const Network& network, Adjustment& adjustment, const Scheme& scheme,
-             const Parameters& parameters) {
-    double target = scheme.target(WeightedResiduals(adjustment.structure, adjustment.state));
+double FirstTarget(const Adjustment& adjustment, const Scheme& scheme) {
+    const double target = scheme.target(WeightedResiduals(adjustment.structure, adjustment.state));
     if (!std::isfinite(target))
         throw Failure(ErrorNumber::NotFinite, "The observations give no finite residuals at the start.");
+    return target;
+}
+
+// `mostMoved`: what the last correction may move, for the sake of what was computed before it.
+void Iterate(const Network& network, Adjustment& adjustment, const Scheme& scheme,
+             const Parameters& parameters, double mostLeft, double mostMoved) {
+    double target = FirstTarget(adjustment, scheme);
+    const std::vector<Iteration>& iterations = adjustment.iterations;
     for (int i = 0; i < parameters.mostIterations; ++i) {
         if (!TakeStep(adjustment, scheme, target))
             RefuseConvergence(network, adjustment);
-        if (HasConverged(adjustment.iterations, parameters.largestCorrection))
+        if (HasSettled(iterations, parameters.largestCorrection, mostLeft) &&
+            (iterations.back().largest <= mostMoved || IsNoise(iterations)))
             return;
     }
     RefuseConvergence(network, adjustment);
@@ -153,6 +181,7 @@ void KeepResiduals(Adjustment& adjustment) {
 // The correction of all unknowns under inner constraints from that of the unheld ones.
 Eigen::VectorXd WithDatum(const Network& network, Adjustment& adjustment, const NormalMatrix& normals,
                           const Eigen::VectorXd& reduced) {
+    const PhaseClock clock(adjustment.phases.linearise);
     Eigen::VectorXd correction = Eigen::VectorXd::Zero(adjustment.unknowns.Count());
     for (int row = 0; row < normals.size; ++row)
         correction(normals.unknownOf[At(row)]) = reduced(row);
@@ -161,11 +190,37 @@ Eigen::VectorXd WithDatum(const Network& network, Adjustment& adjustment, const 
     return correction;
 }
 
-Eigen::VectorXd SparseCorrection(const Network& network, Adjustment& adjustment, SparseCholesky& cholesky,
-                                 NormalMatrix& normals) {
-    FillNormals(normals, adjustment.structure, adjustment.unknowns, adjustment.state, {});
-    const Pivot pivot = Factorise(cholesky, normals);
-    if (pivot.least <= 0) {
+double ShortestSight(const Structure& structure, const State& state) {
+    double shortest = INFINITY;
+    for (const Measure& measure : structure.measures) {
+        const auto& from = state.at[At(measure.from)];
+        const auto& to = state.at[At(measure.to)];
+        if (measure.kind != MeasureKind::HeightDifference)
+            shortest = std::min(shortest, std::hypot(to[0] - from[0], to[1] - from[1], to[2] - from[2]));
+    }
+    return shortest;
+}
+
+// The normal equations and their factor, and how far the state has gone from where they were made.
+struct SparseSystem {
+    const Network& network;
+    Adjustment& adjustment;
+    SparseCholesky& cholesky;
+    NormalMatrix& normals;
+    int steps = 0;  // taken with this factor
+    double moved = 0;
+
+    void Renew() {
+        steps = 0;
+        moved = 0;
+        {
+            const PhaseClock clock(adjustment.phases.linearise);
+            FillNormals(normals, adjustment.structure, adjustment.unknowns, adjustment.state, {});
+        }
+        const PhaseClock clock(adjustment.phases.factorise);
+        const Pivot pivot = Factorise(cholesky, normals);
+        if (pivot.least > 0)
+            return;
         const int unknown = normals.unknownOf[At(pivot.row)];
         RefuseConvergence(
             network, adjustment,
@@ -173,30 +228,86 @@ Eigen::VectorXd SparseCorrection(const Network& network, Adjustment& adjustment,
                         adjustment.iterations.size() + 1,
                         UnknownInWords(network, adjustment.structure, adjustment.unknowns.of[At(unknown)])));
     }
-    return WithDatum(network, adjustment, normals, Solve(cholesky, normals.right));
-}
+
+    Eigen::VectorXd Correction() {
+        if (steps > 0) {
+            const PhaseClock clock(adjustment.phases.linearise);
+            FillRight(normals, adjustment.structure, adjustment.unknowns, adjustment.state);
+        }
+        Eigen::VectorXd reduced;
+        {
+            const PhaseClock clock(adjustment.phases.solve);
+            reduced = Solve(cholesky, normals.right);
+        }
+        return WithDatum(network, adjustment, normals, reduced);
+    }
+
+    void CountStep() {
+        ++steps;
+        moved += adjustment.iterations.back().largest;
+    }
+
+    // The factor gives corrections that shrink by a factor of ten at least.
+    bool IsStillGood(double shortest) const {
+        const std::vector<Iteration>& iterations = adjustment.iterations;
+        const Iteration& last = iterations.back();
+        if (last.step < 1 || moved > kServedPart * shortest)
+            return false;
+        return steps < 2 || last.largest < 0.1 * iterations[iterations.size() - 2].largest;
+    }
+};
 
 }  // namespace
 
 void IterateSparse(const Network& network, Adjustment& adjustment, SparseCholesky& cholesky,
                    NormalMatrix& normals, const Parameters& parameters) {
-    const Scheme scheme{[&] { return SparseCorrection(network, adjustment, cholesky, normals); },
-                        SumOfSquares};
-    Iterate(network, adjustment, scheme, parameters);
-    KeepResiduals(adjustment);
+    SparseSystem system{network, adjustment, cholesky, normals};
+    const Scheme scheme{[&] { return system.Correction(); }, SumOfSquares};
+    const double shortest = ShortestSight(adjustment.structure, adjustment.state);
+    double target = FirstTarget(adjustment, scheme);
+    while (static_cast<int>(adjustment.iterations.size()) < parameters.mostIterations) {
+        const bool isTrue = system.steps == 0;
+        if (!TakeStep(adjustment, scheme, target, isTrue ? kMostHalvings : 0)) {
+            if (isTrue)
+                RefuseConvergence(network, adjustment);
+            system.Renew();
+            continue;
+        }
+        system.CountStep();
+        if (!HasSettled(adjustment.iterations, parameters.largestCorrection, kMostLeft)) {
+            if (!system.IsStillGood(shortest))
+                system.Renew();
+            continue;
+        }
+        const bool isNear = system.moved <= kNearPart * shortest;
+        if (system.moved <= kSamePart * shortest || (IsNoise(adjustment.iterations) && (isTrue || isNear))) {
+            KeepResiduals(adjustment);
+            return;
+        }
+        // Another solution costs little. It tells whether a true correction that is larger than thought is
+        // noise, and spares a factor at a state that is not yet the last one.
+        const bool isSmall = adjustment.iterations.back().largest <= kSamePart * shortest;
+        if (isNear ? !isTrue : isSmall || IsNoise(adjustment.iterations) || !system.IsStillGood(shortest))
+            system.Renew();
+    }
+    RefuseConvergence(network, adjustment);
 }
 
-void IterateDense(const Network& network, Adjustment& adjustment, const Parameters& parameters) {
+Eigen::MatrixXd IterateDense(const Network& network, Adjustment& adjustment, const Parameters& parameters) {
     NormalMatrix normals = MakePattern(adjustment.structure, adjustment.unknowns, {}, {});
+    Eigen::MatrixXd inverse;
     const auto correction = [&] {
         FillNormals(normals, adjustment.structure, adjustment.unknowns, adjustment.state, {});
         RenewDatum(adjustment.datum, network, adjustment.structure, adjustment.unknowns, adjustment.state);
-        Eigen::VectorXd found = BorderedInverse(normals, adjustment.datum) * normals.right;
+        inverse = BorderedInverse(normals, adjustment.datum, parameters.threads);
+        Eigen::VectorXd found = inverse * normals.right;
         ApplyInnerConstraints(adjustment.datum, OffsetOf(adjustment), found);
         return found;
     };
-    Iterate(network, adjustment, {correction, SumOfSquares}, parameters);
+    const double shortest = ShortestSight(adjustment.structure, adjustment.state);
+    Iterate(network, adjustment, {correction, SumOfSquares}, parameters, kMostLeft, kSamePart * shortest);
     KeepResiduals(adjustment);
+    return inverse;
 }
 
 void IterateL1(const Network& network, Adjustment& adjustment, SparseCholesky& cholesky,
@@ -210,7 +321,7 @@ void IterateL1(const Network& network, Adjustment& adjustment, SparseCholesky& c
     };
     Parameters level = parameters;
     level.largestCorrection = std::max(parameters.largestCorrection, kArithmeticNoise);
-    Iterate(network, adjustment, {correction, sum}, level);
+    Iterate(network, adjustment, {correction, sum}, level, INFINITY, INFINITY);
     KeepResiduals(adjustment);
 }
 

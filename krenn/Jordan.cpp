@@ -1,40 +1,84 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "krenn/Jordan.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
+#include "krenn/Blas.h"
 #include "krenn/Errors.h"
+#include "krenn/Parallel.h"
 
 namespace Krenn {
 
-void JordanInvert(Eigen::MatrixXd& matrix) {
+namespace {
+
+constexpr Eigen::Index kBlock = 64;   // columns eliminated together
+constexpr Eigen::Index kShare = 256;  // columns that one thread takes at a time
+
+// Plain elimination of the columns from `first` on, `width` of them, in these columns alone; the exchanges of
+// rows go through the whole matrix. Afterwards the columns are what all others have to be multiplied by.
+void EliminateColumns(Eigen::MatrixXd& matrix, Eigen::Index first, Eigen::Index width,
+                      std::vector<Eigen::Index>& exchanged) {
     const Eigen::Index size = matrix.rows();
-    std::vector<Eigen::Index> exchanged(static_cast<std::size_t>(size));
+    Eigen::Ref<Eigen::MatrixXd> block = matrix.middleCols(first, width);
     Eigen::VectorXd column(size);
-    Eigen::RowVectorXd row(size);
-    for (Eigen::Index k = 0; k < size; ++k) {
-        Eigen::Index pivot = k;
-        const double most = matrix.col(k).tail(size - k).cwiseAbs().maxCoeff(&pivot);
+    Eigen::RowVectorXd row(width);
+    for (Eigen::Index c = 0; c < width; ++c) {
+        const Eigen::Index k = first + c;
+        Eigen::Index pivot = 0;
+        const double most = block.col(c).tail(size - k).cwiseAbs().maxCoeff(&pivot);
         pivot += k;
         if (!(most > 1e-14))
             throw Failure(ErrorNumber::Singular, "The elimination meets a zero pivot.");
         exchanged[static_cast<std::size_t>(k)] = pivot;
         matrix.row(k).swap(matrix.row(pivot));
-        const double inverse = 1 / matrix(k, k);
-        column = matrix.col(k);
-        row = matrix.row(k) * inverse;
+        const double inverse = 1 / block(k, c);
+        column = block.col(c);
+        row = block.row(k) * inverse;
         column(k) = 0;
-        matrix.noalias() -= column * row;
-        matrix.col(k) = -inverse * column;
-        matrix.row(k) = row;
-        matrix(k, k) = inverse;
+        block.noalias() -= column * row;
+        block.col(c) = -inverse * column;
+        block.row(k) = row;
+        block(k, c) = inverse;
+    }
+}
+
+// Carries the elimination of a block of columns over to the columns from `begin` to `end`.
+void CarryOver(Eigen::MatrixXd& matrix, Eigen::Index first, Eigen::Index width, Eigen::Index begin,
+               Eigen::Index end) {
+    const Eigen::MatrixXd top = matrix.block(first, begin, width, end - begin);
+    matrix.block(first, begin, width, end - begin).setZero();
+    const int size = static_cast<int>(matrix.rows());
+    Multiply(false, false, size, static_cast<int>(end - begin), static_cast<int>(width), 1,
+             matrix.col(first).data(), size, top.data(), static_cast<int>(width), 1, matrix.col(begin).data(),
+             size);
+}
+
+}  // namespace
+
+void JordanInvert(Eigen::MatrixXd& matrix, int threads) {
+    PrepareBlas();
+    const Eigen::Index size = matrix.rows();
+    std::vector<Eigen::Index> exchanged(static_cast<std::size_t>(size));
+    for (Eigen::Index first = 0; first < size; first += kBlock) {
+        const Eigen::Index width = std::min(kBlock, size - first);
+        EliminateColumns(matrix, first, width, exchanged);
+        const auto shares = static_cast<std::size_t>((size + kShare - 1) / kShare);
+        ParallelFor(MostBlasCallers(ThreadsFor(threads)), shares, [&](std::size_t share) {
+            const Eigen::Index begin = static_cast<Eigen::Index>(share) * kShare;
+            const Eigen::Index end = std::min(begin + kShare, size);
+            if (begin < first)
+                CarryOver(matrix, first, width, begin, std::min(end, first));
+            if (end > first + width)
+                CarryOver(matrix, first, width, std::max(begin, first + width), end);
+        });
     }
     for (Eigen::Index k = size - 1; k >= 0; --k)
         matrix.col(k).swap(matrix.col(exchanged[static_cast<std::size_t>(k)]));
 }
 
-Eigen::MatrixXd BorderedInverse(const NormalMatrix& normals, const Datum& datum) {
+Eigen::MatrixXd BorderedInverse(const NormalMatrix& normals, const Datum& datum, int threads) {
     const Eigen::Index size = normals.size;
     const Eigen::Index defect = datum.Defect();
     Eigen::MatrixXd bordered = Eigen::MatrixXd::Zero(size + defect, size + defect);
@@ -67,7 +111,7 @@ Eigen::MatrixXd BorderedInverse(const NormalMatrix& normals, const Datum& datum)
             bordered.row(border).head(size) = line.transpose();
         }
     }
-    JordanInvert(bordered);
+    JordanInvert(bordered, threads);
     return scale.asDiagonal() * bordered.topLeftCorner(size, size) * scale.asDiagonal();
 }
 

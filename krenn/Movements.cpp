@@ -17,14 +17,6 @@ std::size_t At(Eigen::Index index) {
 // Read row by row, so kept row by row.
 using Moves = Eigen::Matrix<double, Eigen::Dynamic, Eigen::Dynamic, Eigen::RowMajor>;
 
-enum class Movement { ShiftX, ShiftY, Turn, PlanScale, ShiftZ, HeightScale, TiltX, TiltY, Global };
-
-struct Candidate {
-    Movement movement;
-    int group;  // plan or height group, or part, or the unknown of the whole network
-    int globalAxis = -1;
-};
-
 const char* NameOf(Movement movement) {
     switch (movement) {
         case Movement::ShiftX: return "shift in X";
@@ -223,7 +215,7 @@ struct RowReducer {
 Eigen::MatrixXd UnfeltCombinations(const std::vector<Candidate>& candidates, const Structure& structure,
                                    const GroupFrames& frames, const NetworkPart& part,
                                    const Unknowns& unknowns, const State& state,
-                                   const std::vector<int>& rowOf, const Moves& moves, int wanted) {
+                                   const std::vector<int>& rowOf, const Moves& moves) {
     const auto columns = static_cast<Eigen::Index>(candidates.size());
     RowReducer reducer(columns);
     Eigen::RowVectorXd size = Eigen::RowVectorXd::Zero(columns);
@@ -260,9 +252,8 @@ Eigen::MatrixXd UnfeltCombinations(const std::vector<Candidate>& candidates, con
     const Eigen::MatrixXd scaled = reducer.rows.topRows(columns) * scale.asDiagonal();
     const Eigen::JacobiSVD<Eigen::MatrixXd> svd(scaled, Eigen::ComputeFullV);
     const Eigen::VectorXd& values = svd.singularValues();
-    const Eigen::Index unfelt = wanted >= 0 ? wanted
-                                            : std::count_if(values.begin(), values.end(),
-                                                            [&](double value) { return value < kNullRatio; });
+    const Eigen::Index unfelt =
+        std::count_if(values.begin(), values.end(), [](double value) { return value < kNullRatio; });
     Eigen::MatrixXd combinations = scale.transpose().asDiagonal() * svd.matrixV().rightCols(unfelt);
     combinations.colwise().normalize();
     return combinations;
@@ -323,22 +314,57 @@ GroupFrames FitFrames(const Structure& structure, const State& state) {
 }
 
 FreeMovements FindFreeMovements(const NetworkPart& part, const Structure& structure, const Unknowns& unknowns,
-                                const State& state, const GroupFrames& frames, const std::vector<int>& rowOf,
-                                int wanted) {
+                                const State& state, const GroupFrames& frames,
+                                const std::vector<int>& rowOf) {
     FreeMovements free;
-    std::vector<Candidate> candidates = CandidatesOf(structure, part, unknowns);
-    Moves moves = MovesOf(candidates, structure, frames, part, unknowns, state);
-    DropMotionless(candidates, moves);
-    if (candidates.empty()) {
+    free.candidates = CandidatesOf(structure, part, unknowns);
+    Moves moves = MovesOf(free.candidates, structure, frames, part, unknowns, state);
+    DropMotionless(free.candidates, moves);
+    if (free.candidates.empty()) {
         free.movement.resize(moves.rows(), 0);
         return free;
     }
-    const Eigen::MatrixXd combinations =
-        UnfeltCombinations(candidates, structure, frames, part, unknowns, state, rowOf, moves, wanted);
-    free.movement = IndependentColumns(moves * combinations);
+    free.combinations =
+        UnfeltCombinations(free.candidates, structure, frames, part, unknowns, state, rowOf, moves);
+    free.movement = IndependentColumns(moves * free.combinations);
     if (free.movement.cols() > 0)
-        free.words = MovementsInWords(candidates, combinations);
+        free.words = MovementsInWords(free.candidates, free.combinations);
     return free;
+}
+
+Eigen::MatrixXd MovementsAt(const std::vector<Candidate>& candidates, const Eigen::MatrixXd& combinations,
+                            const NetworkPart& part, const Structure& structure, const Unknowns& unknowns,
+                            const State& state, const GroupFrames& frames) {
+    return IndependentColumns(MovesOf(candidates, structure, frames, part, unknowns, state) * combinations);
+}
+
+double MostFelt(const Eigen::MatrixXd& movement, const NetworkPart& part, const Structure& structure,
+                const Unknowns& unknowns, const State& state, const std::vector<int>& rowOf) {
+    const Moves moves = movement;
+    Eigen::RowVectorXd sum = Eigen::RowVectorXd::Zero(moves.cols());
+    Eigen::RowVectorXd bound = sum;
+    Eigen::RowVectorXd row = sum;
+    Eigen::RowVectorXd uncancelled = sum;
+    for (const int number : part.measures) {
+        const Measure& measure = structure.measures[At(number)];
+        const Partials partials = ComputePartials(measure, state);
+        const auto numbers = UnknownsOf(measure, unknowns);
+        row.setZero();
+        uncancelled.setZero();
+        for (std::size_t i = 0; i < numbers.size(); ++i) {
+            if (numbers[i] < 0)
+                continue;
+            const double by = partials.by[i] / measure.sigma;
+            row += by * moves.row(rowOf[At(numbers[i])]);
+            uncancelled += std::abs(by) * moves.row(rowOf[At(numbers[i])]).cwiseAbs();
+        }
+        sum += row.cwiseAbs2();
+        bound += uncancelled.cwiseAbs2();
+    }
+    double most = 0;
+    for (Eigen::Index i = 0; i < sum.size(); ++i)
+        most = std::max(most, bound(i) > 0 ? std::sqrt(sum(i) / bound(i)) : 0.0);
+    return most;
 }
 
 }  // namespace Krenn

@@ -31,21 +31,39 @@ struct GroupFrames {
 
 GroupFrames FitFrames(const Structure& structure, const State& state);
 
+// What a part may do without an observation feeling it, alone or with others: the shifts, the turn about Z
+// and the scale in plan of a plan group, the shift and the scale of a height group, the rotations about X and
+// Y of a part with instruments that are not levelled, and an unknown of the whole network.
+enum class Movement { ShiftX, ShiftY, Turn, PlanScale, ShiftZ, HeightScale, TiltX, TiltY, Global };
+
+struct Candidate {
+    Movement movement;
+    int group;  // plan or height group, or part, or the unknown of the whole network
+    int globalAxis = -1;
+};
+
 // The movements of a part that no observation feels and that move no fixed coordinate.
 struct FreeMovements {
     Eigen::MatrixXd movement;        // one column each, rows in the order of NetworkPart::unknowns
     std::vector<std::string> words;  // what they are made of: "shift in X", "rotation about Z", "scale" ...
+    std::vector<Candidate> candidates;
+    Eigen::MatrixXd combinations;  // of the candidates, one column per movement
 };
 
-// Candidates are, per group that hangs together in plan, the shifts in X and Y, the turn about Z and the
-// scale in plan, per group that hangs together in height the shift and the scale in Z, per part with
-// instruments that are not levelled the rotations about X and Y, and each unknown of the whole network. With
-// the candidates as columns of B, the combinations c with J B c = 0 are the right singular vectors of J B
-// that belong to zero singular values. J B is scaled so that without any cancellation its columns would have
-// length 1; what is left below 1e-9 is rounding. `rowOf` is, per unknown, its row in the part; `wanted` the
-// number of movements known from an earlier state, or -1 to find it.
+// With the candidates as columns of B, the combinations c with J B c = 0 are the right singular vectors of J
+// B that belong to zero singular values. J B is scaled so that without any cancellation its columns would
+// have length 1; what is left below 1e-9 is rounding. `rowOf` is, per unknown, its row in the part.
 FreeMovements FindFreeMovements(const NetworkPart& part, const Structure& structure, const Unknowns& unknowns,
-                                const State& state, const GroupFrames& frames, const std::vector<int>& rowOf,
-                                int wanted);
+                                const State& state, const GroupFrames& frames, const std::vector<int>& rowOf);
+
+// The same movements at another state: the same combinations of the same candidates in the same frames.
+Eigen::MatrixXd MovementsAt(const std::vector<Candidate>& candidates, const Eigen::MatrixXd& combinations,
+                            const NetworkPart& part, const Structure& structure, const Unknowns& unknowns,
+                            const State& state, const GroupFrames& frames);
+
+// How much of the movements the observations feel: the largest |J g| over what it would be without any
+// cancellation.
+double MostFelt(const Eigen::MatrixXd& movement, const NetworkPart& part, const Structure& structure,
+                const Unknowns& unknowns, const State& state, const std::vector<int>& rowOf);
 
 }  // namespace Krenn

@@ -157,6 +157,20 @@ void FillNormals(NormalMatrix& normals, const Structure& structure, const Unknow
     }
 }
 
+void FillRight(NormalMatrix& normals, const Structure& structure, const Unknowns& unknowns,
+               const State& state) {
+    normals.right = Eigen::VectorXd::Zero(normals.size);
+    for (const Measure& measure : structure.measures) {
+        const Partials partials = ComputePartials(measure, state);
+        const double weighted = Misclosure(measure, partials.computed) / (measure.sigma * measure.sigma);
+        const std::array<int, kTerms> rows = RowsOf(normals, measure, unknowns);
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            if (rows[i] >= 0)
+                normals.right(rows[i]) += weighted * partials.by[i];
+        }
+    }
+}
+
 std::vector<double> MeasureForms(const NormalMatrix& normals, const std::vector<double>& entries,
                                  const Structure& structure, const Unknowns& unknowns, const State& state) {
     std::vector<double> forms(structure.measures.size(), 0.0);

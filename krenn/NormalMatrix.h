@@ -55,6 +55,10 @@ NormalMatrix MakePattern(const Structure& structure, const Unknowns& unknowns, c
 void FillNormals(NormalMatrix& normals, const Structure& structure, const Unknowns& unknowns,
                  const State& state, std::span<const double> weight);
 
+// Fills b alone.
+void FillRight(NormalMatrix& normals, const Structure& structure, const Unknowns& unknowns,
+               const State& state);
+
 // One row of the design matrix in the numbering of the normal equations; -1 for held and missing unknowns.
 std::array<int, kTerms> RowsOf(const NormalMatrix& normals, const Measure& measure, const Unknowns& unknowns);
 

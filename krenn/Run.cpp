@@ -35,15 +35,24 @@ Type TypeOf(int type) {
 }
 
 // What becomes known of the run is put into its header, also for the listing of a failure.
-std::string ListingOf(const std::string& inputPath, RunHeader& run) {
+std::string ListingOf(const std::string& inputPath, RunHeader& run, RunReport& report) {
     const Type type = TypeOf(run.type);
-    Network network = ReadInput(ReadWholeFile(inputPath));
+    Network network;
+    {
+        const PhaseClock clock(report.phases.parse);
+        network = ReadInput(ReadWholeFile(inputPath));
+    }
     // Only beside what is an input file a parameter file is written.
     const FoundParameters found = ParametersBeside(inputPath);
     run.parameterFile = found.file;
     run.options = Differences(found.parameters);
     TakeOutKinds(network, found.parameters);
     const Adjustment adjustment = Adjust(network, type, found.parameters);
+    const double parse = report.phases.parse;
+    report = {adjustment.phases, static_cast<int>(network.points.size()),
+              static_cast<int>(network.observations.size()), static_cast<int>(adjustment.iterations.size())};
+    report.phases.parse = parse;
+    const PhaseClock clock(report.phases.list);
     return GoodListing(run, network, adjustment, Evaluate(network, adjustment, found.parameters));
 }
 
@@ -64,7 +73,7 @@ Failure Guarded(Work work) {
     }
 }
 
-ErrorNumber RunGuarded(const std::string& inputPath, int type) {
+ErrorNumber RunGuarded(const std::string& inputPath, int type, RunReport& report) {
     if (inputPath.empty())
         return ErrorNumber::NoInputPath;
     const std::string listingPath = ListingPath(inputPath);
@@ -72,18 +81,20 @@ ErrorNumber RunGuarded(const std::string& inputPath, int type) {
         return ErrorNumber::NotAnInputFile;
     RunHeader run{Printable(inputPath, 500), type, Now(), {}, {}};
     std::string text;
-    const Failure failure = Guarded([&] { text = ListingOf(inputPath, run); });
+    const Failure failure = Guarded([&] { text = ListingOf(inputPath, run, report); });
     if (failure.number != ErrorNumber::Good)
         text = FailureListing(run, failure);
+    const PhaseClock clock(report.phases.list);
     const Failure writing = Guarded([&] { WriteWholeFile(listingPath, text); });
     return failure.number != ErrorNumber::Good ? failure.number : writing.number;
 }
 
 }  // namespace
 
-ErrorNumber RunAdjustment(const std::string& inputPath, int type) noexcept {
+ErrorNumber RunAdjustment(const std::string& inputPath, int type, RunReport* report) noexcept {
     try {
-        return RunGuarded(inputPath, type);
+        RunReport own;
+        return RunGuarded(inputPath, type, report != nullptr ? *report : own);
     } catch (const Failure& failure) {
         return failure.number;
     } catch (const std::bad_alloc&) {

@@ -1,133 +1,132 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
+#include <memory>
 #include <vector>
 
+#include "krenn/Blas.h"
 #include "krenn/CholeskyInner.h"
 #include "krenn/Errors.h"
+#include "krenn/Parallel.h"
 #include "krenn/SparseCholesky.h"
 
 namespace Krenn {
 namespace {
 
-using Block = Eigen::Map<Eigen::MatrixXd>;
-using ConstBlock = Eigen::Map<const Eigen::MatrixXd>;
-
 std::size_t At(int index) {
     return static_cast<std::size_t>(index);
 }
 
-// The supernodes of a factor L: columns `First` to `Last` - 1 share the rows from RowsBegin on, of which the
-// first ones are the columns themselves.
-struct Supernodes {
-    explicit Supernodes(const cholmod_factor& factor)
-        : super(static_cast<const int*>(factor.super)),
-          rowStart(static_cast<const int*>(factor.pi)),
-          valueStart(static_cast<const int*>(factor.px)),
-          rows(static_cast<const int*>(factor.s)),
-          values(static_cast<const double*>(factor.x)),
-          count(static_cast<int>(factor.nsuper)),
-          ofColumn(factor.n) {
-        for (int s = 0; s < count; ++s) {
-            for (int column = super[s]; column < super[s + 1]; ++column)
-                ofColumn[At(column)] = s;
+std::size_t Area(int rows, int columns) {
+    return At(rows) * At(columns);
+}
+
+// The recursion, from the last supernode to the first. The inverse over all rows of a supernode is kept
+// (lower triangle) until its children have taken from it what stands at their rows below.
+struct Inversion {
+    SparseCholesky::Inner& inner;
+    std::vector<std::shared_ptr<double[]>> above;  // per supernode: the inverse over the rows of its parent
+
+    explicit Inversion(SparseCholesky::Inner& theInner) : inner(theInner), above(At(theInner.nodes.count)) {}
+
+    double* Block(int s) { return inner.values.get() + inner.nodes.valueStart[At(s)]; }
+
+    // The inverse over the rows below s, out of that of its parent, into `whole`, which covers all rows of s.
+    void Gather(int s, double* whole) {
+        const Supernodes& nodes = inner.nodes;
+        const int rows = nodes.Rows(s);
+        const int below = nodes.Below(s);
+        const int size = nodes.Rows(nodes.parent[At(s)]);
+        const int* place = nodes.PlacesOf(s);
+        for (int j = 0; j < below; ++j) {
+            const double* from = above[At(s)].get() + Area(size, place[j]);
+            double* to = whole + Area(rows, nodes.Columns(s) + j) + nodes.Columns(s);
+            for (int i = j; i < below; ++i)
+                to[i] = from[place[i]];
+        }
+        above[At(s)].reset();
+    }
+
+    // M = L21 / L11,  Z21 = -Z22 M,  Z11 = 1 / (L11 L11') - M' Z21, in panels that `threads` threads may
+    // share. The block of the factor is overwritten by M on the way and by Z in the end.
+    void Invert(int s, double* whole, int threads, int panel) {
+        const Supernodes& nodes = inner.nodes;
+        const int rows = nodes.Rows(s);
+        const int columns = nodes.Columns(s);
+        const int below = nodes.Below(s);
+        double* block = Block(s);
+        double* m = block + columns;
+        double* side = whole + columns;
+        InvertLower(columns, block, rows);
+        ParallelFor(threads, At((below + panel - 1) / panel), [&](std::size_t i) {
+            const int first = static_cast<int>(i) * panel;
+            TimesLower(std::min(panel, below - first), columns, block, rows, m + first, rows);
+        });
+        SquareOfLower(columns, block, rows);
+        const std::size_t panels = At((columns + panel - 1) / panel);
+        ParallelFor(threads, panels, [&](std::size_t i) {
+            const int first = static_cast<int>(i) * panel;
+            const int width = std::min(panel, columns - first);
+            if (below > 0)
+                NegativeSymmetricTimes(below, width, side + Area(rows, columns), rows, m + Area(rows, first),
+                                       rows, side + Area(rows, first), rows);
+        });
+        ParallelFor(threads, panels, [&](std::size_t i) {
+            const int first = static_cast<int>(i) * panel;
+            const int width = std::min(panel, columns - first);
+            if (below > 0)
+                Multiply(true, false, columns - first, width, below, -1, m + Area(rows, first), rows,
+                         side + Area(rows, first), rows, 1, block + Area(rows, first) + first, rows);
+        });
+        for (int column = 0; column < columns; ++column) {
+            std::copy_n(side + Area(rows, column), below, m + Area(rows, column));
+            std::copy_n(block + Area(rows, column) + column, columns - column,
+                        whole + Area(rows, column) + column);
         }
     }
 
-    int Columns(int s) const { return super[s + 1] - super[s]; }
-    int Rows(int s) const { return rowStart[s + 1] - rowStart[s]; }
-    const int* RowsBegin(int s) const { return rows + rowStart[s]; }
+    void Supernode(int s, int threads, int panel) {
+        const Supernodes& nodes = inner.nodes;
+        const std::shared_ptr<double[]> whole(new double[Area(nodes.Rows(s), nodes.Rows(s))]);
+        if (nodes.Below(s) > 0)
+            Gather(s, whole.get());
+        Invert(s, whole.get(), threads, panel);
+        for (int child = nodes.firstChild[At(s)]; child >= 0; child = nodes.nextSibling[At(child)])
+            above[At(child)] = whole;
+    }
 
-    const int* super;
-    const int* rowStart;
-    const int* valueStart;
-    const int* rows;
-    const double* values;
-    int count;
-    std::vector<int> ofColumn;
+    void Run() {
+        const Supernodes& nodes = inner.nodes;
+        const int threads = nodes.isSmall ? 1 : inner.threads;
+        for (auto s = nodes.top.rbegin(); s != nodes.top.rend(); ++s)
+            Supernode(*s, threads, kPanel);
+        ParallelFor(threads, nodes.branches.size(), [&](std::size_t i) {
+            for (int s = nodes.branches[i].last; s >= nodes.branches[i].first; --s)
+                Supernode(s, 1, nodes.Rows(s));
+        });
+    }
 };
-
-// Gathers the inverse over the rows below supernode s out of the blocks already done; lower triangle.
-void GatherBelow(const Supernodes& nodes, const std::vector<double>& inverse, int s,
-                 Eigen::MatrixXd& gathered, std::vector<int>& place) {
-    const int columns = nodes.Columns(s);
-    const int below = nodes.Rows(s) - columns;
-    const int* rows = nodes.RowsBegin(s) + columns;
-    for (int first = 0; first < below;) {
-        const int t = nodes.ofColumn[At(rows[first])];
-        const int* otherRows = nodes.RowsBegin(t);
-        const int otherCount = nodes.Rows(t);
-        place.clear();
-        int at = 0;
-        for (int i = first; i < below; ++i) {
-            while (at < otherCount && otherRows[at] < rows[i])
-                ++at;
-            if (at == otherCount || otherRows[at] != rows[i])
-                throw Failure(ErrorNumber::Internal, "The pattern of the factor is not closed.");
-            place.push_back(at);
-        }
-        const double* block = inverse.data() + nodes.valueStart[t];
-        int last = first;
-        for (; last < below && rows[last] < nodes.super[t + 1]; ++last) {
-            const double* column = block + At(rows[last] - nodes.super[t]) * At(otherCount);
-            for (int i = last; i < below; ++i)
-                gathered(i, last) = column[place[At(i - first)]];
-        }
-        first = last;
-    }
-}
-
-void InvertSupernode(const Supernodes& nodes, std::vector<double>& inverse, int s, std::vector<int>& place) {
-    const int columns = nodes.Columns(s);
-    const int rows = nodes.Rows(s);
-    const int below = rows - columns;
-    const ConstBlock factor(nodes.values + nodes.valueStart[s], rows, columns);
-    Block result(inverse.data() + nodes.valueStart[s], rows, columns);
-    const auto diagonal = factor.topRows(columns).triangularView<Eigen::Lower>();
-    Eigen::MatrixXd own = Eigen::MatrixXd::Identity(columns, columns);
-    diagonal.solveInPlace(own);
-    Eigen::MatrixXd top = own.transpose() * own;
-    if (below > 0) {
-        // M = L21 / L11;  Z21 = -Z22 M;  Z11 = 1 / (L11 L11') - M' Z21
-        const Eigen::MatrixXd m = factor.bottomRows(below) * own;
-        Eigen::MatrixXd gathered(below, below);
-        GatherBelow(nodes, inverse, s, gathered, place);
-        const Eigen::MatrixXd side = -(gathered.selfadjointView<Eigen::Lower>() * m);
-        top -= m.transpose() * side;
-        result.bottomRows(below) = side;
-    }
-    result.topRows(columns) = 0.5 * (top + top.transpose());
-}
 
 }  // namespace
 
-std::vector<double> InverseEntries(const SparseCholesky& cholesky, const NormalMatrix& normals) {
-    const cholmod_factor& factor = *cholesky.inner->factor;
-    const Supernodes nodes(factor);
-    std::vector<double> inverse(factor.xsize, 0.0);
-    std::vector<int> place;
-    for (int s = nodes.count - 1; s >= 0; --s)
-        InvertSupernode(nodes, inverse, s, place);
-
-    const auto* order = static_cast<const int*>(factor.Perm);
-    std::vector<int> placeOf(factor.n);
-    for (std::size_t i = 0; i < factor.n; ++i)
-        placeOf[At(order[i])] = static_cast<int>(i);
-    const Eigen::VectorXd& scale = cholesky.inner->scale;
+std::vector<double> InverseEntries(SparseCholesky& cholesky, const NormalMatrix& normals) {
+    SparseCholesky::Inner& inner = *cholesky.inner;
+    if (inner.holdsInverse)
+        throw Failure(ErrorNumber::Internal, "The factor has been replaced by the inverse.");
+    inner.holdsInverse = true;
+    Inversion(inner).Run();
+    const Supernodes& nodes = inner.nodes;
     std::vector<double> entries(normals.row.size());
-    for (int column = 0; column < normals.size; ++column) {
-        for (int at = normals.columnStart[At(column)]; at < normals.columnStart[At(column) + 1]; ++at) {
-            const int row = normals.row[At(at)];
-            const int low = std::min(placeOf[At(row)], placeOf[At(column)]);
-            const int high = std::max(placeOf[At(row)], placeOf[At(column)]);
-            const int s = nodes.ofColumn[At(low)];
-            const int* rows = nodes.RowsBegin(s);
-            const int* found = std::lower_bound(rows, rows + nodes.Rows(s), high);
-            if (found == rows + nodes.Rows(s) || *found != high)
-                throw Failure(ErrorNumber::Internal, "An entry is missing in the pattern of the factor.");
-            const std::size_t position = At(nodes.valueStart[s]) +
-                                         At(low - nodes.super[s]) * At(nodes.Rows(s)) +
-                                         static_cast<std::size_t>(found - rows);
-            entries[At(at)] = inverse[position] * scale(row) * scale(column);
+    for (int s = 0; s < nodes.count; ++s) {
+        const double* block = inner.values.get() + nodes.valueStart[At(s)];
+        const int rows = nodes.Rows(s);
+        std::size_t at = nodes.entryStart[At(s)];
+        for (int column = 0; column < nodes.Columns(s); ++column) {
+            const int first = column * rows;
+            const double scale = inner.scale(nodes.order[At(nodes.firstColumn[At(s)] + column)]);
+            for (; at < nodes.entryStart[At(s) + 1] && nodes.target[at] < first + rows; ++at) {
+                const int row = nodes.order[At(nodes.RowsOf(s)[nodes.target[at] - first])];
+                entries[At(nodes.entry[at])] = block[nodes.target[at]] * scale * inner.scale(row);
+            }
         }
     }
     return entries;

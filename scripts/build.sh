@@ -7,9 +7,9 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 say() { printf '== %s\n' "$*"; }
 
-packages=(g++ cmake ninja-build libfmt-dev libsuitesparse-dev libmetis-dev libeigen3-dev libgtest-dev libgmock-dev
-    libbenchmark-dev qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-documentation-tools qt6-svg-dev libqt6sql6-sqlite
-    fonts-dejavu-core)
+packages=(g++ cmake ninja-build libfmt-dev libsuitesparse-dev libmetis-dev libopenblas-pthread-dev libeigen3-dev
+    libgtest-dev libgmock-dev libbenchmark-dev qt6-base-dev qt6-tools-dev qt6-tools-dev-tools
+    qt6-documentation-tools qt6-svg-dev libqt6sql6-sqlite fonts-dejavu-core)
 
 as_root() {
     if [ "$(id -u)" = 0 ]; then

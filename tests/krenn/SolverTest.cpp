@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "krenn/Adjustment.h"
 #include "krenn/Errors.h"
 #include "krenn/InputReader.h"
 #include "krenn/Jordan.h"
+#include "krenn/Listing.h"
 #include "krenn/RankCheck.h"
 #include "krenn/SparseCholesky.h"
 #include "tests/krenn/RandomNetwork.h"
@@ -20,6 +23,24 @@ TEST(JordanInvert, InvertsAMatrixThatNeedsExchanges) {
     const Eigen::MatrixXd original = matrix;
     JordanInvert(matrix);
     EXPECT_LT((matrix * original - Eigen::MatrixXd::Identity(3, 3)).norm(), 1e-14);
+}
+
+// More than one block of columns, and shares of them for several threads.
+TEST(JordanInvert, InvertsALargeMatrixTheSameForEveryNumberOfThreads) {
+    std::mt19937 random(3);
+    std::normal_distribution<double> normal;
+    Eigen::MatrixXd matrix(301, 301);
+    for (double& entry : matrix.reshaped())
+        entry = normal(random);
+    matrix.topLeftCorner(80, 80).setZero();
+    Eigen::MatrixXd alone = matrix;
+    JordanInvert(alone, 1);
+    EXPECT_LT((alone * matrix - Eigen::MatrixXd::Identity(301, 301)).norm(), 1e-9);
+    for (const int threads : {2, 3}) {
+        Eigen::MatrixXd shared = matrix;
+        JordanInvert(shared, threads);
+        EXPECT_TRUE(shared == alone) << threads;
+    }
 }
 
 TEST(JordanInvert, RefusesASingularMatrix) {
@@ -89,6 +110,127 @@ TEST(Solve, SolvesWhatItFactorised) {
     const Eigen::VectorXd x = Eigen::VectorXd::LinSpaced(grid.normals.size, -1, 1);
     EXPECT_LT((Solve(cholesky, grid.Dense() * x) - x).norm(), 1e-8 * x.norm());
 }
+
+TEST(Factorise, TellsThePivotOfARowThatOthersExplain) {
+    Grid grid(30);
+    // The last row becomes the first one, and with it the matrix singular.
+    NormalMatrix& normals = grid.normals;
+    const int last = normals.size - 1;
+    const auto diagonal = static_cast<std::size_t>(normals.columnStart[static_cast<std::size_t>(last)]);
+    SparseCholesky cholesky;
+    Analyse(cholesky, normals);
+    const Eigen::MatrixXd dense = grid.Dense();
+    const Eigen::VectorXd column = dense.col(last).head(last);
+    const double explained = column.dot(dense.topLeftCorner(last, last).llt().solve(column));
+    normals.value[diagonal] = explained * (1 + 1e-9);
+    const Pivot nearly = Factorise(cholesky, normals);
+    EXPECT_GT(nearly.least, 0);
+    EXPECT_LT(nearly.least, 1e-8);
+    normals.value[diagonal] = explained * (1 - 1e-6);
+    const Pivot broken = Factorise(cholesky, normals);
+    EXPECT_EQ(broken.least, 0);
+    EXPECT_GE(broken.row, 0);
+    normals.value[diagonal] = dense(last, last);
+    EXPECT_GT(Factorise(cholesky, normals).least, kDoubtfulPivot);
+}
+
+// Results are compared to the last bit. The network is large enough for branches and for panels of its top.
+TEST(SparseCholesky, GivesTheSameNumbersForEveryNumberOfThreads) {
+    const Grid grid(550);
+    const Eigen::VectorXd right = Eigen::VectorXd::LinSpaced(grid.normals.size, -1, 1);
+    Eigen::VectorXd solution;
+    std::vector<double> entries;
+    for (const int threads : {1, 2, 3}) {
+        SparseCholesky cholesky(threads);
+        Analyse(cholesky, grid.normals);
+        Factorise(cholesky, grid.normals);
+        const Eigen::VectorXd solved = Solve(cholesky, right);
+        const std::vector<double> inverse = InverseEntries(cholesky, grid.normals);
+        if (threads == 1) {
+            solution = solved;
+            entries = inverse;
+        }
+        EXPECT_TRUE(solved == solution) << threads;
+        EXPECT_TRUE(inverse == entries) << threads;
+    }
+}
+
+TEST(InverseEntries, TakesThePlaceOfTheFactorUntilTheNextFactorisation) {
+    const Grid grid(30);
+    const Eigen::VectorXd right = Eigen::VectorXd::Ones(grid.normals.size);
+    SparseCholesky cholesky;
+    Analyse(cholesky, grid.normals);
+    Factorise(cholesky, grid.normals);
+    const Eigen::VectorXd solution = Solve(cholesky, right);
+    InverseEntries(cholesky, grid.normals);
+    EXPECT_THROW(Solve(cholesky, right), Failure);
+    EXPECT_THROW(InverseEntries(cholesky, grid.normals), Failure);
+    Factorise(cholesky, grid.normals);
+    EXPECT_TRUE(Solve(cholesky, right) == solution);
+}
+
+TEST(FillRight, EqualsTheRightSideOfTheNormalEquations) {
+    Grid grid(12);
+    const Eigen::VectorXd right = grid.normals.right;
+    grid.normals.right.setZero();
+    FillRight(grid.normals, grid.structure, grid.unknowns, grid.state);
+    EXPECT_LT((grid.normals.right - right).norm(), 1e-12 * right.norm());
+}
+
+Network FreeNetwork(double startNoise) {
+    NetworkSpec spec;
+    spec.points = 120;
+    spec.given = 120;
+    spec.stations = 120;
+    spec.startNoise = startNoise;
+    return ReadInput(MakeNetwork(spec).text.Text());
+}
+
+// The part of a correction that moves the network in itself, from normal equations made anew.
+double FreshCorrection(const Network& network, const Adjustment& adjustment) {
+    std::vector<int> held;
+    for (const PartDatum& part : adjustment.datum.parts)
+        held.insert(held.end(), part.held.begin(), part.held.end());
+    NormalMatrix normals =
+        MakePattern(adjustment.structure, adjustment.unknowns, held, network.relativePairs);
+    FillNormals(normals, adjustment.structure, adjustment.unknowns, adjustment.state, {});
+    SparseCholesky cholesky;
+    Analyse(cholesky, normals);
+    Factorise(cholesky, normals);
+    return Solve(cholesky, normals.right).cwiseAbs().maxCoeff();
+}
+
+class FromStartsThatAreOff : public testing::TestWithParam<double> {};
+
+TEST_P(FromStartsThatAreOff, NothingIsLeftToCorrectAtTheEnd) {
+    const Network network = FreeNetwork(GetParam());
+    const Adjustment adjustment = Adjust(network, Type::Sparse);
+    EXPECT_LT(FreshCorrection(network, adjustment), 1e-9);
+    EXPECT_LT(adjustment.iterations.back().largest, 1e-9);
+    EXPECT_GE(adjustment.iterations.size(), 2U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Adjust, FromStartsThatAreOff, testing::Values(0.001, 0.1, 3.0, 30.0));
+
+class ThreadsOfType : public testing::TestWithParam<Type> {};
+
+TEST_P(ThreadsOfType, MakeNoDifferenceToTheListing) {
+    const Network network = FreeNetwork(0.1);
+    std::string alone;
+    for (const int threads : {1, 2, 3}) {
+        Parameters parameters;
+        parameters.threads = threads;
+        const Adjustment adjustment = Adjust(network, GetParam(), parameters);
+        const std::string listing =
+            GoodListing({}, network, adjustment, Evaluate(network, adjustment, parameters));
+        if (threads == 1)
+            alone = listing;
+        EXPECT_EQ(listing, alone) << threads;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Adjust, ThreadsOfType,
+                         testing::Values(Type::Sparse, Type::SparseInverse, Type::Dense, Type::L1Norm));
 
 class InverseOfSize : public testing::TestWithParam<int> {};
 
