@@ -95,24 +95,34 @@ std::string Suspicion(const Network& network, const Adjustment& adjustment, cons
                        Fixed(statistics.standardised[At(statistics.worst)], 0, 2));
 }
 
-// Observations whose w is as large: an error of any of them would look the same.
+// Observations an error of which would show alike: found by the search for gross errors, or with a w as
+// large.
+std::vector<int> Alternatives(const Adjustment& adjustment, const Statistics& statistics) {
+    if (!adjustment.snooping.suspects.empty())
+        return adjustment.snooping.suspects.front().alternatives;
+    std::vector<int> alternatives;
+    const double most = std::abs(statistics.standardised[At(statistics.worst)]);
+    for (std::size_t m = 0; m < statistics.standardised.size() && statistics.isStandardised; ++m) {
+        if (static_cast<int>(m) != statistics.worst && std::abs(statistics.standardised[m]) > 0.999 * most)
+            alternatives.push_back(static_cast<int>(m));
+    }
+    return alternatives;
+}
+
 std::string LooksTheSame(const Network& network, const Adjustment& adjustment, const Statistics& statistics) {
     constexpr std::size_t kLinesShown = 10;
-    const double most = std::abs(statistics.standardised[At(statistics.worst)]);
-    std::string lines;
-    std::size_t count = 0;
-    for (std::size_t m = 0; m < statistics.standardised.size(); ++m) {
-        if (static_cast<int>(m) == statistics.worst || std::abs(statistics.standardised[m]) < 0.999 * most)
-            continue;
-        if (++count <= kLinesShown)
-            lines += fmt::format("{}{}", count > 1 ? ", " : "",
-                                 network.observations[At(adjustment.structure.measures[m].observation)].line);
-    }
-    if (count == 0 || !statistics.isStandardised)
+    const std::vector<int> alternatives = Alternatives(adjustment, statistics);
+    const std::size_t count = alternatives.size();
+    if (count == 0)
         return {};
+    std::string lines;
+    for (std::size_t i = 0; i < std::min(count, kLinesShown); ++i) {
+        const Measure& measure = adjustment.structure.measures[At(alternatives[i])];
+        lines += fmt::format("{}{}", i > 0 ? ", " : "", network.observations[At(measure.observation)].line);
+    }
     return fmt::format(
-        " The network cannot tell it from {} other observation{} with a w as large (line{} {}{}).", count,
-        Plural(count), Plural(count), lines, count > kLinesShown ? ", ..." : "");
+        " The network cannot tell it from {} other observation{} whose error would look alike (line{} {}{}).",
+        count, Plural(count), Plural(count), lines, count > kLinesShown ? ", ..." : "");
 }
 
 double ExpectedByChance(const Statistics& statistics) {
@@ -183,7 +193,7 @@ void JudgeLeastSquares(const Network& network, const Adjustment& adjustment, con
     if (judgement.hasSuspect) {
         judgement.doubts.push_back(fmt::format("{}. Check it, or take it out and adjust again.{}{}",
                                                Capitalised(Suspicion(network, adjustment, statistics)),
-                                               suspects > 0 ? "" : LooksTheSame(network, adjustment, statistics),
+                                               LooksTheSame(network, adjustment, statistics),
                                                suspects > 1 ? "" : WhatRemains(statistics, without)));
         if (suspects > 1)
             judgement.doubts.push_back(fmt::format(

@@ -82,12 +82,9 @@ TEST(Judge, SaysWhichObservationsTheNetworkCannotTellApart) {
     for (const Type type : {Type::SparseInverse, Type::Dense}) {
         const Judged judged = JudgeNetwork(ReadInput(text.Text()), type);
         EXPECT_EQ(judged.statistics.worst, 1);
-        const int line = judged.network.observations[0].line;
         ASSERT_FALSE(judged.judgement.doubts.empty());
         EXPECT_THAT(judged.judgement.doubts.front(), HasSubstr("error of 100.00 mm"));
-        EXPECT_THAT(
-            judged.judgement.doubts.front(),
-            HasSubstr(fmt::format("2 other observations with a w as large (lines {}, {})", line, line + 2)));
+        EXPECT_THAT(judged.judgement.doubts.front(), HasSubstr("cannot tell it from 2 other observations"));
     }
 }
 
