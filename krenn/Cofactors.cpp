@@ -5,6 +5,8 @@
 #include <cmath>
 #include <functional>
 
+#include "krenn/Parallel.h"
+
 namespace Krenn {
 namespace {
 
@@ -142,8 +144,8 @@ void SparseCofactors(const Network& network, Adjustment& adjustment, SparseChole
     const Datum& datum = adjustment.datum;
     const std::vector<Transform> transforms = FindTransforms(datum, cholesky, normals);
     const std::vector<double> entries = InverseEntries(cholesky, normals);
-    adjustment.cofactors.measure =
-        MeasureForms(normals, entries, adjustment.structure, adjustment.unknowns, adjustment.state);
+    adjustment.cofactors.measure = MeasureForms(normals, entries, adjustment.structure, adjustment.unknowns,
+                                                adjustment.state, ThreadsFor(adjustment.parameters.threads));
     const auto minimal = [&](int a, int b, int offset) {
         const int rowA = normals.reducedOf[At(a)];
         const int rowB = normals.reducedOf[At(b)];
@@ -183,8 +185,8 @@ void DenseCofactors(const Network& network, Adjustment& adjustment, const Eigen:
         for (int at = normals.columnStart[At(column)]; at < normals.columnStart[At(column) + 1]; ++at)
             entries[At(at)] = inverse(normals.row[At(at)], column);
     }
-    adjustment.cofactors.measure =
-        MeasureForms(normals, entries, adjustment.structure, adjustment.unknowns, adjustment.state);
+    adjustment.cofactors.measure = MeasureForms(normals, entries, adjustment.structure, adjustment.unknowns,
+                                                adjustment.state, ThreadsFor(adjustment.parameters.threads));
     FillBlocks(network, adjustment, {}, [&](int a, int b, int) { return inverse(a, b); });
 }
 

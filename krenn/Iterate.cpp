@@ -8,10 +8,12 @@
 #include <functional>
 #include <numbers>
 #include <numeric>
+#include <utility>
 
 #include "krenn/Errors.h"
 #include "krenn/Jordan.h"
 #include "krenn/LeastSum.h"
+#include "krenn/Parallel.h"
 
 namespace Krenn {
 namespace {
@@ -37,12 +39,14 @@ struct Scheme {
 };
 
 // Residuals over sigma, adjusted minus observed.
-std::vector<double> WeightedResiduals(const Structure& structure, const State& state) {
-    std::vector<double> v(structure.measures.size());
-    for (std::size_t m = 0; m < v.size(); ++m) {
-        const Measure& measure = structure.measures[m];
-        v[m] = -Misclosure(measure, ComputeValue(measure, state)) / measure.sigma;
-    }
+std::vector<double> WeightedResiduals(const Adjustment& adjustment, const State& state) {
+    const std::vector<Measure>& measures = adjustment.structure.measures;
+    std::vector<double> v(measures.size());
+    ParallelRanges(
+        ThreadsFor(adjustment.parameters.threads), v.size(), [&](std::size_t begin, std::size_t end) {
+            for (std::size_t m = begin; m < end; ++m)
+                v[m] = -Misclosure(measures[m], ComputeValue(measures[m], state)) / measures[m].sigma;
+        });
     return v;
 }
 
@@ -78,7 +82,7 @@ Iteration Describe(const Unknowns& unknowns, const Eigen::VectorXd& correction) 
 
 [[noreturn]] void RefuseConvergence(const Network& network, const Adjustment& adjustment,
                                     const std::string& cause = {}) {
-    const std::vector<double> v = WeightedResiduals(adjustment.structure, adjustment.state);
+    const std::vector<double> v = WeightedResiduals(adjustment, adjustment.state);
     std::vector<std::size_t> order(v.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     const std::size_t shown = std::min(kWorstShown, order.size());
@@ -110,7 +114,7 @@ bool TakeStep(Adjustment& adjustment, const Scheme& scheme, double& target,
     Iteration iteration = Describe(adjustment.unknowns, correction);
     for (int halving = 0; halving <= mostHalvings; ++halving, iteration.step /= 2) {
         State trial = Moved(adjustment.state, adjustment.unknowns, correction, iteration.step);
-        const double reached = scheme.target(WeightedResiduals(adjustment.structure, trial));
+        const double reached = scheme.target(WeightedResiduals(adjustment, trial));
         // Tiny corrections change the target by less than its own rounding; they are always taken.
         const bool isTiny = iteration.largest < 1e-5;
         if (!(reached <= target * (1 + 1e-10) + 1e-9) && !isTiny)
@@ -141,6 +145,14 @@ bool IsNoise(const std::vector<Iteration>& iterations) {
            last > 0.5 * iterations[iterations.size() - 2].largest;
 }
 
+// Corrections as small as asked that shrink slowly, however often the equations are made anew: a position
+// that the observations hardly hold. More of them would follow the noise of the arithmetic.
+bool CreepsBelow(const std::vector<Iteration>& iterations, double bound) {
+    const Iteration& last = iterations.back();
+    return iterations.size() >= 3 && last.step == 1 && last.largest < bound && WayLeft(iterations) < bound &&
+           last.largest > 0.1 * iterations[iterations.size() - 2].largest;
+}
+
 // True once the corrections are as small as asked and little is left, or noise.
 bool HasSettled(const std::vector<Iteration>& iterations, double bound, double mostLeft) {
     const Iteration& last = iterations.back();
@@ -150,7 +162,7 @@ bool HasSettled(const std::vector<Iteration>& iterations, double bound, double m
 }
 
 double FirstTarget(const Adjustment& adjustment, const Scheme& scheme) {
-    const double target = scheme.target(WeightedResiduals(adjustment.structure, adjustment.state));
+    const double target = scheme.target(WeightedResiduals(adjustment, adjustment.state));
     if (!std::isfinite(target))
         throw Failure(ErrorNumber::NotFinite, "The observations give no finite residuals at the start.");
     return target;
@@ -167,12 +179,14 @@ void Iterate(const Network& network, Adjustment& adjustment, const Scheme& schem
         if (HasSettled(iterations, parameters.largestCorrection, mostLeft) &&
             (iterations.back().largest <= mostMoved || IsNoise(iterations)))
             return;
+        if (CreepsBelow(iterations, parameters.largestCorrection))
+            return;
     }
     RefuseConvergence(network, adjustment);
 }
 
 void KeepResiduals(Adjustment& adjustment) {
-    adjustment.residual = WeightedResiduals(adjustment.structure, adjustment.state);
+    adjustment.residual = WeightedResiduals(adjustment, adjustment.state);
     adjustment.sumOfSquares = SumOfSquares(adjustment.residual);
     for (std::size_t m = 0; m < adjustment.residual.size(); ++m)
         adjustment.residual[m] *= adjustment.structure.measures[m].sigma;
@@ -232,7 +246,8 @@ struct SparseSystem {
     Eigen::VectorXd Correction() {
         if (steps > 0) {
             const PhaseClock clock(adjustment.phases.linearise);
-            FillRight(normals, adjustment.structure, adjustment.unknowns, adjustment.state);
+            FillRight(normals, adjustment.structure, adjustment.unknowns, adjustment.state,
+                      ThreadsFor(adjustment.parameters.threads));
         }
         Eigen::VectorXd reduced;
         {
@@ -253,7 +268,7 @@ struct SparseSystem {
         const Iteration& last = iterations.back();
         if (last.step < 1 || moved > kServedPart * shortest)
             return false;
-        return steps < 2 || last.largest < 0.1 * iterations[iterations.size() - 2].largest;
+        return iterations.size() < 2 || last.largest < 0.1 * iterations[iterations.size() - 2].largest;
     }
 };
 
@@ -265,8 +280,10 @@ void IterateSparse(const Network& network, Adjustment& adjustment, SparseCholesk
     const Scheme scheme{[&] { return system.Correction(); }, SumOfSquares};
     const double shortest = ShortestSight(adjustment.structure, adjustment.state);
     double target = FirstTarget(adjustment, scheme);
+    bool wasTrue = false;
     while (static_cast<int>(adjustment.iterations.size()) < parameters.mostIterations) {
         const bool isTrue = system.steps == 0;
+        const bool isTrueAgain = std::exchange(wasTrue, isTrue) && isTrue;
         if (!TakeStep(adjustment, scheme, target, isTrue ? kMostHalvings : 0)) {
             if (isTrue)
                 RefuseConvergence(network, adjustment);
@@ -274,6 +291,10 @@ void IterateSparse(const Network& network, Adjustment& adjustment, SparseCholesk
             continue;
         }
         system.CountStep();
+        if (isTrueAgain && CreepsBelow(adjustment.iterations, parameters.largestCorrection)) {
+            KeepResiduals(adjustment);
+            return;
+        }
         if (!HasSettled(adjustment.iterations, parameters.largestCorrection, kMostLeft)) {
             if (!system.IsStillGood(shortest))
                 system.Renew();

@@ -11,7 +11,9 @@ namespace Krenn {
 // that the iterations cannot oscillate. They end when no coordinate moves by more than
 // Parameters::largestCorrection and the way that is left, after the rate at which the corrections shrink, is
 // below a nanometer; or when corrections below a tenth of a micrometer stop shrinking, which is the noise of
-// the arithmetic. `adjustment` ends with state, iterations, residuals and sum of squares.
+// the arithmetic; or when true corrections below Parameters::largestCorrection shrink slowly, which is a
+// position that the observations hardly hold. `adjustment` ends with state, iterations, residuals and sum of
+// squares.
 //
 // IterateSparse starts with the normal equations and their factor at the start state. While the corrections
 // are small and shrink fast, the following ones take the misclosures of their own state and the factor of an

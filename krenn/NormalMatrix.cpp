@@ -4,9 +4,13 @@
 #include <algorithm>
 
 #include "krenn/Errors.h"
+#include "krenn/Parallel.h"
 
 namespace Krenn {
 namespace {
+
+constexpr std::size_t kWorthSharing = 20000;  // measures
+constexpr std::size_t kRightParts = 8;        // sums that threads make, added up in their order
 
 std::size_t At(int index) {
     return static_cast<std::size_t>(index);
@@ -74,6 +78,27 @@ int OffsetOf(const Neighbours& neighbours, const std::vector<int>& before, int f
     if (found == last || *found != high)
         throw Failure(ErrorNumber::Internal, "A pair of points is missing in the normal equations.");
     return before[static_cast<std::size_t>(found - neighbours.other.begin())];
+}
+
+// a M a' of one measure.
+double MeasureForm(const NormalMatrix& normals, const std::vector<double>& entries, const Measure& measure,
+                   int offset, const Unknowns& unknowns, const State& state) {
+    const Partials partials = ComputePartials(measure, state);
+    const std::array<int, kTerms> rows = RowsOf(normals, measure, unknowns);
+    const int lowEnd = normals.blockStart[At(std::min(measure.from, measure.to)) + 1];
+    const int highStart = normals.blockStart[At(std::max(measure.from, measure.to))];
+    double form = 0;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (rows[i] < 0 || partials.by[i] == 0)
+            continue;
+        for (std::size_t j = 0; j <= i; ++j) {
+            if (rows[j] < 0)
+                continue;
+            const double entry = entries[normals.PositionOf(rows[i], rows[j], lowEnd, highStart, offset)];
+            form += (i == j ? 1 : 2) * partials.by[i] * partials.by[j] * entry;
+        }
+    }
+    return form;
 }
 
 }  // namespace
@@ -158,40 +183,37 @@ void FillNormals(NormalMatrix& normals, const Structure& structure, const Unknow
 }
 
 void FillRight(NormalMatrix& normals, const Structure& structure, const Unknowns& unknowns,
-               const State& state) {
-    normals.right = Eigen::VectorXd::Zero(normals.size);
-    for (const Measure& measure : structure.measures) {
-        const Partials partials = ComputePartials(measure, state);
-        const double weighted = Misclosure(measure, partials.computed) / (measure.sigma * measure.sigma);
-        const std::array<int, kTerms> rows = RowsOf(normals, measure, unknowns);
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            if (rows[i] >= 0)
-                normals.right(rows[i]) += weighted * partials.by[i];
+               const State& state, int threads) {
+    const std::vector<Measure>& measures = structure.measures;
+    std::vector<Eigen::VectorXd> parts(measures.size() < kWorthSharing ? 1 : kRightParts);
+    ParallelFor(threads, parts.size(), [&](std::size_t part) {
+        parts[part] = Eigen::VectorXd::Zero(normals.size);
+        const std::size_t end = measures.size() * (part + 1) / parts.size();
+        for (std::size_t m = measures.size() * part / parts.size(); m < end; ++m) {
+            const Partials partials = ComputePartials(measures[m], state);
+            const double weighted =
+                Misclosure(measures[m], partials.computed) / (measures[m].sigma * measures[m].sigma);
+            const std::array<int, kTerms> rows = RowsOf(normals, measures[m], unknowns);
+            for (std::size_t i = 0; i < rows.size(); ++i) {
+                if (rows[i] >= 0)
+                    parts[part](rows[i]) += weighted * partials.by[i];
+            }
         }
-    }
+    });
+    normals.right = std::move(parts.front());
+    for (std::size_t part = 1; part < parts.size(); ++part)
+        normals.right += parts[part];
 }
 
 std::vector<double> MeasureForms(const NormalMatrix& normals, const std::vector<double>& entries,
-                                 const Structure& structure, const Unknowns& unknowns, const State& state) {
+                                 const Structure& structure, const Unknowns& unknowns, const State& state,
+                                 int threads) {
     std::vector<double> forms(structure.measures.size(), 0.0);
-    for (std::size_t m = 0; m < forms.size(); ++m) {
-        const Measure& measure = structure.measures[m];
-        const Partials partials = ComputePartials(measure, state);
-        const std::array<int, kTerms> rows = RowsOf(normals, measure, unknowns);
-        const int lowEnd = normals.blockStart[At(std::min(measure.from, measure.to)) + 1];
-        const int highStart = normals.blockStart[At(std::max(measure.from, measure.to))];
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            if (rows[i] < 0 || partials.by[i] == 0)
-                continue;
-            for (std::size_t j = 0; j <= i; ++j) {
-                if (rows[j] < 0)
-                    continue;
-                const double entry = entries[normals.PositionOf(rows[i], rows[j], lowEnd, highStart,
-                                                                normals.measureOffset[m])];
-                forms[m] += (i == j ? 1 : 2) * partials.by[i] * partials.by[j] * entry;
-            }
-        }
-    }
+    ParallelRanges(threads, forms.size(), [&](std::size_t begin, std::size_t end) {
+        for (std::size_t m = begin; m < end; ++m)
+            forms[m] = MeasureForm(normals, entries, structure.measures[m], normals.measureOffset[m],
+                                   unknowns, state);
+    });
     return forms;
 }
 

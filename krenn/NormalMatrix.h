@@ -55,9 +55,9 @@ NormalMatrix MakePattern(const Structure& structure, const Unknowns& unknowns, c
 void FillNormals(NormalMatrix& normals, const Structure& structure, const Unknowns& unknowns,
                  const State& state, std::span<const double> weight);
 
-// Fills b alone.
+// Fills b alone. The result does not depend on `threads`.
 void FillRight(NormalMatrix& normals, const Structure& structure, const Unknowns& unknowns,
-               const State& state);
+               const State& state, int threads = 1);
 
 // One row of the design matrix in the numbering of the normal equations; -1 for held and missing unknowns.
 std::array<int, kTerms> RowsOf(const NormalMatrix& normals, const Measure& measure, const Unknowns& unknowns);
@@ -65,6 +65,7 @@ std::array<int, kTerms> RowsOf(const NormalMatrix& normals, const Measure& measu
 // The quadratic form a M a' of every measure at a state, for a symmetric M of which the entries in the
 // pattern of `normals` are given by `entries`.
 std::vector<double> MeasureForms(const NormalMatrix& normals, const std::vector<double>& entries,
-                                 const Structure& structure, const Unknowns& unknowns, const State& state);
+                                 const Structure& structure, const Unknowns& unknowns, const State& state,
+                                 int threads = 1);
 
 }  // namespace Krenn

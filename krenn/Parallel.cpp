@@ -47,4 +47,11 @@ void ParallelFor(int threads, std::size_t count, const std::function<void(std::s
         std::rethrow_exception(thrown);
 }
 
+void ParallelRanges(int threads, std::size_t size,
+                    const std::function<void(std::size_t, std::size_t)>& work) {
+    constexpr std::size_t kShare = 16384;  // worth a thread
+    ParallelFor(threads, (size + kShare - 1) / kShare,
+                [&](std::size_t i) { work(i * kShare, std::min((i + 1) * kShare, size)); });
+}
+
 }  // namespace Krenn

@@ -14,4 +14,7 @@ int ThreadsFor(int wanted);
 // own. Of the exceptions thrown the one of the lowest number comes out.
 void ParallelFor(int threads, std::size_t count, const std::function<void(std::size_t)>& work);
 
+// The same with work(begin, end) for ranges that together make up 0 to size - 1 and depend on the size alone.
+void ParallelRanges(int threads, std::size_t size, const std::function<void(std::size_t, std::size_t)>& work);
+
 }  // namespace Krenn
