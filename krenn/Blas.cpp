@@ -13,7 +13,7 @@ void dtrtri_(const char* uplo, const char* diag, const int* n, double* a, const 
 void dlauum_(const char* uplo, const int* n, double* a, const int* lda, int* info);
 
 // Of a BLAS that is built for many processors; another one has none of these.
-#if defined(__GNUC__) && defined(__x86_64__)
+#if defined(__ELF__) && defined(__x86_64__)
 [[gnu::weak]] char* openblas_get_corename();
 [[gnu::weak]] void openblas_set_num_threads(int threads);
 [[gnu::weak]] int openblas_get_parallel();
@@ -25,7 +25,7 @@ void dlauum_(const char* uplo, const int* n, double* a, const int* lda, int* inf
 namespace Krenn {
 namespace {
 
-#if defined(__GNUC__) && defined(__x86_64__)
+#if defined(__ELF__) && defined(__x86_64__)
 
 // Unknown processors fall back to the oldest kernels, a tenth as fast. The library reads which kernels to
 // take from the environment, once, when it is loaded; so it is made to look again.
