@@ -3,9 +3,13 @@
 
 #include <cblas.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <mutex>
+#include <new>
+#include <vector>
 
 extern "C" {
 void dpotrf_(const char* uplo, const int* n, double* a, const int* lda, int* info);
@@ -19,6 +23,8 @@ void dlauum_(const char* uplo, const int* n, double* a, const int* lda, int* inf
 [[gnu::weak]] int openblas_get_parallel();
 [[gnu::weak]] void gotoblas_dynamic_quit();
 [[gnu::weak]] void gotoblas_dynamic_init();
+[[gnu::weak]] void* blas_memory_alloc(int position);
+[[gnu::weak]] void blas_memory_free(void* buffer);
 #endif
 }
 
@@ -57,12 +63,49 @@ bool IsForOneCaller() {
     return openblas_get_parallel != nullptr && openblas_get_parallel() == 0;
 }
 
+// The library needs a large buffer for each caller, keeps it once it has it, and asks for ever where there is
+// no memory for it. So it is given its buffers where there is.
+int CallersWithBuffers(int wanted) {
+    if (blas_memory_alloc == nullptr || blas_memory_free == nullptr)
+        return wanted;
+    constexpr std::size_t kBufferBytes = std::size_t{136} << 20;
+    constexpr int kMostBuffers = 64;
+    static std::mutex guard;
+    static int reserved = 0;
+    const std::lock_guard lock(guard);
+    const int callers = std::min(wanted, kMostBuffers);
+    struct Free {
+        void operator()(void* block) const { std::free(block); }
+    };
+    std::vector<std::unique_ptr<void, Free>> probes;
+    while (reserved + static_cast<int>(probes.size()) < callers) {
+        std::unique_ptr<void, Free> probe(std::malloc(kBufferBytes));
+        if (probe == nullptr)
+            break;
+        probes.push_back(std::move(probe));
+    }
+    const int possible = std::min(callers, reserved + static_cast<int>(probes.size()));
+    if (possible < 1)
+        throw std::bad_alloc();
+    probes.clear();
+    std::vector<void*> buffers(static_cast<std::size_t>(possible));
+    for (void*& buffer : buffers)
+        buffer = blas_memory_alloc(1);
+    for (void* buffer : buffers)
+        blas_memory_free(buffer);
+    reserved = std::max(reserved, possible);
+    return possible;
+}
+
 #else
 
 void ChooseKernels() {}
 void UseOneThread() {}
 bool IsForOneCaller() {
     return false;
+}
+int CallersWithBuffers(int wanted) {
+    return wanted;
 }
 
 #endif
@@ -82,7 +125,7 @@ void PrepareBlas() {
 }
 
 int MostBlasCallers(int wanted) {
-    return IsForOneCaller() ? 1 : wanted;
+    return CallersWithBuffers(IsForOneCaller() ? 1 : wanted);
 }
 
 void Multiply(bool transposeA, bool transposeB, int m, int n, int k, double alpha, const double* a, int lda,

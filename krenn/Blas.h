@@ -11,8 +11,9 @@ namespace Krenn {
 // is taken for the latest one the BLAS knows, not for the oldest.
 void PrepareBlas();
 
-// How many threads may call at once: `wanted`, or 1 with a BLAS that was built for programs of a single
-// thread.
+// How many threads may call at once: `wanted`, or fewer where memory is short, or 1 with a BLAS that was
+// built for programs of a single thread. Throws std::bad_alloc when there is not enough for one. To be called
+// before the others as well.
 int MostBlasCallers(int wanted);
 
 // c (m x n) := beta c + alpha op(a) op(b), with k the inner size; op transposes where asked.

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <ctime>
+#include <filesystem>
 #include <fstream>
 #include <new>
 
@@ -108,7 +109,11 @@ ErrorNumber CheckInput(const std::string& inputPath) noexcept {
     if (inputPath.empty())
         return ErrorNumber::NoInputPath;
     try {
-        return std::ifstream(inputPath, std::ios::binary) ? ErrorNumber::Good : ErrorNumber::InputNotReadable;
+        // To open a pipe would wait for its other end.
+        std::error_code error;
+        const bool isFile = std::filesystem::is_regular_file(inputPath, error) && !error;
+        return isFile && std::ifstream(inputPath, std::ios::binary) ? ErrorNumber::Good
+                                                                    : ErrorNumber::InputNotReadable;
     } catch (...) {
         return ErrorNumber::OutOfMemory;
     }

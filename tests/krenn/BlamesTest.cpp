@@ -2,6 +2,8 @@
 // What engines of this kind are blamed for, each as the surveyor meets it: by a file and its listing.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include <cmath>
 #include <numbers>
@@ -386,6 +388,74 @@ TEST(Blames, CorrectionsArePrintedSoThatTheyCanBeFollowed) {
         EXPECT_GT(last, 0);
     }
 }
+
+// A grid in three dimensions, every point a station sighting three neighbours on each side.
+std::string BigGrid(int side) {
+    std::mt19937 random(5);
+    std::normal_distribution<double> normal(0, 1);
+    const auto place = [](int x, int y) {
+        return Place{100.0 * x, 100.0 * y, 20 * std::sin(0.7 * x) * std::cos(0.4 * y)};
+    };
+    std::string stations;
+    std::string distances;
+    std::string angles;
+    for (int x = 0; x < side; ++x) {
+        for (int y = 0; y < side; ++y) {
+            const std::string name = fmt::format("G{}_{}", x, y);
+            const Place from = place(x, y);
+            stations += InputText::Given(name, from[0] + 0.01 * normal(random),
+                                         from[1] + 0.01 * normal(random), from[2] + 0.01 * normal(random));
+            for (const auto& [dx, dy] : {std::pair{1, 0}, {0, 1}, {1, 1}, {-1, 0}}) {
+                if (x + dx < 0 || x + dx >= side || y + dy >= side)
+                    continue;
+                const Place to = place(x + dx, y + dy);
+                const std::string other = fmt::format("G{}_{}", x + dx, y + dy);
+                distances += fmt::format("{} {} {:.5f} 0.001\r\n", name, other,
+                                         SlopeLength(from, to) + 0.001 * normal(random));
+                angles += fmt::format("{} {} {:.5f} {:.5f} 0.001 0.001\r\n", name, other,
+                                      AzimuthGons(from, to), ZenithGons(from, to));
+            }
+        }
+    }
+    return "NORL\r\n\r\nTheodolite Stations\r\n" + stations + "END\r\nDistances \r\n" + distances +
+           "END\r\nObservations\r\n" + angles + "END\r\n";
+}
+
+// The sanitizers keep memory of their own and know no such limit.
+#if !defined(__SANITIZE_ADDRESS__)
+// Ends with the number of the run if its listing is whole and says the same.
+[[noreturn]] void RunBigWithin(rlim_t bytes) {
+    int code = 101;
+    {
+        const TempFolder folder;
+        const std::string input = folder.Write("BIG.INP", BigGrid(142));
+        const rlimit limit{bytes, bytes};
+        setrlimit(RLIMIT_AS, &limit);
+        const ErrorNumber number = RunAdjustment(input, 1);
+        const rlimit none{RLIM_INFINITY, RLIM_INFINITY};
+        setrlimit(RLIMIT_AS, &none);
+        const std::string listing = folder.Read("BIG.OUT");
+        ExpectListingOf(number, listing);
+        if (number == ErrorNumber::Good) {
+            EXPECT_EQ(ReadListingText(listing).stations.size(), 142U * 142U);
+        }
+        code = testing::Test::HasFailure() ? 100 : static_cast<int>(number);
+    }
+    _exit(code);
+}
+
+TEST(Blames, ABigNetworkPrintsWithinItsMemoryOrSaysThatThereIsTooLittle) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(RunBigWithin(rlim_t{3} << 30), testing::ExitedWithCode(0), "");
+    for (const rlim_t megabytes : {120, 200, 300, 400, 500}) {
+        const auto isTold = [](int status) {
+            return testing::ExitedWithCode(static_cast<int>(ErrorNumber::OutOfMemory))(status) ||
+                   testing::ExitedWithCode(0)(status);
+        };
+        EXPECT_EXIT(RunBigWithin(megabytes << 20), isTold, "") << megabytes;
+    }
+}
+#endif
 
 TEST(Blames, APointHeldByOneSightIsNotMovedInSilence) {
     Square square;

@@ -156,6 +156,16 @@ TEST(RunAdjustment, UndeterminedHeights) {
     EXPECT_THAT(listing, HasSubstr("rotation about Z, shift in Z"));
 }
 
+TEST(RunAdjustment, UnconnectedParts) {
+    InputText text;
+    text.Height("A", "B", 1, 0.001);
+    text.Height("C", "D", 2, 0.001);
+    const TextRun run = KrennTest::RunText(text.Text(), 1, "PARTS = REFUSE\r\n");
+    EXPECT_EQ(run.number, ErrorNumber::UnconnectedParts);
+    EXPECT_THAT(run.listing, HasSubstr("part 1 of 2 points: A, B\r\n"));
+    EXPECT_THAT(run.listing, HasSubstr("part 2 of 2 points: C, D\r\n"));
+}
+
 TEST(RunAdjustment, NothingToAdjust) {
     EXPECT_EQ(
         RunText(kHead + "Object Points\r\nA 1 2 3\r\nB 2 2 3\r\nEND\r\nDistances \r\nA B 1 0.001\r\nEND\r\n"
