@@ -59,14 +59,16 @@ void Prepare(const Network& network, Adjustment& adjustment) {
     const PhaseClock clock(adjustment.phases.approximate);
     adjustment.structure = FindStructure(network, adjustment.parameters);
     Approximation approximation = Approximate(network, adjustment.structure);
-    adjustment.start = std::move(approximation.state);
-    adjustment.state = adjustment.start;
+    for (const int point : approximation.contradicted)
+        adjustment.structure.roles[At(point)].isContradicted = true;
+    adjustment.start = std::move(approximation.aim);
+    adjustment.state = std::move(approximation.state);
     adjustment.computedStarts = std::move(approximation.computed);
     adjustment.notes = adjustment.structure.notes;
     adjustment.notes.insert(adjustment.notes.end(), approximation.notes.begin(), approximation.notes.end());
-    ReduceToHeldHeights(adjustment.structure, network, adjustment.start);
+    ReduceToHeldHeights(adjustment.structure, network, adjustment.state);
     std::vector<int> plumbLines;
-    for (const int observation : LeaveOutPlumbAngles(adjustment.structure, adjustment.start))
+    for (const int observation : LeaveOutPlumbAngles(adjustment.structure, adjustment.state))
         plumbLines.push_back(network.observations[At(observation)].line);
     plumbLines.erase(std::unique(plumbLines.begin(), plumbLines.end()), plumbLines.end());
     for (const int line : plumbLines)

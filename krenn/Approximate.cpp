@@ -5,255 +5,88 @@
 
 #include <algorithm>
 #include <cmath>
-#include <deque>
 
 #include "krenn/Attitude.h"
 #include "krenn/Errors.h"
-#include "krenn/PlanSights.h"
+#include "krenn/PointEvidence.h"
+#include "krenn/StartRepair.h"
 
 namespace Krenn {
 namespace {
 
-constexpr std::size_t kMostFrames = 200;
-constexpr double kFreeBase = 100;  // meters between the first two points of a frame without any distance
+constexpr std::size_t kMostNamed = 1000;
 
 std::size_t At(int index) {
     return static_cast<std::size_t>(index);
 }
 
-// ---- Plan ----
-
-struct Seed {
-    int first = -1;
-    int second = -1;
-    double length = 0;   // 0: no distance, the frame gets an arbitrary scale
-    double reading = 0;  // direction from first to second
-    bool isOriented = false;
-};
-
-const PlanSights::Leg* LegBetween(const PlanSights& sights, int from, int to) {
-    for (const PlanSights::Leg& leg : sights.legs[At(from)]) {
-        if (leg.other == to)
-            return &leg;
-    }
-    return nullptr;
-}
-
-// The best start of a new frame among points that no frame holds: the station with the most polar sights,
-// else two points with a distance, else a station and a target.
-Seed FindSeed(const PlanSights& sights, const std::vector<char>& isCovered, bool wantsDistance) {
-    Seed best;
-    int most = 0;
-    for (int station = 0; station < sights.Points(); ++station) {
-        if (isCovered[At(station)])
-            continue;
-        int polars = 0;
-        Seed seed;
-        for (const PlanSights::Sight& sight : sights.out[At(station)]) {
-            const PlanSights::Leg* leg = wantsDistance ? LegBetween(sights, station, sight.other) : nullptr;
-            if (wantsDistance && leg == nullptr)
-                continue;
-            if (polars++ == 0)
-                seed = {station, sight.other, leg ? leg->length : 0.0, sight.reading, true};
-        }
-        if (polars > most) {
-            most = polars;
-            best = seed;
-        }
-    }
-    if (most > 0 || !wantsDistance)
-        return best;
-    for (int point = 0; point < sights.Points(); ++point) {
-        if (isCovered[At(point)] || sights.legs[At(point)].empty())
-            continue;
-        const PlanSights::Leg& leg = sights.legs[At(point)].front();
-        return {point, leg.other, leg.length, 0, false};
-    }
-    return best;
-}
-
-PlanFrame FrameFrom(const PlanSights& sights, const Seed& seed) {
-    PlanFrame frame(sights.Points());
-    frame.isMetric = seed.length > 0;
-    frame.isFree = true;
-    PlacePoint(frame, sights, seed.first, {0, 0});
-    if (seed.isOriented)
-        OrientStation(frame, sights, seed.first, 0);
-    PlacePoint(frame, sights, seed.second,
-               PolarFrom({0, 0}, seed.reading, frame.isMetric ? seed.length : kFreeBase), seed.first);
-    GrowFrame(frame, sights, Strictness::Weak);
-    return frame;
-}
-
-bool JoinFrames(std::vector<PlanFrame>& frames, const PlanSights& sights, bool shiftAlone) {
-    for (std::size_t i = 0; i < frames.size(); ++i) {
-        for (std::size_t j = i + 1; j < frames.size(); ++j) {
-            // The frame of the given points keeps its place; of two free ones the one that knows its scale
-            // does.
-            if (frames[i].isFree && !frames[i].isMetric && frames[j].isMetric)
-                std::swap(frames[i], frames[j]);
-            if (!MergeFrames(frames[i], sights, frames[j], shiftAlone && i == 0))
-                continue;
-            frames.erase(frames.begin() + static_cast<std::ptrdiff_t>(j));
-            GrowFrame(frames[i], sights, Strictness::Weak);
-            return true;
-        }
-    }
-    return false;
-}
-
-bool IsComplete(const std::vector<PlanFrame>& frames, const PlanSights& sights) {
-    return !frames.empty() && frames.front().placed.size() == At(sights.Points());
-}
-
-bool AddFrame(std::vector<PlanFrame>& frames, const PlanSights& sights) {
-    if (frames.size() >= kMostFrames)
-        return false;
-    std::vector<char> isCovered(At(sights.Points()), 0);
-    for (const PlanFrame& frame : frames) {
-        for (const int point : frame.placed)
-            isCovered[At(point)] = 1;
-    }
-    Seed seed = FindSeed(sights, isCovered, true);
-    if (seed.first < 0)
-        seed = FindSeed(sights, isCovered, false);
-    if (seed.first < 0)
-        return false;
-    frames.push_back(FrameFrom(sights, seed));
-    return true;
-}
-
-bool GrowAmbiguous(std::vector<PlanFrame>& frames, const PlanSights& sights) {
-    return std::any_of(frames.begin(), frames.end(),
-                       [&](PlanFrame& frame) { return GrowFrame(frame, sights, Strictness::Ambiguous); });
-}
-
-// Grows and joins frames until one holds the whole part or nothing helps any more. The first frame of the
-// result is the one to take. `usedGuess` tells that a point had two places and one was taken.
-std::vector<PlanFrame> SolvePart(const PartSights& part, const Network& network, bool& usedGuess) {
-    std::vector<PlanFrame> frames;
-    const bool hasGiven = std::any_of(part.points.begin(), part.points.end(),
-                                      [&](int point) { return network.points[At(point)].hasGiven; });
-    if (hasGiven) {
-        frames.emplace_back(part.sights.Points());
-        for (int local = 0; local < part.sights.Points(); ++local) {
-            const Point& point = network.points[At(part.points[At(local)])];
-            if (point.hasGiven)
-                PlacePoint(frames[0], part.sights, local, {point.given[0], point.given[1]});
-        }
-        GrowFrame(frames[0], part.sights, Strictness::Weak);
-    }
-    while (!IsComplete(frames, part.sights)) {
-        if (JoinFrames(frames, part.sights, false) || AddFrame(frames, part.sights))
-            continue;
-        if (GrowAmbiguous(frames, part.sights)) {
-            usedGuess = true;
-            continue;
-        }
-        if (!(hasGiven && JoinFrames(frames, part.sights, true)))
-            break;
-    }
-    if (!hasGiven)
-        std::stable_sort(frames.begin(), frames.end(), [](const PlanFrame& a, const PlanFrame& b) {
-            return a.placed.size() > b.placed.size();
-        });
-    return frames;
-}
-
-void ApproximatePlan(const Network& network, const Structure& structure, Approximation& result,
-                     std::vector<int>& unplaced) {
-    std::vector<char> isComputed(network.points.size(), 0);
-    for (const PartSights& part : GatherSights(network, structure)) {
-        if (part.points.empty())
-            continue;
-        bool usedGuess = false;
-        const std::vector<PlanFrame> frames = SolvePart(part, network, usedGuess);
-        for (int local = 0; local < part.sights.Points(); ++local) {
-            const int point = part.points[At(local)];
-            if (frames.empty() || !frames.front().isPlaced[At(local)]) {
-                unplaced.push_back(point);
-                continue;
-            }
-            if (network.points[At(point)].hasGiven)
-                continue;
-            auto& at = result.state.at[At(point)];
-            at[0] = frames.front().at[At(local)][0];
-            at[1] = frames.front().at[At(local)][1];
-            isComputed[At(point)] = 1;
-        }
-        if (usedGuess)
-            result.notes.push_back(
-                "The observations leave two places for some point; the start position is "
-                "the one that fits better, or one of them.");
-    }
-    for (std::size_t i = 0; i < isComputed.size(); ++i) {
-        if (isComputed[i])
-            result.computed.push_back(static_cast<int>(i));
-    }
-}
-
-// ---- Heights ----
-
-struct Rise {
-    int other;
-    double rise;  // height of the other point above this one
-};
-
-std::vector<std::vector<Rise>> GatherRises(const Structure& structure, const State& state) {
-    std::vector<std::vector<Rise>> rises(structure.roles.size());
-    for (const Measure& measure : structure.measures) {
-        double rise = 0;
-        if (measure.kind == MeasureKind::HeightDifference) {
-            rise = measure.value;
-        } else if (measure.kind == MeasureKind::ZenithAngle && !measure.isTilted) {
-            const auto& from = state.at[At(measure.from)];
-            const auto& to = state.at[At(measure.to)];
-            const double sine = std::sin(measure.value);
-            if (std::abs(sine) < 1e-9)
-                continue;
-            rise = std::hypot(to[0] - from[0], to[1] - from[1]) * std::cos(measure.value) / sine;
-        } else {
-            continue;
-        }
-        rises[At(measure.from)].push_back({measure.to, rise});
-        rises[At(measure.to)].push_back({measure.from, -rise});
-    }
-    return rises;
-}
-
-void CarryHeights(const std::vector<std::vector<Rise>>& rises, State& state, std::vector<char>& isKnown,
-                  std::deque<int>& waiting) {
-    while (!waiting.empty()) {
-        const int point = waiting.front();
-        waiting.pop_front();
-        for (const Rise& rise : rises[At(point)]) {
-            if (isKnown[At(rise.other)])
-                continue;
-            isKnown[At(rise.other)] = 1;
-            state.at[At(rise.other)][2] = state.at[At(point)][2] + rise.rise;
-            waiting.push_back(rise.other);
-        }
-    }
-}
-
-void ApproximateHeights(const Network& network, const Structure& structure, State& state) {
-    const auto rises = GatherRises(structure, state);
-    std::vector<char> isKnown(network.points.size(), 0);
-    std::deque<int> waiting;
+StartPlaces GivenPlaces(const Network& network, const Structure& structure) {
+    StartPlaces start;
+    start.state.at.assign(network.points.size(), {});
+    start.state.orientation.assign(structure.setups.size(), 0);
+    start.state.curvature = structure.model.curvature ? 1 : 0;
+    if (structure.model.refraction != RefractionModel::Off)
+        start.state.refraction = structure.model.refractionCoefficient;
+    start.known.plan.assign(network.points.size(), 0);
+    start.known.height.assign(network.points.size(), 0);
+    start.usedGuess.assign(At(structure.parts), 0);
+    start.isMetric.assign(At(structure.parts), 1);
     for (std::size_t i = 0; i < network.points.size(); ++i) {
-        if (network.points[i].hasGiven && structure.roles[i].heightGroup >= 0) {
-            isKnown[i] = 1;
-            waiting.push_back(static_cast<int>(i));
+        if (!network.points[i].hasGiven)
+            continue;
+        start.state.at[i] = network.points[i].given;
+        start.known.plan[i] = start.known.height[i] = 1;
+    }
+    return start;
+}
+
+// The parts with a point that has observations and no given coordinates.
+std::vector<char> PartsToCompute(const Network& network, const Structure& structure) {
+    std::vector<char> parts(At(structure.parts), 0);
+    for (std::size_t i = 0; i < network.points.size(); ++i) {
+        if (structure.roles[i].part >= 0 && !network.points[i].hasGiven)
+            parts[At(structure.roles[i].part)] = 1;
+    }
+    return parts;
+}
+
+void CheckPlaced(const Network& network, const Structure& structure, const StartPlaces& start) {
+    std::vector<int> unplaced;
+    for (std::size_t i = 0; i < network.points.size(); ++i) {
+        if (!IsPlaced(structure, start.known, i))
+            unplaced.push_back(static_cast<int>(i));
+    }
+    if (unplaced.empty())
+        return;
+    const std::size_t count = unplaced.size();
+    unplaced.resize(std::min(count, kMostNamed));
+    std::vector<std::string> details = EvidenceInWords(network, structure, unplaced);
+    if (count > kMostNamed)
+        details.push_back(fmt::format("and {} more", count - kMostNamed));
+    throw Failure(ErrorNumber::UndeterminedPoints,
+                  "No start position can be computed for points from the observations.", details);
+}
+
+// The angle in the middle of the others: the median of the turns against the one of nine that the rest come
+// nearest to, so that neither the cut of the circle nor a gross error turns it.
+double MiddleAngle(std::vector<double>::iterator first, std::vector<double>::iterator last) {
+    constexpr std::ptrdiff_t kTried = 9;
+    double centre = *first;
+    double least = INFINITY;
+    for (auto tried = first; tried != last && tried - first < kTried && last - first > 2; ++tried) {
+        double sum = 0;
+        for (auto other = first; other != last; ++other)
+            sum += std::abs(Wrapped(*other - *tried));
+        if (sum < least) {
+            least = sum;
+            centre = *tried;
         }
     }
-    CarryHeights(rises, state, isKnown, waiting);
-    for (std::size_t i = 0; i < network.points.size(); ++i) {
-        if (structure.roles[i].heightGroup < 0 || isKnown[i])
-            continue;
-        isKnown[i] = 1;
-        waiting.push_back(static_cast<int>(i));
-        CarryHeights(rises, state, isKnown, waiting);
-    }
+    for (auto angle = first; angle != last; ++angle)
+        *angle = Wrapped(*angle - centre);
+    const auto middle = first + (last - first) / 2;
+    std::nth_element(first, middle, last);
+    return Wrapped(centre + *middle);
 }
 
 std::array<double, 3> OriginOf(const Network& network) {
@@ -292,40 +125,41 @@ void CheckSights(const Network& network, const Structure& structure, const State
 }  // namespace
 
 Approximation Approximate(const Network& network, const Structure& structure) {
+    StartPlaces start = GivenPlaces(network, structure);
+    const std::vector<char> toCompute = PartsToCompute(network, structure);
+    if (std::find(toCompute.begin(), toCompute.end(), 1) != toCompute.end())
+        SolveStart(structure, toCompute, 0, start);
+    OrientAll(structure, start.state);
+    const StartRepair repair = RepairStart(network, structure, start);
+    CheckPlaced(network, structure, start);
+    CheckFinite(start.state);
+    CheckSights(network, structure, start.state);
+
     Approximation result;
-    State& state = result.state;
-    state.at.assign(network.points.size(), {});
-    state.orientation.assign(structure.setups.size(), 0);
-    state.curvature = structure.model.curvature ? 1 : 0;
-    if (structure.model.refraction != RefractionModel::Off)
-        state.refraction = structure.model.refractionCoefficient;
+    result.notes = repair.notes;
+    result.contradicted = repair.contradicted;
+    if (std::find(start.usedGuess.begin(), start.usedGuess.end(), 1) != start.usedGuess.end())
+        result.notes.push_back(
+            "The observations leave two places for some point; the start position is "
+            "the one that fits better, or one of them.");
+    result.aim = start.state;
     for (std::size_t i = 0; i < network.points.size(); ++i) {
-        if (network.points[i].hasGiven)
-            state.at[i] = network.points[i].given;
+        const bool isContradicted =
+            std::binary_search(repair.contradicted.begin(), repair.contradicted.end(), static_cast<int>(i));
+        if (network.points[i].hasGiven && !isContradicted)
+            result.aim.at[i] = network.points[i].given;
+        if (structure.roles[i].part >= 0 &&
+            (!network.points[i].hasGiven || start.state.at[i] != network.points[i].given))
+            result.computed.push_back(static_cast<int>(i));
     }
-    std::vector<int> unplaced;
-    if (structure.dimension != Dimension::Heights)
-        ApproximatePlan(network, structure, result, unplaced);
-    if (!unplaced.empty())
-        throw Failure(ErrorNumber::UndeterminedPoints,
-                      "No start position can be computed for points from the observations.",
-                      {NameList(network, unplaced, 1000)});
-    if (structure.dimension != Dimension::Plan)
-        ApproximateHeights(network, structure, state);
-    if (structure.dimension == Dimension::Heights) {
-        for (std::size_t i = 0; i < network.points.size(); ++i) {
-            if (structure.roles[i].part >= 0 && !network.points[i].hasGiven)
-                result.computed.push_back(static_cast<int>(i));
+    result.state = std::move(start.state);
+    result.state.origin = result.aim.origin = OriginOf(network);
+    for (State* state : {&result.state, &result.aim}) {
+        for (auto& at : state->at) {
+            for (std::size_t axis = 0; axis < 3; ++axis)
+                at[axis] -= state->origin[axis];
         }
     }
-    CheckFinite(state);
-    CheckSights(network, structure, state);
-    state.origin = OriginOf(network);
-    for (auto& at : state.at) {
-        for (std::size_t axis = 0; axis < 3; ++axis)
-            at[axis] -= state.origin[axis];
-    }
-    OrientAll(structure, state);
     return result;
 }
 
@@ -369,24 +203,30 @@ void ReduceToHeldHeights(Structure& structure, const Network& network, const Sta
 }
 
 void OrientAll(const Structure& structure, State& state) {
-    std::vector<std::vector<double>> zeros(structure.setups.size());
+    std::vector<std::size_t> end(structure.setups.size() + 1, 0);
+    const auto isOf = [](const Measure& measure) {
+        return measure.kind == MeasureKind::Direction && !measure.isTilted;
+    };
     for (const Measure& measure : structure.measures) {
-        if (measure.kind != MeasureKind::Direction || measure.isTilted)
+        if (isOf(measure))
+            ++end[At(measure.setup) + 1];
+    }
+    for (std::size_t i = 1; i < end.size(); ++i)
+        end[i] += end[i - 1];
+    std::vector<double> zeros(end.back());
+    std::vector<std::size_t> next(end.begin(), end.end() - 1);
+    for (const Measure& measure : structure.measures) {
+        if (!isOf(measure))
             continue;
         const auto& from = state.at[At(measure.from)];
         const auto& to = state.at[At(measure.to)];
-        zeros[At(measure.setup)].push_back(std::atan2(to[0] - from[0], to[1] - from[1]) - measure.value);
+        zeros[next[At(measure.setup)]++] = std::atan2(to[0] - from[0], to[1] - from[1]) - measure.value;
     }
-    for (std::size_t i = 0; i < zeros.size(); ++i) {
-        if (zeros[i].empty())
-            continue;
-        // The middle of the turns against the first one, so that one gross error does not turn the station.
-        std::vector<double> turns;
-        for (const double zero : zeros[i])
-            turns.push_back(Wrapped(zero - zeros[i].front()));
-        const auto middle = turns.begin() + static_cast<std::ptrdiff_t>(turns.size() / 2);
-        std::nth_element(turns.begin(), middle, turns.end());
-        state.orientation[i] = Wrapped(zeros[i].front() + *middle);
+    for (std::size_t i = 0; i < structure.setups.size(); ++i) {
+        const auto first = zeros.begin() + static_cast<std::ptrdiff_t>(end[i]);
+        const auto last = zeros.begin() + static_cast<std::ptrdiff_t>(end[i + 1]);
+        if (first != last)
+            state.orientation[i] = MiddleAngle(first, last);
     }
     TurnTilted(structure, state);
 }

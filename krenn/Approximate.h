@@ -12,18 +12,27 @@ namespace Krenn {
 inline constexpr double kPlumbSight = 5e-3;
 
 struct Approximation {
-    State state;
-    std::vector<int> computed;  // points whose start position came from the observations
+    State state;                    // where the iterations start
+    State aim;                      // what inner constraints hold to: the given coordinates where there are
+                                    // any that count, else the start positions
+    std::vector<int> computed;      // points whose start position came from the observations
+    std::vector<int> contradicted;  // of these, those whose given coordinates do not count
     std::vector<std::string> notes;
 };
 
 // Start values for every unknown. Points with given coordinates start there. All others are computed from the
 // observations alone: frames of points are grown from the given points, or from the best station of a part
 // that has none, and frames that share points are joined; heights are carried along zenith angles and height
-// differences. A part without given coordinates starts at its first station, 0 0 0, with orientation 0.
+// differences; sights of tilted instruments are joined in space. A part without given coordinates starts at
+// the best station, 0 0 0, with orientation 0.
 //
-// Throws Failure UndeterminedPoints naming the points that cannot be reached, and ZeroLengthSight when a
-// sight has both its ends at one place.
+// Where observations miss the start grossly, the part is computed again from other observations, and its
+// given coordinates are compared with what the observations alone say: a point that they contradict starts
+// from the observations, a fixed one is named, and where all given coordinates are rough the whole part
+// starts from the observations.
+//
+// Throws Failure UndeterminedPoints naming the points that cannot be reached, with what is known of each, and
+// ZeroLengthSight when a sight has both its ends at one place.
 Approximation Approximate(const Network& network, const Structure& structure);
 
 // Takes directions and zenith angles of sights that are plumb at the state, within kPlumbSight meters, out of

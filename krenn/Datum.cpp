@@ -48,7 +48,8 @@ std::vector<int> CoordinatesToHold(const PartDatum& part, const Unknowns& unknow
 }
 
 // H: the given points set what they can, all points the rest.
-void FindConstraint(const Network& network, const Unknowns& unknowns, DatumRule rule, PartDatum& part) {
+void FindConstraint(const Network& network, const Structure& structure, const Unknowns& unknowns,
+                    DatumRule rule, PartDatum& part) {
     const Eigen::Index size = part.movement.rows();
     Eigen::VectorXd isGiven = Eigen::VectorXd::Zero(size);
     Eigen::VectorXd isCoordinate = Eigen::VectorXd::Zero(size);
@@ -57,7 +58,7 @@ void FindConstraint(const Network& network, const Unknowns& unknowns, DatumRule 
         if (!IsCoordinate(of))
             continue;
         isCoordinate(row) = 1;
-        isGiven(row) = rule == DatumRule::Given && network.points[At(of.point)].hasGiven ? 1 : 0;
+        isGiven(row) = rule == DatumRule::Given && SetsDatum(network, structure, of.point) ? 1 : 0;
     }
     const Eigen::MatrixXd& g = part.movement;
     const Eigen::MatrixXd overGiven = g.transpose() * isGiven.asDiagonal() * g;
@@ -83,11 +84,12 @@ void FindConstraint(const Network& network, const Unknowns& unknowns, DatumRule 
     part.alsoOverAll = seen > 0 && open > 0;
 }
 
-void CountDatumPoints(const Network& network, const Unknowns& unknowns, PartDatum& part) {
+void CountDatumPoints(const Network& network, const Structure& structure, const Unknowns& unknowns,
+                      PartDatum& part) {
     std::vector<int> points;
     for (const int unknown : part.unknowns) {
         const UnknownOf& of = unknowns.of[At(unknown)];
-        if (IsCoordinate(of) && (!part.overGiven || network.points[At(of.point)].hasGiven))
+        if (IsCoordinate(of) && (!part.overGiven || SetsDatum(network, structure, of.point)))
             points.push_back(of.point);
     }
     points.erase(std::unique(points.begin(), points.end()), points.end());
@@ -137,8 +139,8 @@ Datum FindDatum(const Network& network, const Structure& structure, const Unknow
         if (part.defect == 0)
             continue;
         part.held = CoordinatesToHold(part, unknowns);
-        FindConstraint(network, unknowns, datum.rule, part);
-        CountDatumPoints(network, unknowns, part);
+        FindConstraint(network, structure, unknowns, datum.rule, part);
+        CountDatumPoints(network, structure, unknowns, part);
     }
     return datum;
 }
@@ -158,7 +160,7 @@ void RenewDatum(Datum& datum, const Network& network, const Structure& structure
                                         datum.frames);
         if (part.movement.cols() != part.defect)
             throw Failure(ErrorNumber::NoConvergence, "The iterations ran into a position without a datum.");
-        FindConstraint(network, unknowns, datum.rule, part);
+        FindConstraint(network, structure, unknowns, datum.rule, part);
     }
 }
 

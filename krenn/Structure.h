@@ -56,6 +56,7 @@ struct PointRole {
     bool isStation = false;  // an instrument stood on it
     bool planIsUnknown = false;
     bool heightIsUnknown = false;
+    bool isContradicted = false;  // the observations contradict its given coordinates: they set no datum
 };
 
 struct Structure {
@@ -84,6 +85,12 @@ Structure FindStructure(const Network& network, const Parameters& parameters = {
 // Takes the observations of kinds that the parameters switch off out of the network and notes how many;
 // throws Failure NoObservations when none is left.
 void TakeOutKinds(Network& network, const Parameters& parameters);
+
+// Whether inner constraints over the given coordinates run over a point.
+inline bool SetsDatum(const Network& network, const Structure& structure, int point) {
+    return network.points[static_cast<std::size_t>(point)].hasGiven &&
+           !structure.roles[static_cast<std::size_t>(point)].isContradicted;
+}
 
 // The names of the given points in one text, at most `limit` of them.
 std::string NameList(const Network& network, const std::vector<int>& points, std::size_t limit = 40);

@@ -316,7 +316,7 @@ TEST(Approximate, NamesThePointsItCannotReach) {
     } catch (const Failure& failure) {
         EXPECT_EQ(failure.number, ErrorNumber::UndeterminedPoints);
         ASSERT_EQ(failure.details.size(), 1u);
-        EXPECT_EQ(failure.details[0], "LOST");
+        EXPECT_EQ(failure.details[0], "LOST: one direction, from A");
     }
 }
 

@@ -119,7 +119,7 @@ TEST(RunAdjustment, UndeterminedPointsWithoutCoordinates) {
     std::string listing;
     for (const int type : {0, 1, 7, -1})
         EXPECT_EQ(RunText(random.text.Text(), type, &listing), ErrorNumber::UndeterminedPoints);
-    EXPECT_THAT(listing, HasSubstr("    LOST\r\n"));
+    EXPECT_THAT(listing, HasSubstr("    LOST: one direction, from S1; one zenith angle, with S1\r\n"));
 }
 
 TEST(RunAdjustment, UndeterminedPointsWithCoordinates) {
