@@ -28,6 +28,16 @@ bool IsOfWriter(const Word& number) {
     return TakeWrittenNumber(number.text, ignored) == number.text.size();
 }
 
+// A number as a person types it: a digit before the point, and no zero in front of others.
+bool IsTyped(const Word& number) {
+    std::string_view digits = number.text;
+    if (digits.front() == '-' || digits.front() == '+')
+        digits.remove_prefix(1);
+    if (digits.empty() || !IsDigit(digits.front()) || IsOfWriter(number))
+        return false;
+    return digits.front() != '0' || digits.size() == 1 || !IsDigit(digits[1]);
+}
+
 bool HasExponent(const Word& word) {
     return word.text.find_first_of("eE") != std::string_view::npos;
 }
@@ -97,11 +107,13 @@ std::string RowDoubt(const std::vector<Word>& words, const RowLayout& layout) {
     }
     if (isList && std::all_of(words.begin() + 1, words.begin() + 4, HasExponent))
         return "Three numbers with exponents are no coordinates, and the line below them has no name.";
+    // A row in which no number is the writer's, nor a part of one, was typed, and stands in no columns.
+    const bool isTyped = std::all_of(words.begin() + layout.names, words.begin() + layout.Fields(), IsTyped);
     for (int i = isList ? 0 : layout.names; i + 1 < layout.Fields(); ++i) {
         const Word& word = words[static_cast<std::size_t>(i)];
         const Word& next = words[static_cast<std::size_t>(i) + 1];
-        const bool isOfHand = i == 0 && std::none_of(words.begin() + 1, words.begin() + 4, IsOfWriter);
-        if (!isOfHand && !AreGlued(word.text, next.text) && RunsOver(words, layout, i))
+        if (!(isTyped && (i == 0 || !isList)) && !AreGlued(word.text, next.text) &&
+            RunsOver(words, layout, i))
             return fmt::format("\"{}\" runs into the columns of \"{}\".", Printable(word.text, 40),
                                Printable(next.text, 30));
     }
