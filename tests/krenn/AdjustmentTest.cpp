@@ -73,17 +73,6 @@ TEST(Adjust, HoldsFixedPointsExactly) {
     }
 }
 
-TEST(Adjust, ConvergesFromRoughCoordinates) {
-    for (unsigned seed = 1; seed <= 10; ++seed) {
-        NetworkSpec spec;
-        spec.seed = seed;
-        spec.startNoise = 30;
-        const RandomNetwork random = MakeNetwork(spec);
-        const Adjustment rough = Adjust(ReadInput(random.text.Text()), Type::Sparse);
-        EXPECT_LT(std::sqrt(rough.sumOfSquares / rough.Redundancy()), 2) << seed;
-    }
-}
-
 TEST(Adjust, ShortensStepsThatWouldLetTheSumOfSquaresGrow) {
     int shortened = 0;
     for (unsigned seed = 1; seed <= 30; ++seed) {

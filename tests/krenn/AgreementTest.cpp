@@ -93,11 +93,10 @@ std::vector<Case> NetworksOfOneKind() {
 std::vector<Case> TiltedNetworks() {
     std::vector<Case> cases;
     for (unsigned seed = 1; seed <= 12; ++seed) {
-        for (const Given given : {Given::All, Given::OneFixed, Given::TwoFixed, Given::ThreeFixed}) {
+        for (const Given given : kDatums) {
             Case next;
             next.spec.seed = seed;
             SetDatum(given, next.spec);
-            next.spec.given = next.spec.points;
             next.spec.tilted = std::array{5, 2, 4}[seed % 3];
             next.spec.size = seed % 2 ? 1000 : 40;
             next.spec.relief = seed % 2 ? 60 : 15;

@@ -240,7 +240,8 @@ TEST(Blames, FewIterationsAreNotTakenForConvergence) {
     spec.startNoise = 30;
     const TextRun run = RunText(MakeNetwork(spec).text.Text(), 1, "ITERATIONS = 2\r\n");
     EXPECT_EQ(run.number, ErrorNumber::NoConvergence);
-    EXPECT_THAT(run.unbroken, ContainsRegex("After 2 iterations the largest correction is still [-0-9.e]+ m"));
+    EXPECT_THAT(run.unbroken,
+                ContainsRegex("After 2 iterations the largest correction is still [-0-9.e]+ m"));
     EXPECT_THAT(run.unbroken, HasSubstr("The worst residuals at the last iteration"));
 }
 
@@ -558,6 +559,29 @@ TEST(Blames, ABlunderOfAHundredMetersIsNamedWithItsSize) {
             ASSERT_NE(at, std::string::npos) << seed;
             EXPECT_THAT(run.unbroken.substr(at, 400),
                         ContainsRegex("distance S2 to S3, line [0-9]+: (100|99.99|100.0)[0-9.]* m"))
+                << seed << " " << type;
+        }
+    }
+}
+
+TEST(Blames, AStartPositionFiftyKilometersWrongIsOvercomeOrNamed) {
+    NetworkSpec spec;
+    spec.stations = 6;
+    spec.points = 10;
+    spec.given = 10;
+    spec.sightsPerStation = 8;
+    spec.startNoise = 0.02;
+    for (unsigned seed = 1; seed <= 10; ++seed) {
+        spec.seed = seed;
+        RandomNetwork random = MakeNetwork(spec);
+        const Place& right = random.truth["P8"];
+        random.text.points[7] = InputText::Given("P8", right[0] + 50000, right[1], right[2]);
+        for (const int type : kTypes) {
+            const TextRun run = RunText(random.text.Text(), type);
+            EXPECT_THAT(run.unbroken, HasSubstr("P8")) << seed;
+            EXPECT_EQ(run.number, ErrorNumber::Good) << seed << " " << type;
+            EXPECT_THAT(run.unbroken, Not(HasSubstr("Suspected gross errors"))) << seed << " " << type;
+            EXPECT_THAT(run.unbroken, HasSubstr("The given coordinates of P8 contradict the observations"))
                 << seed << " " << type;
         }
     }
