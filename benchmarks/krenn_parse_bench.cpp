@@ -6,7 +6,7 @@
 #include <iterator>
 #include <string>
 
-#include "krenn/InputReader.h"
+#include "krenn/input/InputReader.h"
 
 // How fast the adjustment package reads an input file of the writer's columns: a square grid, every point a
 // station that sights its up to eight neighbours with direction, zenith angle and slope distance.

@@ -9,14 +9,14 @@
 #include <fstream>
 #include <new>
 
-#include "krenn/Adjustment.h"
 #include "krenn/HostFile.h"
-#include "krenn/InputReader.h"
-#include "krenn/Listing.h"
-#include "krenn/ParameterFile.h"
-#include "krenn/ParameterKeys.h"
 #include "krenn/Scan.h"
-#include "krenn/Statistics.h"
+#include "krenn/adjust/Adjustment.h"
+#include "krenn/adjust/Statistics.h"
+#include "krenn/input/InputReader.h"
+#include "krenn/input/ParameterFile.h"
+#include "krenn/input/ParameterKeys.h"
+#include "krenn/listing/Listing.h"
 
 namespace Krenn {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "krenn/Errors.h"
-#include "krenn/Phases.h"
+#include "krenn/adjust/Phases.h"
 
 namespace Krenn {
 

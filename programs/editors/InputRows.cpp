@@ -9,8 +9,8 @@
 
 #include "core/LineReader.h"
 #include "core/Text.h"
-#include "krenn/RowFields.h"
 #include "krenn/Scan.h"
+#include "krenn/input/RowFields.h"
 
 namespace Dorvane {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "krenn/ParameterKeys.h"
+#include "krenn/input/ParameterKeys.h"
 #include "programs/editors/EditedFile.h"
 
 // A parameter file of the adjustment: lines "KEY = value   ; comment". All other lines are comments or what

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "krenn/Adjustment.h"
+#include "krenn/adjust/Adjustment.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 #include "krenn/Errors.h"
-#include "krenn/InputReader.h"
-#include "krenn/Statistics.h"
+#include "krenn/adjust/Statistics.h"
+#include "krenn/input/InputReader.h"
 #include "tests/krenn/RandomNetwork.h"
 
 namespace {

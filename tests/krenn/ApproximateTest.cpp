@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "krenn/Approximate.h"
+#include "krenn/start/Approximate.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-#include "krenn/Adjustment.h"
 #include "krenn/Errors.h"
-#include "krenn/InputReader.h"
-#include "krenn/PlanGeometry.h"
+#include "krenn/adjust/Adjustment.h"
+#include "krenn/input/InputReader.h"
+#include "krenn/start/PlanGeometry.h"
 #include "tests/krenn/RandomNetwork.h"
 
 namespace {

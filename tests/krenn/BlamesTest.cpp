@@ -9,8 +9,8 @@
 #include <numbers>
 #include <random>
 
-#include "krenn/Adjustment.h"
-#include "krenn/InputReader.h"
+#include "krenn/adjust/Adjustment.h"
+#include "krenn/input/InputReader.h"
 #include "tests/krenn/InputText.h"
 #include "tests/krenn/RandomNetwork.h"
 #include "tests/krenn/RunText.h"

@@ -4,9 +4,9 @@
 #include <cmath>
 #include <ostream>
 
-#include "krenn/Adjustment.h"
 #include "krenn/Errors.h"
-#include "krenn/InputReader.h"
+#include "krenn/adjust/Adjustment.h"
+#include "krenn/input/InputReader.h"
 #include "tests/krenn/RandomNetwork.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "krenn/Datum.h"
+#include "krenn/datum/Datum.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,11 +7,11 @@
 #include <cmath>
 #include <numbers>
 
-#include "krenn/Adjustment.h"
 #include "krenn/Errors.h"
-#include "krenn/InputReader.h"
-#include "krenn/RankCheck.h"
-#include "krenn/Statistics.h"
+#include "krenn/adjust/Adjustment.h"
+#include "krenn/adjust/Statistics.h"
+#include "krenn/input/InputReader.h"
+#include "krenn/solve/RankCheck.h"
 #include "tests/krenn/RandomNetwork.h"
 
 namespace {

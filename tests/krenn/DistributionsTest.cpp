@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "krenn/Distributions.h"
+#include "krenn/adjust/Distributions.h"
 
 #include <gtest/gtest.h>
 

@@ -10,10 +10,10 @@
 #include <random>
 #include <set>
 
-#include "krenn/Adjustment.h"
 #include "krenn/HostFile.h"
-#include "krenn/InputReader.h"
 #include "krenn/Run.h"
+#include "krenn/adjust/Adjustment.h"
+#include "krenn/input/InputReader.h"
 #include "tests/krenn/ListingReader.h"
 #include "tests/krenn/RandomNetwork.h"
 #include "tests/krenn/RunText.h"

@@ -7,7 +7,7 @@
 #include <map>
 
 #include "krenn/Errors.h"
-#include "krenn/InputReader.h"
+#include "krenn/input/InputReader.h"
 
 // Every damage of one character of a good file is refused, changes nothing, or changes the one field that it
 // touches.

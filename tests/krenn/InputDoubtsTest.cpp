@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "krenn/Errors.h"
-#include "krenn/InputReader.h"
+#include "krenn/input/InputReader.h"
 
 // Rows that could be read in more than one way, or in one that was not meant: each is read as surely meant,
 // or refused with its line and its text.

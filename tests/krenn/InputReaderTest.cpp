@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "krenn/InputReader.h"
+#include "krenn/input/InputReader.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

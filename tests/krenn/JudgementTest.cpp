@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "krenn/Judgement.h"
+#include "krenn/listing/Judgement.h"
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "krenn/InputReader.h"
+#include "krenn/input/InputReader.h"
 #include "tests/krenn/RandomNetwork.h"
 
 namespace {

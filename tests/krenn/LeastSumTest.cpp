@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "krenn/LeastSum.h"
+#include "krenn/adjust/LeastSum.h"
 
 #include <gtest/gtest.h>
 
@@ -8,8 +8,8 @@
 #include <ostream>
 #include <random>
 
-#include "krenn/InputReader.h"
-#include "krenn/Statistics.h"
+#include "krenn/adjust/Statistics.h"
+#include "krenn/input/InputReader.h"
 #include "tests/krenn/RandomNetwork.h"
 
 namespace {

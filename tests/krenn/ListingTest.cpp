@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "krenn/Listing.h"
+#include "krenn/listing/Listing.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 #include <array>
 #include <cmath>
 
-#include "krenn/InputReader.h"
+#include "krenn/input/InputReader.h"
 #include "tests/krenn/ListingReader.h"
 #include "tests/krenn/RandomNetwork.h"
 

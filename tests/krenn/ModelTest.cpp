@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "krenn/Model.h"
+#include "krenn/model/Model.h"
 
 #include <gtest/gtest.h>
 

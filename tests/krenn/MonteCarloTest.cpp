@@ -6,9 +6,9 @@
 #include <ostream>
 #include <random>
 
-#include "krenn/Adjustment.h"
-#include "krenn/InputReader.h"
-#include "krenn/Statistics.h"
+#include "krenn/adjust/Adjustment.h"
+#include "krenn/adjust/Statistics.h"
+#include "krenn/input/InputReader.h"
 #include "tests/krenn/RandomNetwork.h"
 
 namespace {

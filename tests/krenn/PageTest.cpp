@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "krenn/Page.h"
+#include "krenn/listing/Page.h"
 
 #include <gtest/gtest.h>
 

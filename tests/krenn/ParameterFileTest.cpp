@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "krenn/ParameterFile.h"
+#include "krenn/input/ParameterFile.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,8 +14,8 @@
 #include <set>
 
 #include "krenn/Errors.h"
-#include "krenn/ParameterKeys.h"
 #include "krenn/Run.h"
+#include "krenn/input/ParameterKeys.h"
 #include "tests/krenn/TempFolder.h"
 
 namespace {

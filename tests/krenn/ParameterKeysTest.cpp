@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "krenn/ParameterKeys.h"
+#include "krenn/input/ParameterKeys.h"
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
@@ -8,7 +8,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "krenn/ParameterFile.h"
+#include "krenn/input/ParameterFile.h"
 
 namespace {
 

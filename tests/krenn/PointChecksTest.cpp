@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "krenn/PointChecks.h"
+#include "krenn/adjust/PointChecks.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "krenn/InputReader.h"
+#include "krenn/input/InputReader.h"
 #include "tests/krenn/RandomNetwork.h"
 
 namespace {

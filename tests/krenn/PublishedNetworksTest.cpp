@@ -4,9 +4,9 @@
 #include <cmath>
 #include <numbers>
 
-#include "krenn/Adjustment.h"
-#include "krenn/InputReader.h"
-#include "krenn/Statistics.h"
+#include "krenn/adjust/Adjustment.h"
+#include "krenn/adjust/Statistics.h"
+#include "krenn/input/InputReader.h"
 #include "tests/krenn/InputText.h"
 
 namespace {

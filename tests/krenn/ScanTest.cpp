@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "krenn/RowFields.h"
+#include "krenn/input/RowFields.h"
 
 namespace {
 

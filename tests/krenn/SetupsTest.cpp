@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "krenn/Setups.h"
+#include "krenn/model/Setups.h"
 
 #include <gtest/gtest.h>
 
@@ -7,9 +7,9 @@
 #include <numbers>
 #include <random>
 
-#include "krenn/Adjustment.h"
 #include "krenn/Errors.h"
-#include "krenn/InputReader.h"
+#include "krenn/adjust/Adjustment.h"
+#include "krenn/input/InputReader.h"
 #include "tests/krenn/InputText.h"
 
 namespace {

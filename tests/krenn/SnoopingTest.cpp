@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "krenn/Snooping.h"
+#include "krenn/adjust/Snooping.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,10 +9,10 @@
 #include <numbers>
 #include <random>
 
-#include "krenn/Adjustment.h"
 #include "krenn/Errors.h"
-#include "krenn/InputReader.h"
-#include "krenn/Statistics.h"
+#include "krenn/adjust/Adjustment.h"
+#include "krenn/adjust/Statistics.h"
+#include "krenn/input/InputReader.h"
 #include "tests/krenn/RandomNetwork.h"
 
 namespace {

@@ -3,13 +3,13 @@
 
 #include <random>
 
-#include "krenn/Adjustment.h"
 #include "krenn/Errors.h"
-#include "krenn/InputReader.h"
-#include "krenn/Jordan.h"
-#include "krenn/Listing.h"
-#include "krenn/RankCheck.h"
-#include "krenn/SparseCholesky.h"
+#include "krenn/adjust/Adjustment.h"
+#include "krenn/input/InputReader.h"
+#include "krenn/listing/Listing.h"
+#include "krenn/solve/Jordan.h"
+#include "krenn/solve/RankCheck.h"
+#include "krenn/solve/SparseCholesky.h"
 #include "tests/krenn/RandomNetwork.h"
 
 namespace {

@@ -4,10 +4,10 @@
 #include <cmath>
 #include <numbers>
 
-#include "krenn/Adjustment.h"
-#include "krenn/InputReader.h"
-#include "krenn/SpaceMotion.h"
-#include "krenn/SpaceResection.h"
+#include "krenn/adjust/Adjustment.h"
+#include "krenn/input/InputReader.h"
+#include "krenn/start/SpaceMotion.h"
+#include "krenn/start/SpaceResection.h"
 #include "tests/krenn/InputText.h"
 
 namespace {

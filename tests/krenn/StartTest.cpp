@@ -5,10 +5,10 @@
 #include <cmath>
 #include <random>
 
-#include "krenn/Adjustment.h"
 #include "krenn/Errors.h"
-#include "krenn/InputReader.h"
-#include "krenn/PlanSimilarity.h"
+#include "krenn/adjust/Adjustment.h"
+#include "krenn/input/InputReader.h"
+#include "krenn/start/PlanSimilarity.h"
 #include "tests/krenn/RandomNetwork.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include "core/Drives.h"
 #include "core/RunTimeError.h"
 #include "core/Text.h"
-#include "krenn/InputReader.h"
+#include "krenn/input/InputReader.h"
 #include "programs/editors/ArgumentPath.h"
 #include "programs/editors/InputVersion.h"
 #include "tests/programs/InputSample.h"
