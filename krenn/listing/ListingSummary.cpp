@@ -104,7 +104,7 @@ void PrintSummary(Page& page, const Report& report) {
                       adjustment.datum.Defect()));
     if (!adjustment.iterations.empty())
         Entry(page, "iterations",
-              fmt::format("{}; the last correction is at most {} m", adjustment.iterations.size(),
+              fmt::format("{}, the last correction is at most {} m", adjustment.iterations.size(),
                           Significant(adjustment.iterations.back().largest, 0)));
     Entry(page, "worst", WorstOf(report));
     Entry(page, "flagged",
