@@ -15,7 +15,7 @@ namespace Krenn {
 enum class Type { Sparse = 0, SparseInverse = 1, Dense = 7, L1Norm = -1 };
 
 struct Iteration {
-    double largest = 0;  // largest coordinate correction, meters
+    double largest = 0;  // largest correction, meters: of a coordinate, or of the longest sight by a rotation
     int unknown = -1;    // whose it is
     double step = 1;     // part of the correction that was taken; below 1 when the whole was too long
     double target = 0;   // sum of (v / sigma)^2, or of |v / sigma| for type -1, after the step

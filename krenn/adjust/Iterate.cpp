@@ -66,13 +66,41 @@ Eigen::VectorXd OffsetOf(const Adjustment& adjustment) {
     return offset;
 }
 
-Iteration Describe(const Unknowns& unknowns, const Eigen::VectorXd& correction) {
+// Per set-up that is not levelled, its longest sight in meters: what a radian moves its sights by. Empty when
+// every set-up is levelled; orientations enter linearly and need no watching.
+std::vector<double> ArmsOf(const Structure& structure, const State& state) {
+    std::vector<double> arms;
+    if (state.axes.empty())
+        return arms;
+    arms.assign(structure.setups.size(), 0);
+    for (const Measure& measure : structure.measures) {
+        if (!measure.isTilted)
+            continue;
+        const auto seen = SeenFrom(measure, state);
+        double& arm = arms[At(measure.setup)];
+        arm = std::max(arm, std::hypot(seen[0], seen[1], seen[2]));
+    }
+    return arms;
+}
+
+// How far an unknown moves the network, in meters: a coordinate itself, a rotation the end of the longest
+// sight.
+double ReachOf(const UnknownOf& of, const std::vector<double>& arms) {
+    if (IsCoordinate(of))
+        return 1;
+    const bool isRotation = of.axis >= kRotationAxis && of.axis <= kOrientationAxis;
+    return isRotation && !arms.empty() ? arms[At(of.index)] : 0;
+}
+
+Iteration Describe(const Adjustment& adjustment, const Eigen::VectorXd& correction) {
+    const std::vector<double> arms = ArmsOf(adjustment.structure, adjustment.state);
     Iteration iteration;
-    for (int unknown = 0; unknown < unknowns.Count(); ++unknown) {
-        const double size = std::abs(correction(unknown));
-        if (!std::isfinite(size))
+    for (int unknown = 0; unknown < adjustment.unknowns.Count(); ++unknown) {
+        const double size =
+            std::abs(correction(unknown)) * ReachOf(adjustment.unknowns.of[At(unknown)], arms);
+        if (!std::isfinite(correction(unknown)))
             throw Failure(ErrorNumber::NotFinite, "A correction is not a finite number.");
-        if (IsCoordinate(unknowns.of[At(unknown)]) && size > iteration.largest) {
+        if (size > iteration.largest) {
             iteration.largest = size;
             iteration.unknown = unknown;
         }
@@ -111,7 +139,7 @@ bool TakeStep(Adjustment& adjustment, const Scheme& scheme, double& target,
               int mostHalvings = kMostHalvings) {
     const Eigen::VectorXd correction = scheme.correction();
     const PhaseClock clock(adjustment.phases.linearise);
-    Iteration iteration = Describe(adjustment.unknowns, correction);
+    Iteration iteration = Describe(adjustment, correction);
     for (int halving = 0; halving <= mostHalvings; ++halving, iteration.step /= 2) {
         State trial = Moved(adjustment.state, adjustment.unknowns, correction, iteration.step);
         const double reached = scheme.target(WeightedResiduals(adjustment, trial));

@@ -314,6 +314,41 @@ TEST(TakeOutKinds, LeavesTheOthersAndSaysHowMany) {
     EXPECT_THROW(TakeOutKinds(network, parameters), Failure);
 }
 
+// No coordinate depends on the rotations, which a gross error pulls far from where they start.
+TEST(Trackers, TurnUntilTheirRotationsStandStillToo) {
+    const Vector station{1, 2, 0.5};
+    InputText text = TargetsGiven();
+    text.points.push_back(InputText::Given("ST1", station[0], station[1], station[2]));
+    text.fixed.push_back("ST1");
+    for (std::size_t i = 0; i < kTargets.size(); ++i) {
+        text.fixed.push_back(TargetName(i));
+        Reading reading = ReadFrom(station, {0.3, -0.2, -2.5}, kTargets[i]);
+        if (i == 2)
+            reading.direction = std::fmod(reading.direction + 60, 400);
+        Sight(text, "ST1", TargetName(i), reading, true);
+    }
+    text.Height("A", "B", 1, 0.001);
+    const Network network = ReadInput(text.Text());
+    for (const Type type : {Type::Sparse, Type::Dense}) {
+        const Adjustment adjustment = Adjust(network, type, WithTrackers());
+        EXPECT_GT(adjustment.iterations.size(), 2U);
+        std::array<double, 3> gradient{};
+        std::array<double, 3> terms{};
+        for (std::size_t m = 0; m < adjustment.residual.size(); ++m) {
+            const Measure& measure = adjustment.structure.measures[m];
+            const Partials partials = ComputePartials(measure, adjustment.state);
+            for (std::size_t k = 0; k < 3; ++k) {
+                const double term =
+                    partials.by[kRotationTerm + k] * adjustment.residual[m] / measure.sigma / measure.sigma;
+                gradient[k] += term;
+                terms[k] += std::abs(term);
+            }
+        }
+        for (std::size_t k = 0; k < 3; ++k)
+            EXPECT_LT(std::abs(gradient[k]), 1e-7 * terms[k]) << k;
+    }
+}
+
 TEST(Adjust, NamesTheSetupWhoseRotationsNothingDetermines) {
     InputText text = TargetsGiven();
     const Vector station{1, 2, 0.5};
