@@ -10,6 +10,11 @@
 
 namespace Krenn {
 
+// Numbers in a dense block.
+inline std::size_t Area(int rows, int columns) {
+    return static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns);
+}
+
 // The supernodes of a factor: columns with the same pattern, kept as one dense block. Supernode s holds the
 // columns firstColumn[s] to firstColumn[s + 1] - 1 in the rows rows[rowStart[s]] to rows[rowStart[s + 1] -
 // 1], which rise and begin with the columns themselves. The rows below its columns all stand among the rows

@@ -16,10 +16,6 @@ std::size_t At(int index) {
     return static_cast<std::size_t>(index);
 }
 
-std::size_t Area(int rows, int columns) {
-    return At(rows) * At(columns);
-}
-
 // One factorisation: the factor's blocks, and what each supernode has subtracted from the rows below it until
 // its parent takes it over (lower triangle).
 struct Factorisation {

@@ -16,10 +16,6 @@ std::size_t At(int index) {
     return static_cast<std::size_t>(index);
 }
 
-std::size_t Area(int rows, int columns) {
-    return At(rows) * At(columns);
-}
-
 // The recursion, from the last supernode to the first. The inverse over all rows of a supernode is kept
 // (lower triangle) until its children have taken from it what stands at their rows below.
 struct Inversion {
