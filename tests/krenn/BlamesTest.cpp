@@ -362,6 +362,8 @@ TEST(Blames, CorrectionsArePrintedSoThatTheyCanBeFollowed) {
     }
 }
 
+// The sanitizers keep memory of their own and know no such limit.
+#if !defined(__SANITIZE_ADDRESS__)
 // A grid in three dimensions, every point a station sighting three neighbours on each side.
 std::string BigGrid(int side) {
     std::mt19937 random(5);
@@ -394,8 +396,6 @@ std::string BigGrid(int side) {
            "END\r\nObservations\r\n" + angles + "END\r\n";
 }
 
-// The sanitizers keep memory of their own and know no such limit.
-#if !defined(__SANITIZE_ADDRESS__)
 // Ends with the number of the run if its listing is whole and says the same.
 [[noreturn]] void RunBigWithin(rlim_t bytes) {
     int code = 101;
