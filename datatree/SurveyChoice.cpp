@@ -48,15 +48,15 @@ void OfferRoots(SurveyChoice& choice) {
             choice.Roots.Add(system.Name);
 }
 
-bool IsChosen(const SurveyChoice& choice, const std::string& type) {
-    return std::find(choice.ChosenTypes.begin(), choice.ChosenTypes.end(), type) != choice.ChosenTypes.end();
+bool Holds(const List1<std::string>& names, const std::string& name) {
+    return std::find(names.begin(), names.end(), name) != names.end();
 }
 
 void OfferFreeEpochs(SurveyChoice& choice, const StructureRecord& structure) {
     std::array<bool, StructureRecord::Room + 1> used{};
     for (const PathRecord& record : Global().PathRecords) {
         if (record.Root != choice.Root || record.Location != choice.Location ||
-            !IsChosen(choice, record.Type))
+            !Holds(choice.ChosenTypes, record.Type))
             continue;
         for (int i = 1; i <= structure.EpochCount; ++i)
             if (structure.Epoch[i] == record.Epoch)
@@ -65,6 +65,22 @@ void OfferFreeEpochs(SurveyChoice& choice, const StructureRecord& structure) {
     for (int i = 1; i <= structure.EpochCount; ++i)
         if (!used[static_cast<std::size_t>(i)])
             choice.Epochs.Add(structure.Epoch[i]);
+}
+
+// What the chosen system lacks, and where it is made.
+std::string Lacks(const SurveyChoice& choice, const char* names) {
+    return choice.Root + " has no " + names + ".  Enter them on the home menu under Edit > Data Structures.";
+}
+
+std::string WhyNoEpochs(const SurveyChoice& choice) {
+    const StructureRecord* structure = ChosenStructure(choice);
+    if (structure == nullptr || structure->EpochCount == 0)
+        return Lacks(choice, "epochs");
+    if (choice.ChosenTypes.Empty())
+        return "";
+    return "All epochs of " + choice.Root +
+           " are used here by the selected data types.  Enter more on the home menu under Edit > Data "
+           "Structures.";
 }
 
 }  // namespace
@@ -130,6 +146,20 @@ void ChooseSurveyTypes(SurveyChoice& choice, const List1<std::string>& types) {
 
 void ChooseSurveyEpoch(SurveyChoice& choice, const std::string& epoch) {
     choice.Epoch = epoch;
+}
+
+std::string WhyEmpty(const SurveyChoice& choice, SurveyList list) {
+    if (list == SurveyList::Root)
+        return choice.Roots.Empty()
+                   ? "There is no data system.  Make one on the home menu under Edit > Data Structures."
+                   : "";
+    if (!Holds(choice.Roots, choice.Root))
+        return "";
+    switch (list) {
+        case SurveyList::Location: return choice.Locations.Empty() ? Lacks(choice, "locations") : "";
+        case SurveyList::Type: return choice.Types.Empty() ? Lacks(choice, "data types") : "";
+        default: return choice.Epochs.Empty() ? WhyNoEpochs(choice) : "";
+    }
 }
 
 bool ConfirmSurvey(const SurveyChoice& choice, const std::string& history, SurveyAnswer& answer) {

@@ -51,6 +51,13 @@ void ChooseSurveyTypes(SurveyChoice& choice, const List1<std::string>& types);
 /// A click on an epoch.
 void ChooseSurveyEpoch(SurveyChoice& choice, const std::string& epoch);
 
+/// The four lists of the dialog.
+enum class SurveyList { Root, Location, Type, Epoch };
+
+/// Why a list offers nothing for what is chosen so far, and where its names are made; empty when it offers
+/// something, or waits for another choice.
+std::string WhyEmpty(const SurveyChoice& choice, SurveyList list);
+
 /// The click of cmdOK: false when the dialog stays, because a name is missing or the operator wants to enter
 /// a history. Otherwise the answer is filled. That a data type is chosen is not asked for.
 bool ConfirmSurvey(const SurveyChoice& choice, const std::string& history, SurveyAnswer& answer);

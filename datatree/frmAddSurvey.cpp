@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "datatree/frmAddSurvey.h"
 
+#include <QBoxLayout>
+#include <QLabel>
 #include <QListWidget>
 #include <QSignalBlocker>
 
@@ -40,6 +42,26 @@ void OnChoice(QListWidget* list, Click click) {
     QObject::connect(list, &QListWidget::itemClicked, list, click);
 }
 
+// A label in the place of a list's names, for the word that says why there are none.
+void AddNote(QListWidget& list) {
+    auto* note = new QLabel(list.viewport());
+    note->setObjectName(QStringLiteral("lblEmpty") + list.objectName());
+    note->setTextFormat(Qt::PlainText);
+    note->setWordWrap(true);
+    note->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    note->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* room = new QVBoxLayout(list.viewport());
+    room->addWidget(note);
+}
+
+void ShowWhyEmpty(QListWidget& list, const SurveyChoice& choice, SurveyList which) {
+    auto* note = list.findChild<QLabel*>(QStringLiteral("lblEmpty") + list.objectName());
+    const std::string text = WhyEmpty(choice, which);
+    note->setText(ToScreen(text));
+    note->setVisible(!text.empty());
+    list.setAccessibleDescription(note->text());
+}
+
 }  // namespace
 
 frmAddSurvey::frmAddSurvey() : Form(std::make_unique<Ui::frmAddSurvey>()) {
@@ -52,6 +74,8 @@ frmAddSurvey::frmAddSurvey() : Form(std::make_unique<Ui::frmAddSurvey>()) {
         SetOptionalPicture(*Form->cmdOK, "add.svg");
         SetOptionalPicture(*Form->cmdCancel, "cancel.svg");
     });
+    for (QListWidget* list : {Form->lstRoot, Form->lstLocation, Form->lstTypeMulti, Form->lstEpoch})
+        AddNote(*list);
     OnChoice(Form->lstRoot, [this] { lstRoot_Click(); });
     OnChoice(Form->lstLocation, [this] { lstLocation_Click(); });
     OnChoice(Form->lstEpoch, [this] { lstEpoch_Click(); });
@@ -67,6 +91,7 @@ void frmAddSurvey::SetDirectory(const std::string& directory) {
     Form->lblDirectory->setText(ToScreen(Choice.Directory));
     Form->lblDirectory->setVisible(!Choice.Directory.empty());
     Fill(*Form->lstRoot, Choice.Roots, Choice.Root);
+    ShowWhyEmpty(*Form->lstRoot, Choice, SurveyList::Root);
     ShowRoot();
     // The next keystroke belongs to the first choice that is open.
     if (Choice.Locations.Empty())
@@ -80,7 +105,9 @@ void frmAddSurvey::SetDirectory(const std::string& directory) {
 void frmAddSurvey::ShowRoot() {
     Form->lblRoot->setText(ToScreen(Choice.Root));
     Fill(*Form->lstLocation, Choice.Locations, Choice.Location);
+    ShowWhyEmpty(*Form->lstLocation, Choice, SurveyList::Location);
     Fill(*Form->lstTypeMulti, Choice.Types);
+    ShowWhyEmpty(*Form->lstTypeMulti, Choice, SurveyList::Type);
     ShowLocation();
 }
 
@@ -92,6 +119,7 @@ void frmAddSurvey::ShowLocation() {
 void frmAddSurvey::ShowEpochs() {
     Form->lblEpoch->setText(ToScreen(Choice.Epoch));
     Fill(*Form->lstEpoch, Choice.Epochs);
+    ShowWhyEmpty(*Form->lstEpoch, Choice, SurveyList::Epoch);
 }
 
 void frmAddSurvey::lstRoot_Click() {

@@ -210,4 +210,63 @@ TEST_F(FrmAddSurvey, DoesNotAskForATypeAndNothingIsAddedThen) {
     EXPECT_TRUE(tree.Nodes().empty());
 }
 
+TEST_F(FrmAddSurvey, SaysWhereSystemsAreMadeWhenThereIsNone) {
+    PutFile(Init("CHOICES.SYS"), "CALIB    2 Calibrations\r\n");
+    SetSurveyDirectory(Choice, "");
+    EXPECT_EQ(WhyEmpty(Choice, SurveyList::Root),
+              "There is no data system.  Make one on the home menu under Edit > Data Structures.");
+    for (const SurveyList list : {SurveyList::Location, SurveyList::Type, SurveyList::Epoch})
+        EXPECT_EQ(WhyEmpty(Choice, list), "");
+}
+
+TEST_F(FrmAddSurvey, SaysNothingInThePlaceOfAListThatOffersNamesOrWaits) {
+    SetSurveyDirectory(Choice, "");
+    for (const SurveyList list :
+         {SurveyList::Root, SurveyList::Location, SurveyList::Type, SurveyList::Epoch})
+        EXPECT_EQ(WhyEmpty(Choice, list), "");
+    ChooseSurveyRoot(Choice, "DAM");
+    EXPECT_EQ(WhyEmpty(Choice, SurveyList::Location), "");
+    EXPECT_EQ(WhyEmpty(Choice, SurveyList::Type), "");
+    EXPECT_EQ(WhyEmpty(Choice, SurveyList::Epoch), "");
+}
+
+TEST_F(FrmAddSurvey, SaysWhatASystemLacksAndWhereItIsMade) {
+    PutFile(Init("DAM.STR"), "DAM      Main dam\r\n\r\n\r\n\r\n");
+    Global().Data_drive = "D:\\TARVEX\\";
+    SetSurveyDirectory(Choice, "D:\\TARVEX\\");
+    EXPECT_EQ(WhyEmpty(Choice, SurveyList::Location), "");  // TARVEX is no system
+    ChooseSurveyRoot(Choice, "DAM");
+    EXPECT_EQ(WhyEmpty(Choice, SurveyList::Location),
+              "DAM has no locations.  Enter them on the home menu under Edit > Data Structures.");
+    EXPECT_EQ(WhyEmpty(Choice, SurveyList::Type),
+              "DAM has no data types.  Enter them on the home menu under Edit > Data Structures.");
+    EXPECT_EQ(WhyEmpty(Choice, SurveyList::Epoch),
+              "DAM has no epochs.  Enter them on the home menu under Edit > Data Structures.");
+}
+
+TEST_F(FrmAddSurvey, TellsASystemWithoutStructureFileLikeOneThatLacksAll) {
+    PutFile(Init("CHOICES.SYS"), "NEW      1 No structure yet\r\n");
+    SetSurveyDirectory(Choice, "");
+    ChooseSurveyRoot(Choice, "NEW");
+    EXPECT_EQ(WhyEmpty(Choice, SurveyList::Location),
+              "NEW has no locations.  Enter them on the home menu under Edit > Data Structures.");
+    EXPECT_EQ(WhyEmpty(Choice, SurveyList::Epoch),
+              "NEW has no epochs.  Enter them on the home menu under Edit > Data Structures.");
+}
+
+TEST_F(FrmAddSurvey, TellsUsedEpochsFromMissingOnes) {
+    SetSurveyDirectory(Choice, "");
+    ChooseSurveyRoot(Choice, "DAM");
+    ChooseSurveyLocation(Choice, "NORTH");
+    for (const char* epoch : {"SRV1", "SRV2", "SRV3"})
+        Register("NORTH", "LEVEL", epoch);
+    ChooseSurveyTypes(Choice, Names{"TOTAL"});
+    EXPECT_EQ(WhyEmpty(Choice, SurveyList::Epoch), "");
+    ChooseSurveyTypes(Choice, Names{"TOTAL", "LEVEL"});
+    EXPECT_EQ(
+        WhyEmpty(Choice, SurveyList::Epoch),
+        "All epochs of DAM are used here by the selected data types.  Enter more on the home menu under "
+        "Edit > Data Structures.");
+}
+
 }  // namespace Dorvane::Testing

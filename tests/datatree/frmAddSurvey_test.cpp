@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "datatree/frmAddSurvey.h"
 
+#include <gmock/gmock.h>
+
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -303,6 +305,32 @@ TEST_F(SurveyDialog, OpensWithADamagedStructureFileAfterTheReport) {
     EXPECT_EQ(Items(dialog, "lstRoot"), (Names{"DAM", "WEIR"}));
     ClickItem(dialog, "lstRoot", "WEIR");
     EXPECT_EQ(Items(dialog, "lstLocation"), (Names{"CREST"}));
+}
+
+TEST_F(SurveyDialog, SaysInThePlaceOfAnEmptyListWhereItsNamesAreMade) {
+    PutFile(Init("CHOICES.SYS"), "");
+    EXPECT_THAT(TextOf(Open(""), "lblEmptylstRoot"), testing::HasSubstr("Edit > Data Structures"));
+    EXPECT_TRUE(IsShown(*Dialog, "lblEmptylstRoot"));
+    EXPECT_FALSE(IsShown(*Dialog, "lblEmptylstLocation"));
+    PutFile(Init("CHOICES.SYS"), "DAM      1 Main dam\r\nWEIR     1 The weir\r\n");
+    PutFile(Init("WEIR.STR"), "WEIR     The weir\r\n\r\n\r\n\r\nSRV1\r\n");
+    frmAddSurvey& dialog = Open("");
+    EXPECT_FALSE(IsShown(dialog, "lblEmptylstRoot"));
+    ClickItem(dialog, "lstRoot", "WEIR");
+    EXPECT_EQ(TextOf(dialog, "lblEmptylstLocation"),
+              "WEIR has no locations.  Enter them on the home menu under Edit > Data Structures.");
+    EXPECT_TRUE(IsShown(dialog, "lblEmptylstTypeMulti"));
+    EXPECT_TRUE(Items(dialog, "lstLocation").empty());
+    ClickItem(dialog, "lstRoot", "DAM");
+    for (const char* note : {"lblEmptylstLocation", "lblEmptylstTypeMulti", "lblEmptylstEpoch"})
+        EXPECT_FALSE(IsShown(dialog, note)) << note;
+    ClickItem(dialog, "lstLocation", "NORTH");
+    Register("NORTH", "LEVEL", "SRV2");
+    Register("NORTH", "LEVEL", "SRV3");
+    ClickItem(dialog, "lstTypeMulti", "LEVEL");
+    EXPECT_THAT(TextOf(dialog, "lblEmptylstEpoch"), testing::StartsWith("All epochs of DAM are used here"));
+    ClickItem(dialog, "lstTypeMulti", "LEVEL");
+    EXPECT_FALSE(IsShown(dialog, "lblEmptylstEpoch"));
 }
 
 }  // namespace Dorvane::Testing
