@@ -8,15 +8,10 @@
 
 namespace Dorvane {
 
-namespace {
-
 std::string WithoutEndOfFileMark(std::string text) {
-    if (!text.empty() && text.back() == EndOfFileMark)
-        text.pop_back();
+    text.erase(text.find_last_not_of(EndOfFileMark) + 1);
     return text;
 }
-
-}  // namespace
 
 LineReader::LineReader(std::string_view path) : Text(WithoutEndOfFileMark(Drives::ReadFile(path))) {}
 

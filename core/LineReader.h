@@ -6,11 +6,14 @@
 
 namespace Dorvane {
 
-/// Ctrl-Z, which old programs leave as the last character of a text.
+/// Ctrl-Z, which old programs leave as the last character of a text, some of them several times.
 constexpr char EndOfFileMark = '\x1A';
 
-/// Reads a text file line by line. A line ends in CR LF, LF or CR; the last needs no end. An end-of-file mark
-/// (Ctrl-Z) that old programs leave as the very last character is no part of the text.
+/// The text as far as the marks at its very end.
+std::string WithoutEndOfFileMark(std::string text);
+
+/// Reads a text file line by line. A line ends in CR LF, LF or CR; the last needs no end. End-of-file marks
+/// (Ctrl-Z) that old programs leave behind the last character are no part of the text.
 class LineReader {
   public:
     /// Opens a file; raises what Drives::ReadFile raises.

@@ -28,14 +28,15 @@ void LineAppender::Line(std::string_view text) {
 }
 
 void LineAppender::Close() {
-    std::string former = FileExists(Path) ? Drives::ReadFile(Path) : "";
-    if (former.ends_with(EndOfFileMark)) {
-        // Old programs read no further than the mark, so lines behind it would be lost to them.
-        former.pop_back();
-        Drives::WriteFile(Path, former + Buffer);
-    } else {
-        Drives::AppendFile(Path, Buffer);
-    }
+    const std::string former = FileExists(Path) && !Buffer.empty() ? Drives::ReadFile(Path) : "";
+    const std::string text = WithoutEndOfFileMark(former);
+    const bool ended = text.empty() || text.back() == '\n' || text.back() == '\r';
+    const std::string added = (ended || Begin == AppendTo::LastLine ? "" : std::string(LineEnd)) + Buffer;
+    // Old programs read no further than the mark, so lines behind it would be lost to them.
+    if (text != former)
+        Drives::WriteFile(Path, text + added);
+    else
+        Drives::AppendFile(Path, added);
     Buffer.clear();
 }
 

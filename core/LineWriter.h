@@ -26,17 +26,27 @@ class LineWriter {
     std::string Buffer;
 };
 
+/// Where appended lines begin when the file's last line has no end.
+enum class AppendTo {
+    NewLine,   // below it
+    LastLine,  // directly behind its last character
+};
+
 /// Collects lines ended by CR LF and appends them to a file in one write at Close. An end-of-file mark at the
-/// file's end gives way to them.
+/// file's end gives way to them. Without any line a file is made when it is absent, and else left as it is.
 class LineAppender {
   public:
-    explicit LineAppender(std::string_view path) : Path(path) {}
+    explicit LineAppender(std::string_view path, AppendTo begin = AppendTo::NewLine)
+        : Path(path), Begin(begin) {}
 
     void Line(std::string_view text);
+
+    /// When it fails it can be tried again.
     void Close();
 
   private:
     std::string Path;
+    AppendTo Begin;
     std::string Buffer;
 };
 

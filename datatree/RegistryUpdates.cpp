@@ -2,7 +2,6 @@
 #include <initializer_list>
 
 #include "core/ColumnLine.h"
-#include "core/Drives.h"
 #include "core/LineWriter.h"
 #include "core/Text.h"
 #include "core/basGeneral.h"
@@ -13,18 +12,8 @@ namespace Dorvane {
 
 namespace {
 
-bool LacksLineEnd(const std::string& path) {
-    if (!FileExists(path))
-        return false;
-    const std::string content = Drives::ReadFile(path);
-    return !content.empty() && content.back() != '\n' && content.back() != '\r';
-}
-
 void AppendLines(const std::string& path, std::initializer_list<std::string> lines) {
     LineAppender file(path);
-    // A registry kept by hand may lack its last line end, and the new line would melt into the old one.
-    if (LacksLineEnd(path))
-        file.Line("");
     for (const std::string& line : lines)
         file.Line(line);
     file.Close();

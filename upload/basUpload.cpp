@@ -93,7 +93,7 @@ bool AppendDataFile(const std::string& fromPath, const std::string& toPath, cons
     Guarded("basUpload-AppendDataFile", [&](Guard& guard) {
         appended = guard.Run([&] {
             LineReader source(fromPath + fileName);
-            LineAppender target(toPath + fileName);
+            LineAppender target(toPath + fileName, AppendTo::LastLine);
             while (!source.AtEnd())
                 target.Line(source.ReadLine());
             target.Close();

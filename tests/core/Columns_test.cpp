@@ -78,6 +78,16 @@ TEST(LineWriter, KeepsTheFormerFileOnAFullDisk) {
     });
 }
 
+// What one line makes of a file of this content.
+std::string Appended(const std::string& former, AppendTo begin = AppendTo::NewLine) {
+    const TestSite site;
+    PutFile("D:\\OLD.TXT", former);
+    LineAppender appender("D:\\OLD.TXT", begin);
+    appender.Line("second");
+    appender.Close();
+    return FileContent("D:\\OLD.TXT");
+}
+
 TEST(LineAppender, AppendsAllOfItsLinesOrNone) {
     const TestSite site;
     MakeFolders("D:\\SMALL\\");
@@ -129,6 +139,37 @@ TEST(LineAppender, PutsItsLinesInThePlaceOfAnEndOfFileMark) {
     appender.Line("second");
     appender.Close();
     EXPECT_EQ(FileContent("D:\\OLD.TXT"), "first\r\nsecond\r\n");
+}
+
+TEST(LineAppender, TakesAwayEveryMarkBehindTheText) {
+    EXPECT_EQ(Appended("first\r\n\x1A\x1A\x1A"), "first\r\nsecond\r\n");
+    EXPECT_EQ(Appended("\x1A"), "second\r\n");
+}
+
+TEST(LineAppender, BeginsBelowALastLineWithoutAnEnd) {
+    EXPECT_EQ(Appended("first"), "first\r\nsecond\r\n");
+    EXPECT_EQ(Appended("first\x1A"), "first\r\nsecond\r\n");
+}
+
+TEST(LineAppender, TakesEveryKindOfLineEndForOne) {
+    EXPECT_EQ(Appended("first\n"), "first\nsecond\r\n");
+    EXPECT_EQ(Appended("first\r"), "first\rsecond\r\n");
+    EXPECT_EQ(Appended("first\r\x1A"), "first\rsecond\r\n");
+}
+
+TEST(LineAppender, ContinuesTheLastLineWhereItIsToldTo) {
+    EXPECT_EQ(Appended("first", AppendTo::LastLine), "firstsecond\r\n");
+    EXPECT_EQ(Appended("first\x1A", AppendTo::LastLine), "firstsecond\r\n");
+    EXPECT_EQ(Appended("first\r\n\x1A", AppendTo::LastLine), "first\r\nsecond\r\n");
+}
+
+TEST(LineAppender, LeavesTheFileAsItIsWithoutAnyLine) {
+    const TestSite site;
+    PutFile("D:\\OLD.TXT", "first\x1A");
+    LineAppender("D:\\OLD.TXT").Close();
+    EXPECT_EQ(FileContent("D:\\OLD.TXT"), "first\x1A");
+    LineAppender("D:\\NEW.TXT").Close();
+    EXPECT_EQ(FileContent("D:\\NEW.TXT"), "");
 }
 
 TEST(LineAppender, MakesTheFileWhenItIsAbsent) {

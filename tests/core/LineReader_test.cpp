@@ -37,6 +37,17 @@ TEST(LineReader, AddsNoLineBehindTheLastLineEnd) {
     EXPECT_EQ(LinesOf(""), Lines{});
 }
 
+TEST(LineReader, KeepsTheEmptyLineBetweenTwoEqualLineEnds) {
+    EXPECT_EQ(LinesOf("a\n\nb\n"), (Lines{"a", "", "b"}));
+    EXPECT_EQ(LinesOf("a\r\rb\r"), (Lines{"a", "", "b"}));
+    EXPECT_EQ(LinesOf("a\n\rb"), (Lines{"a", "", "b"}));
+}
+
+TEST(LineReader, LeavesOutEveryMarkBehindTheText) {
+    EXPECT_EQ(LinesOf("a\r\n\x1A\x1A\x1A"), (Lines{"a"}));
+    EXPECT_EQ(LinesOf("\x1A"), Lines{});
+}
+
 TEST(LineReader, LeavesOutAnEndOfFileMarkAtTheEnd) {
     EXPECT_EQ(LinesOf("a\r\n\x1A"), (Lines{"a"}));
     EXPECT_EQ(LinesOf("a\x1A"

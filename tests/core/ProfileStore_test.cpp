@@ -72,6 +72,15 @@ TEST_F(ProfileStore, AddsASectionAndAFile) {
     EXPECT_EQ(FileContent("C:\\WINDOWS\\dv_new.ini"), "[A]\r\nK=1\r\n[B]\r\nK=2\r\n");
 }
 
+TEST_F(ProfileStore, AddsAKeyInPlaceOfAnEndOfFileMark) {
+    for (const char* former : {"[A]\r\nx=1\r\n\x1A", "[A]\r\nx=1\x1A"}) {
+        PutFile(Path, former);
+        EXPECT_EQ(IniReadString("dv_test.ini", "A", "x"), "1");
+        IniWriteString("dv_test.ini", "A", "y", "2");
+        EXPECT_EQ(FileContent(Path), "[A]\r\nx=1\r\ny=2\r\n");
+    }
+}
+
 TEST_F(ProfileStore, ReadsABlankAsEmpty) {
     IniWriteString("dv_test.ini", "User Database", "Names2", " ");
     EXPECT_EQ(IniReadString("dv_test.ini", "User Database", "Names2"), "");

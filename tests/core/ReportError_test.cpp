@@ -88,6 +88,20 @@ TEST_F(ReportErrorTest, PutsTheNumberOnTheNextLineWhenTheDateHasPassedItsColumn)
               "                   Source : Dorvane-basRead-Two\r\n");
 }
 
+TEST_F(ReportErrorTest, WritesOnInALogThatEndsInAnEndOfFileMark) {
+    const std::string report =
+        "1/2/2026 3:04:05 AMError : 6\r\n"
+        "                   Description : Overflow\r\n"
+        "                   Source : Dorvane-basRead-Two\r\n";
+    Screen.Clock = {2026, 1, 2, 3, 4, 5};
+    for (const char* former : {"old\r\n\x1A", "old\x1A", "old"}) {
+        PutFile(Log, former);
+        Screen.ExpectMessageTitled("Program Error");
+        ReportError(RunTimeError(Overflow), "basRead-Two");
+        EXPECT_EQ(FileContent(Log), "old\r\n" + report) << former;
+    }
+}
+
 TEST_F(ReportErrorTest, StillAnswersWhenTheLogCannotBeWritten) {
     Drives::CreateFolder(Log);
     Screen.ExpectMessageTitled("Program Error", Answer::Retry);

@@ -104,6 +104,9 @@ TEST_F(UpdatingPoints, LeaveAListWithoutAnEndOfFileMark) {
     PutFile(North + "3DIM.LST", "P1\r\n\x1A");
     Enter("P2", 1);
     EXPECT_EQ(FileContent(North + "3DIM.LST"), "P1\r\nP2\r\n");
+    PutFile(North + "3DIM.LST", "P1\r\nP2\x1A");
+    Enter("P3", 1);
+    EXPECT_EQ(FileContent(North + "3DIM.LST"), "P1\r\nP2\r\nP3\r\n");
 }
 
 TEST_F(UpdatingPoints, OfAnotherComponentInBetweenIsNotLost) {
@@ -330,6 +333,17 @@ TEST_F(UpdatingTheReference, AddsARecordOf32) {
               " 32      3                    0\r\n"
               "11-20-26 SRV12      TASK1     \r\n"
               "11-21-26 PROJECT910 ABCDEFGHIJ\r\n");
+}
+
+TEST_F(UpdatingTheReference, PutsItsRecordInPlaceOfAnEndOfFileMark) {
+    std::int32_t records = 0;
+    CoordinateRetriever().UpdateReference(North, "NORTH", "11-20-26", "SRV12", "TASK1", records);
+    PutFile(North + "NORTH.REF", FileContent(North + "NORTH.REF") + "\x1A");
+    CoordinateRetriever().UpdateReference(North, "NORTH", "11-21-26", "SRV13", "TASK2", records);
+    EXPECT_EQ(FileContent(North + "NORTH.REF"),
+              " 32      3                    0\r\n"
+              "11-20-26 SRV12      TASK1     \r\n"
+              "11-21-26 SRV13      TASK2     \r\n");
 }
 
 TEST_F(UpdatingTheReference, CommitsThePointsFirst) {

@@ -55,6 +55,23 @@ TEST_F(AddSurvey, RegistersTwoTypesOfOneEpoch) {
               "    Created     11-20-26      First survey\r\n");
 }
 
+TEST_F(AddSurvey, ShowsNothingButItsFoldersWhereTheRegistriesEndInAnEndOfFileMark) {
+    PutFile(Init("DAM.PTH"), " *       DAM       NORTH     LEVEL     SRV11\r\n\x1A");
+    PutFile(Init("DAM.HIS"),
+            "             DATA FILESYSTEM HISTORY\r\n"
+            "\r\n"
+            "Subdirectory                  Usage\r\n"
+            "----------------------        ---------------------------\r\n"
+            "DAM\\NORTH\\LEVEL\\SRV11\r\n"
+            "    Created     11-19-26      Eleventh\r\n\x1A");
+    Add({"DAM", "NORTH", "LEVEL ", "SRV12", "Twelfth"});
+    std::vector<std::string> folders;
+    for (const PathRecord& record : Global().PathRecords)
+        folders.push_back(record.Type + "\\" + record.Epoch + " " + record.Created);
+    EXPECT_EQ(folders, (std::vector<std::string>{"ADJUST\\SRV12 \?\?-\?\?-\?\?", "LEVEL\\SRV11 11-19-26",
+                                                 "LEVEL\\SRV12 11-20-26"}));
+}
+
 TEST_F(AddSurvey, MakesTheFoldersTheirIndexesAndOneProjectFolder) {
     Add(TwoTypes);
     EXPECT_TRUE(Exists(Data("DAM\\NORTH\\LEVEL\\SRV12")));

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "datatree/basRead.h"
 #include "datatree/basTree.h"
 #include "tests/datatree/DataSite.h"
 
@@ -45,6 +46,27 @@ TEST_F(UpdatePthFileAdd, BeginsANewLineBehindALastLineWithoutAnEnd) {
                                         " *       DAM       NORTH     LEVEL     SRV2"}));
 }
 
+TEST_F(UpdatePthFileAdd, PutsItsLineInThePlaceOfAnEndOfFileMark) {
+    const std::string first = " *       DAM       NORTH     LEVEL     SRV1";
+    for (const char* end : {"\r\n\x1A", "\x1A", "\n\x1A", "\r\x1A"}) {
+        PutFile(Init("DAM.PTH"), first + end);
+        Dorvane::UpdatePthFileAdd("DAM", "NORTH", "LEVEL", "SRV2");
+        List1<PathRecord> records;
+        Sorter sorter;
+        ASSERT_EQ(ReadPthFile(records, Init(""), "DAM.PTH", sorter), 2);
+        EXPECT_EQ(records[1].Epoch, "SRV1");
+        EXPECT_EQ(records[2].Epoch, "SRV2");
+    }
+}
+
+TEST_F(UpdatePthFileAdd, TakesALoneCarriageReturnForALineEnd) {
+    PutFile(Init("DAM.PTH"), " *       DAM       NORTH     LEVEL     SRV1\r");
+    Dorvane::UpdatePthFileAdd("DAM", "NORTH", "LEVEL", "SRV2");
+    EXPECT_EQ(FileContent(Init("DAM.PTH")),
+              " *       DAM       NORTH     LEVEL     SRV1\r"
+              " *       DAM       NORTH     LEVEL     SRV2\r\n");
+}
+
 TEST_F(UpdatePthFileAdd, LeavesTheRegistryAsItWasOnAFullDisk) {
     OnSmallDisk(Init(""), 64, [] {
         PutFile(Init("DAM.PTH"), FullPage());
@@ -85,6 +107,16 @@ TEST_F(UpdateCalibPthFileAdd, AppendsALineOfThreeNames) {
     EXPECT_EQ(FileContent(Init("CALIB.PTH")),
               " *       CALIB     INVAR     CAL1\r\n"
               " *       CALIB     STAFF     CAL2\r\n");
+}
+
+TEST_F(UpdateCalibPthFileAdd, PutsItsLineInThePlaceOfAnEndOfFileMark) {
+    for (const char* end : {"\r\n\x1A", "\x1A"}) {
+        PutFile(Init("CALIB.PTH"), std::string(" *       CALIB     INVAR     CAL1") + end);
+        Dorvane::UpdateCalibPthFileAdd("CALIB", "STAFF", "CAL2");
+        EXPECT_EQ(FileContent(Init("CALIB.PTH")),
+                  " *       CALIB     INVAR     CAL1\r\n"
+                  " *       CALIB     STAFF     CAL2\r\n");
+    }
 }
 
 TEST_F(UpdateCalibPthFileAdd, ReportsUnderItsOwnName) {
@@ -168,6 +200,32 @@ TEST_F(UpdateHisFileAdd, BeginsANewLineBehindALastLineWithoutAnEnd) {
     PutFile(Init("DAM.HIS"), std::string(Head) + "DAM\\A\\B\\C\r\n    Created     11-20-26");
     Dorvane::UpdateHisFileAdd("DAM", "NORTH", "LEVEL", "SRV1", "New", "11-22-26");
     EXPECT_EQ(FileLines(Init("DAM.HIS"))[6], "DAM\\NORTH\\LEVEL\\SRV1");
+}
+
+TEST_F(UpdateHisFileAdd, PutsANewFolderInThePlaceOfAnEndOfFileMark) {
+    const std::string former =
+        std::string(Head) + "DAM\\NORTH\\LEVEL\\SRV1\r\n    Created     11-20-26      First";
+    for (const char* end : {"\r\n\x1A", "\x1A"}) {
+        PutFile(Init("DAM.HIS"), former + end);
+        Dorvane::UpdateHisFileAdd("DAM", "NORTH", "LEVEL", "SRV2", "Second", "11-22-26");
+        EXPECT_EQ(FileContent(Init("DAM.HIS")), former +
+                                                    "\r\nDAM\\NORTH\\LEVEL\\SRV2\r\n"
+                                                    "    Created     11-22-26      Second\r\n");
+        List1<HistoryRecord> histories;
+        histories.Resize(1);
+        ReadHisFile(histories, 1, Init(""), "DAM.HIS");
+        EXPECT_EQ(histories[1].Count, 2);
+    }
+}
+
+TEST_F(UpdateHisFileAdd, RewritesAHistoryWithoutItsEndOfFileMark) {
+    const std::string group = std::string(Head) + "DAM\\NORTH\\LEVEL\\SRV1\r\n";
+    for (const char* end : {"\r\n\x1A", "\x1A"}) {
+        PutFile(Init("DAM.HIS"), group + "DAM\\NORTH\\LEVEL\\SRV2" + end);
+        Dorvane::UpdateHisFileAdd("DAM", "NORTH", "LEVEL", "SRV1", "Again", "11-22-26");
+        EXPECT_EQ(FileContent(Init("DAM.HIS")),
+                  group + "    Created     11-22-26      Again\r\nDAM\\NORTH\\LEVEL\\SRV2\r\n");
+    }
 }
 
 TEST_F(UpdateHisFileAdd, LeavesTheHistoryAsItWasOnAFullDisk) {

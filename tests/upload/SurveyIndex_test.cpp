@@ -49,6 +49,16 @@ TEST_F(UpdateSrvIdxTest, OnlyEverAddsLines) {
     EXPECT_EQ(FileLines(To + Index).size(), 4u);
 }
 
+TEST_F(UpdateSrvIdxTest, AddsItsLineInPlaceOfAnEndOfFileMark) {
+    const std::string line = "DAY1     GSI       DAY1                3/7/2026";
+    for (const char* end : {"\r\n\x1A", "\x1A", ""}) {
+        PutFile(To + Index, IndexHead + line + end);
+        UpdateSrvIdx(To, Index, "DAY2", "GSI", "DAY2", "3/7/2026");
+        EXPECT_EQ(FileContent(To + Index),
+                  IndexHead + line + "\r\nDAY2     GSI       DAY2                3/7/2026\r\n");
+    }
+}
+
 TEST_F(UpdateSrvIdxTest, FillsNineColumnsWithANameOfNine) {
     UpdateSrvIdx(To, Index, "NINECHARS", "GSI", "NINECHARS", "3/7/2026");
     EXPECT_EQ(FileContent(To + Index), IndexHead + "NINECHARSGSI       NINECHARS           3/7/2026\r\n");

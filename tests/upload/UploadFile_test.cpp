@@ -196,6 +196,16 @@ TEST_F(AppendDataFileTest, ContinuesALastLineWithoutEnd) {
     EXPECT_EQ(FileContent(To + "A.DAT"), "oldnew\r\n");
 }
 
+TEST_F(AppendDataFileTest, PutsTheDataInPlaceOfAnEndOfFileMark) {
+    PutSource("A.DAT", "new\r\n\x1A");
+    PutFile(To + "A.DAT", "old\r\n\x1A");
+    EXPECT_TRUE(AppendDataFile(From, To, "A.DAT"));
+    EXPECT_EQ(FileContent(To + "A.DAT"), "old\r\nnew\r\n");
+    PutFile(To + "A.DAT", "old\x1A");
+    EXPECT_TRUE(AppendDataFile(From, To, "A.DAT"));
+    EXPECT_EQ(FileContent(To + "A.DAT"), "oldnew\r\n");
+}
+
 TEST_F(AppendDataFileTest, AppendsALineOfAMillionCharacters) {
     const std::string line(1'000'000, '7');
     PutFile(To + "A.DAT", "old\r\n");
