@@ -344,6 +344,10 @@ void StagedFile::Write(std::string_view content) {
     Host::WriteStaged(Own->Handle, content);
 }
 
+void StagedFile::TakeTimeOf(std::string_view path) {
+    Host::CopyTimeStamp(HostPath(path), Own->Handle);
+}
+
 void StagedFile::Commit() {
     Host::CommitStaged(Own->Handle, Own->Staged, Own->Target);
     Own->Committed = true;

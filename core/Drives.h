@@ -90,6 +90,9 @@ class StagedFile {
 
     /// The whole content of the file. A second call replaces that of the first, so a failure can be retried.
     void Write(std::string_view content);
+
+    /// Gives it the time stamp of another file.
+    void TakeTimeOf(std::string_view path);
     void Commit();
 
   private:
