@@ -5,7 +5,6 @@
 
 #include <utility>
 
-#include "core/ReplaceFiles.h"
 #include "core/RunTimeError.h"
 #include "core/Text.h"
 #include "database/DatabaseError.h"
@@ -78,16 +77,22 @@ void CoordinateRetriever::UpdatePoint(const std::string& databaseFolder, std::in
     });
 }
 
+// The files are read anew: another workstation may have brought its own update since the first point.
+std::vector<FileChange> CoordinateRetriever::WaitingChanges() const {
+    std::vector<FileChange> changes;
+    for (const Taken& taken : Waiting) {
+        if (taken.Lines.empty())
+            continue;
+        for (FileChange& change : CoordinateSet(taken.Folder, taken.TypeCode).Adding(taken.Lines))
+            changes.push_back(std::move(change));
+    }
+    return changes;
+}
+
 void CoordinateRetriever::Commit() {
     AsComponent([&] {
-        while (!Waiting.empty()) {
-            const Taken& taken = Waiting.front();
-            // The files are read anew: another workstation may have brought its own update since the first
-            // point.
-            if (!taken.Lines.empty())
-                ReplaceInOrder(CoordinateSet(taken.Folder, taken.TypeCode).Adding(taken.Lines));
-            Waiting.erase(Waiting.begin());
-        }
+        ReplaceInOrder(WaitingChanges());
+        Waiting.clear();
     });
 }
 
@@ -131,9 +136,14 @@ void CoordinateRetriever::RetrieveAll(const std::string& databaseFolder, std::in
 void CoordinateRetriever::UpdateReference(const std::string& databaseFolder, const std::string& location,
                                           const std::string& date, const std::string& project,
                                           const std::string& task, std::int32_t& records) {
-    Commit();
     AsComponent([&] {
-        records = static_cast<std::int32_t>(AppendReference(databaseFolder, location, {date, project, task}));
+        long updates = 0;
+        FileChange reference = ReferenceWith(databaseFolder, location, {date, project, task}, updates);
+        std::vector<FileChange> changes = WaitingChanges();
+        changes.push_back(std::move(reference));
+        ReplaceInOrder(changes);
+        Waiting.clear();
+        records = static_cast<std::int32_t>(updates);
     });
 }
 

@@ -29,9 +29,8 @@ class CoordinateRetriever : public CoordinateSource {
                      const std::string& date, double X, double Y, double Z, double ErrorAngle,
                      double ErrorMajor, double ErrorMinor, double SZ, double extra1, double extra2);
 
-    /// Writes the points taken since the last commit into the database: all those of one type at once, or
-    /// none of them. When it fails they stay taken, and it can be tried again. What is never committed is
-    /// never written.
+    /// Writes the points taken since the last commit into the database: all of them, or none. When it fails
+    /// they stay taken, and it can be tried again. What is never committed is never written.
     void Commit();
 
     /// The current values of those of the names that the database holds, with their trimmed names, in the
@@ -54,8 +53,9 @@ class CoordinateRetriever : public CoordinateSource {
                      std::int32_t& lines, const std::string& tempPath, const List1<double>& bias,
                      std::int32_t unitsCode);
 
-    /// Commits, and then adds date, project and task of the update to the location's reference file.
-    /// `records` takes the number of updates that it then tells of.
+    /// Commits, and with the points adds date, project and task of the update to the location's reference
+    /// file: all of it or nothing. `records` takes the number of updates that the reference file then tells
+    /// of.
     void UpdateReference(const std::string& databaseFolder, const std::string& location,
                          const std::string& date, const std::string& project, const std::string& task,
                          std::int32_t& records);
@@ -69,6 +69,7 @@ class CoordinateRetriever : public CoordinateSource {
     };
 
     Taken& TakenFor(const std::string& databaseFolder, std::int32_t typeCode);
+    std::vector<FileChange> WaitingChanges() const;
 
     std::vector<Taken> Waiting;
 };

@@ -121,6 +121,16 @@ std::vector<CoordinateRecord> CoordinateSet::All(std::string_view name) const {
     return values;
 }
 
+bool CoordinateSet::Holds(std::string_view line) const {
+    const auto found = Points.find(NameColumns(line));
+    if (found == Points.end())
+        return false;
+    for (long record = found->second.Record; record != 0; record = Former[static_cast<std::size_t>(record)])
+        if (Data.Record(record) == line)
+            return true;
+    return false;
+}
+
 std::vector<FileChange> CoordinateSet::Adding(const std::vector<std::string>& lines) const {
     const long added = static_cast<long>(lines.size());
     if (added > Room())

@@ -39,6 +39,9 @@ class CoordinateSet {
     /// Every value of a point, the oldest first and the current one last.
     std::vector<CoordinateRecord> All(std::string_view name) const;
 
+    /// True when one of the point's values is exactly this line (RecordLine), its date included.
+    bool Holds(std::string_view line) const;
+
     /// How many records can still be added.
     long Room() const { return HighestRecordNumber - 1 - Data.Records(); }
 

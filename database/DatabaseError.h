@@ -36,4 +36,9 @@ inline RunTimeError RefusedRecord(const std::string& path, const std::string& wh
     return error;
 }
 
+/// True for a number of DatabaseErrorNumber.
+inline bool IsDatabaseError(const RunTimeError& error) {
+    return error.Number >= DatabaseDamaged && error.Number <= RecordRefused;
+}
+
 }  // namespace Dorvane

@@ -6,7 +6,6 @@
 #include <algorithm>
 
 #include "core/ColumnLine.h"
-#include "core/ReplaceFiles.h"
 #include "core/Text.h"
 #include "database/DatabaseError.h"
 #include "database/DatabaseFiles.h"
@@ -28,24 +27,39 @@ std::string Checked(const std::string& given, const char* title, int width, cons
     return text;
 }
 
+std::string ReferenceLine(const ReferenceRecord& reference, const std::string& path) {
+    ColumnLine line;
+    line.At(1, Checked(reference.Date, "date", 8, path));
+    line.At(10, Checked(reference.Project, "project", 10, path));
+    line.At(21, Checked(reference.Task, "task", 10, path));
+    return PadRight(line.Text(), ReferenceShape.RecordLength - 2);
+}
+
+RecordFile OpenReference(const std::string& folder, const std::string& location) {
+    return RecordFile(folder + location + ".REF", ReferenceShape);
+}
+
 }  // namespace
 
-long AppendReference(const std::string& folder, const std::string& location,
-                     const ReferenceRecord& reference) {
-    const RecordFile file(folder + location + ".REF", ReferenceShape);
-    ColumnLine line;
-    line.At(1, Checked(reference.Date, "date", 8, file.Path()));
-    line.At(10, Checked(reference.Project, "project", 10, file.Path()));
-    line.At(21, Checked(reference.Task, "task", 10, file.Path()));
-
-    const long records = file.Records() + 1;
-    if (records + ReferenceShape.CountOfNew > HighestCount)
+FileChange ReferenceWith(const std::string& folder, const std::string& location,
+                         const ReferenceRecord& reference, long& updates) {
+    const RecordFile file = OpenReference(folder, location);
+    const std::string line = ReferenceLine(reference, file.Path());
+    updates = file.Records() + 1;
+    if (updates + ReferenceShape.CountOfNew > HighestCount)
         throw FullFile(file.Path(), fmt::format("its header counts up to {}", HighestCount));
-    std::string content = RecordHeader(ReferenceShape, records);
-    content.append(file.AllRecords());
-    content.append(PadRight(line.Text(), ReferenceShape.RecordLength - 2)).append("\r\n");
-    ReplaceInOrder({{file.Path(), content}});
-    return records;
+    FileChange change{file.Path(), RecordHeader(ReferenceShape, updates)};
+    change.Content.append(file.AllRecords()).append(line).append("\r\n");
+    return change;
+}
+
+bool HasReference(const std::string& folder, const std::string& location, const ReferenceRecord& reference) {
+    const RecordFile file = OpenReference(folder, location);
+    const std::string line = ReferenceLine(reference, file.Path());
+    for (long number = 1; number <= file.Records(); ++number)
+        if (file.Record(number) == line)
+            return true;
+    return false;
 }
 
 }  // namespace Dorvane

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "core/ReplaceFiles.h"
+
 namespace Dorvane {
 
 /// Where one update came from.
@@ -12,11 +14,14 @@ struct ReferenceRecord {
     std::string Task;
 };
 
-/// Adds one update to the location's reference file, which has to be there, and returns the number of records
-/// that it then holds. The file is replaced in one step. RecordRefused for a text that does not fit its
-/// columns (8 of the date, 10 each of project and task) or holds a control character, DatabaseDamaged for a
-/// file that is not of its form, DatabaseFull when its count has no column left.
-long AppendReference(const std::string& folder, const std::string& location,
-                     const ReferenceRecord& reference);
+/// The location's reference file, which has to be there, with one update more; `updates` takes the number
+/// that it then tells of. RecordRefused for a text that does not fit its columns (8 of the date, 10 each of
+/// project and task) or holds a control character, DatabaseDamaged for a file that is not of its form,
+/// DatabaseFull when its count has no column left.
+FileChange ReferenceWith(const std::string& folder, const std::string& location,
+                         const ReferenceRecord& reference, long& updates);
+
+/// True when the reference file tells of an update with the same date, project and task. Raises as above.
+bool HasReference(const std::string& folder, const std::string& location, const ReferenceRecord& reference);
 
 }  // namespace Dorvane

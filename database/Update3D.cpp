@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/Update3D.h"
 
+#include <fmt/format.h>
+
 #include <optional>
 
 #include "core/Globals.h"
 #include "core/ReportError.h"
-#include "core/Text.h"
 #include "core/basGeneral.h"
 #include "database/CoordinateRetriever.h"
+#include "database/DatabaseError.h"
 #include "database/DatabaseFiles.h"
 #include "database/Retrieval.h"
+#include "database/UpdateOverview.h"
 #include "database/basDatabase.h"
 #include "input/CoordinateFiles.h"
 
@@ -18,20 +21,34 @@ namespace Dorvane {
 namespace {
 
 const char* const UpdateProcedure = "basDatabase-Update3DPoints";
+const char* const NothingStored = "0 points stored";
 
-// "mm-dd-yy" as its six digits.
-std::string SixDigits(const std::string& date) {
-    return Left(date, 2) + Mid(date, 4, 2) + Right(date, 2);
+// Runs one statement with the component, of which nothing is stored before the last.
+template <class Statement>
+bool RunStoring(Guard& guard, const Statement& statement) {
+    return guard.Run([&] {
+        try {
+            statement();
+        } catch (const RunTimeError& error) {
+            if (IsDatabaseError(error))
+                throw RefusedUpdate(error);
+            throw;
+        }
+    });
 }
 
-void HandOver(Guard& guard, CoordinateRetriever& retriever, const std::string& databaseFolder,
-              const List1<Dbs3DPoint>& points, const std::string& date) {
-    for (const Dbs3DPoint& point : points)
-        guard.Run([&] {
+// The number of points that the component took.
+int HandOver(Guard& guard, CoordinateRetriever& retriever, const std::string& databaseFolder,
+             const Dbs3DFile& file) {
+    int taken = 0;
+    const std::string date = SixDigits(file.Date);
+    for (const Dbs3DPoint& point : file.Points)
+        taken += RunStoring(guard, [&] {
             retriever.UpdatePoint(databaseFolder, ThreeDimensionalCode, point.Name, date, point.X, point.Y,
                                   point.Z, point.ErrorAngle, point.ErrorMajor, point.ErrorMinor, point.SZ, 0,
                                   0);
         });
+    return taken;
 }
 
 void Tell(const std::string& text, const std::string& title, Icon picture = Icon::Information) {
@@ -57,42 +74,99 @@ bool ChoicesAreGood(const UpdateForm& form) {
     return true;
 }
 
-bool UpdateChosen(const UpdateForm& form, const std::string& databaseFolder) {
-    if (form.optBenchmark || form.optMonument || !form.opt3dim)
+void ShowStatus(const UpdateView& view, const std::string& text) {
+    if (view.ShowStatus)
+        view.ShowStatus(text);
+}
+
+// What the update would do. Nothing for a file or a database that the backup or the update itself will tell
+// of, or for a file without points.
+std::optional<UpdateOverview> Compared(const std::string& databaseFolder, const std::string& updateFile,
+                                       Dbs3DFile& file) {
+    try {
+        const std::optional<Dbs3DFile> read = PeekDbs3DFile(updateFile);
+        if (!read || read->Points.Empty())
+            return std::nullopt;
+        file = *read;
+        return OverviewOf(databaseFolder, file);
+    } catch (const RunTimeError& error) {
+        if (!IsDatabaseError(error))
+            return std::nullopt;
+        UpdateOverview damaged;
+        damaged.Refusal = error;
+        return damaged;
+    }
+}
+
+// False when the database refuses the update, which is told, or when the operator does not want it. Asked
+// before the backup, which would replace the last good one for nothing.
+bool MayUpdate(const std::string& databaseFolder, const UpdateForm& form) {
+    Dbs3DFile file;
+    const std::optional<UpdateOverview> overview = Compared(databaseFolder, form.lblUpDateFile, file);
+    if (!overview)
         return true;
-    return MakeCoordBackups(databaseFolder, ThreeDimensionalCode) &&
-           Update3DPoints(databaseFolder, form.lblUpDateFile);
+    if (overview->Refusal) {
+        ReportError(RefusedUpdate(*overview->Refusal), UpdateProcedure);
+        return false;
+    }
+    Message question{OverviewQuestion(*overview, LocationOfKey(form.lblDirectory), form.lblUpDateFile, file),
+                     overview->StoredAlready ? "Update Stored Already" : "Update Overview", Icon::Question,
+                     Buttons::YesNo};
+    if (overview->StoredAlready)
+        question.Default = Answer::No;
+    return TheDesktop().ShowMessage(question) == Answer::Yes;
+}
+
+std::string StoredText(int points, const std::string& location) {
+    return fmt::format("{} point{} stored in {}, backup kept", points, points == 1 ? "" : "s", location);
+}
+
+// The number of points stored; nothing when the click ends without the closing message.
+std::optional<int> UpdateChosen(const UpdateForm& form, const UpdateView& view) {
+    const std::string location = LocationOfKey(form.lblDirectory);
+    const std::string databaseFolder = Global().Coord_path + location + "\\";
+    ShowStatus(view, "Comparing with the database ...");
+    if (!MayUpdate(databaseFolder, form))
+        return std::nullopt;
+    ShowStatus(view, "Updating the database ...");
+    if (!MakeCoordBackups(databaseFolder, ThreeDimensionalCode))
+        return std::nullopt;
+    return Update3DPoints(databaseFolder, form.lblUpDateFile);
+}
+
+void Update(const UpdateForm& form, const UpdateView& view) {
+    if (form.optBenchmark || form.optMonument || !form.opt3dim) {
+        ShowStatus(view, NothingStored);
+    } else {
+        const std::optional<int> stored = UpdateChosen(form, view);
+        ShowStatus(view, stored ? StoredText(*stored, LocationOfKey(form.lblDirectory)) : NothingStored);
+        if (!stored)
+            return;
+    }
+    Tell("Update complete", "Update Complete");
 }
 
 }  // namespace
 
-bool Update3DPoints(const std::string& databaseFolder, const std::string& updateFile) {
-    CoordinateRetriever retriever;
-    std::string date;
-    std::string project;
-    std::string task;
-    bool anyPoints = false;
-    const bool handedOver = Guarded(UpdateProcedure, [&](Guard& guard) {
+std::optional<int> Update3DPoints(const std::string& databaseFolder, const std::string& updateFile) {
+    int stored = 0;
+    const bool done = Guarded(UpdateProcedure, [&](Guard& guard) {
         std::string folder;
-        std::string file;
-        SplitFolderFile(updateFile, folder, file);
-        List1<Dbs3DPoint> points;
-        anyPoints = ReadDbs3DFile(points, folder, file, date, project, task) > 0;
-        if (anyPoints)
-            HandOver(guard, retriever, databaseFolder, points, SixDigits(date));
-    });
-    // Also after a failure: what was handed over before it is to stay.
-    const bool committed =
-        Guarded(UpdateProcedure, [&](Guard& guard) { guard.Run([&] { retriever.Commit(); }); });
-    if (!handedOver || !committed || !anyPoints)
-        return handedOver && committed;
-    return Guarded(UpdateProcedure, [&](Guard& guard) {
-        guard.Run([&] {
+        std::string name;
+        SplitFolderFile(updateFile, folder, name);
+        Dbs3DFile file;
+        if (ReadDbs3DFile(file.Points, folder, name, file.Date, file.Project, file.Task) <= 0)
+            return;
+        CoordinateRetriever retriever;
+        const int taken = HandOver(guard, retriever, databaseFolder, file);
+        const bool committed = RunStoring(guard, [&] {
             std::int32_t records = 0;
-            retriever.UpdateReference(databaseFolder, LocationOfFolder(databaseFolder), date, project, task,
-                                      records);
+            retriever.UpdateReference(databaseFolder, LocationOfFolder(databaseFolder), file.Date,
+                                      file.Project, file.Task, records);
         });
+        stored = committed ? taken : 0;
     });
+    return done ? std::optional<int>(stored) : std::nullopt;
 }
 
 void ClickBrowseUpdate(UpdateForm& form) {
@@ -107,13 +181,14 @@ void ClickBrowseUpdate(UpdateForm& form) {
     });
 }
 
-void ClickUpdate(const UpdateForm& form) {
-    Guarded("frmDbUpdate-cmdUpdate_Click", [&](Guard&) {
-        if (!ChoicesAreGood(form))
-            return;
-        if (UpdateChosen(form, Global().Coord_path + LocationOfKey(form.lblDirectory) + "\\"))
-            Tell("Update complete", "Update Complete");
+void ClickUpdate(const UpdateForm& form, const UpdateView& view) {
+    ShowStatus(view, "");
+    const bool ended = Guarded("frmDbUpdate-cmdUpdate_Click", [&](Guard&) {
+        if (ChoicesAreGood(form))
+            Update(form, view);
     });
+    if (!ended)
+        ShowStatus(view, NothingStored);
 }
 
 }  // namespace Dorvane

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 
 // What the events of the screen "Database Coordinate Update" decide and do.
@@ -17,18 +19,24 @@ struct UpdateForm {
     bool opt3dim = false;
 };
 
+/// What the click of cmdUpdate shows while it works. May be left empty.
+struct UpdateView {
+    std::function<void(const std::string& text)> ShowStatus;  // first panel of sbrUpdate
+};
+
 /// Hands the points of a *.DBS file to the three-dimensional database of a location, in file order, and then
-/// the file's date, project and task to its reference file. Without points nothing happens. A failure is
-/// reported as "basDatabase-Update3DPoints"; when it makes the procedure leave, the points handed over before
-/// it stay updated and nothing goes to the reference file. True when all was done.
-bool Update3DPoints(const std::string& databaseFolder, const std::string& updateFile);
+/// the file's date, project and task to its reference file. Points and reference are stored together or not
+/// at all. Without points nothing happens. A failure is reported as "basDatabase-Update3DPoints". The number
+/// of points that were stored; nothing when a failure made it leave.
+std::optional<int> Update3DPoints(const std::string& databaseFolder, const std::string& updateFile);
 
 /// The click of cmdBrowse: the chosen file goes to lblUpDateFile; cancelled, nothing changes.
 void ClickBrowseUpdate(UpdateForm& form);
 
-/// The click of cmdUpdate. Only three-dimensional data is really updated, behind a backup of its files; the
-/// other types are told to be complete all the same. A failure that makes the backup or the update leave ends
-/// the click without the closing message, and without a backup nothing is updated.
-void ClickUpdate(const UpdateForm& form);
+/// The click of cmdUpdate. Only three-dimensional data is really updated: the operator sees first what would
+/// change and may leave, then its files are backed up, then the points are stored. The other types are told
+/// to be complete all the same. What the database does not take is reported before the backup. A failure that
+/// makes the backup or the update leave ends the click without the closing message.
+void ClickUpdate(const UpdateForm& form, const UpdateView& view = {});
 
 }  // namespace Dorvane

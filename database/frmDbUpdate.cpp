@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/frmDbUpdate.h"
 
+#include <QRadioButton>
 #include <QShortcut>
 
 #include "core/ReportError.h"
@@ -38,6 +39,8 @@ void frmDbUpdate::LoadForm() {
 
 void frmDbUpdate::ConnectCommands() {
     connect(Form->trvDirectory, &DirectoryTree::NodeClicked, this, &frmDbUpdate::trvDirectory_NodeClick);
+    for (const QRadioButton* option : findChildren<QRadioButton*>())
+        connect(option, &QRadioButton::toggled, this, [this] { ShowStatus(""); });
     connect(Form->cmdBrowse, &QPushButton::clicked, this, &frmDbUpdate::cmdBrowse_Click);
     connect(Form->cmdUpdate, &QPushButton::clicked, this, &frmDbUpdate::cmdUpdate_Click);
     connect(Form->cmdGoBack, &QPushButton::clicked, this,
@@ -54,14 +57,26 @@ void frmDbUpdate::LeaveTo(const char* event, const std::function<void()>& where)
     });
 }
 
+// What the status bar tells belongs to the choice with which it was made.
 void frmDbUpdate::trvDirectory_NodeClick(const std::string& key) {
+    if (key == State.lblDirectory)
+        return;
     State.lblDirectory = key;
     Form->lblDirectory->setText(ToScreen(key));
+    ShowStatus("");
 }
 
 void frmDbUpdate::cmdBrowse_Click() {
+    const std::string former = State.lblUpDateFile;
     ClickBrowseUpdate(State);
     Form->lblUpDateFile->setText(ToScreen(State.lblUpDateFile));
+    if (State.lblUpDateFile != former)
+        ShowStatus("");
+}
+
+void frmDbUpdate::ShowStatus(const std::string& text) {
+    StatusPanel->setText(ToScreen(text));
+    StatusPanel->repaint();
 }
 
 void frmDbUpdate::cmdUpdate_Click() {
@@ -70,10 +85,9 @@ void frmDbUpdate::cmdUpdate_Click() {
     State.optIdeals = Form->optIdeals->isChecked();
     State.opt3dim = Form->opt3dim->isChecked();
     const WaitCursor wait;
-    StatusPanel->setText(QStringLiteral("Updating the database ..."));
-    StatusPanel->repaint();
-    ClickUpdate(State);
-    StatusPanel->clear();
+    UpdateView view;
+    view.ShowStatus = [this](const std::string& text) { ShowStatus(text); };
+    ClickUpdate(State, view);
 }
 
 }  // namespace Dorvane

@@ -31,6 +31,7 @@ class frmDbUpdate : public Screen {
     void trvDirectory_NodeClick(const std::string& key);
     void cmdBrowse_Click();
     void cmdUpdate_Click();
+    void ShowStatus(const std::string& text);
     void LeaveTo(const char* event, const std::function<void()>& where);
 
     Navigator& Nav;

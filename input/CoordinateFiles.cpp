@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "core/Globals.h"
+#include "core/LineReader.h"
 #include "core/ReportError.h"
 #include "core/Text.h"
 #include "core/basGeneral.h"
@@ -64,6 +65,21 @@ std::int16_t ReadRecords(Guard& guard, List1<Record>& records, const std::string
         }
     }
     return count;
+}
+
+// False for a line of the wrong length.
+bool TakeDbsPoint(Dbs3DPoint& point, const List1<std::string>& words) {
+    if (words.Count() != 11)
+        return false;
+    point.Name = words[1];
+    point.X = LeadingNumber(words[5]);
+    point.Y = LeadingNumber(words[6]);
+    point.Z = LeadingNumber(words[7]);
+    point.ErrorAngle = LeadingNumber(words[8]);
+    point.ErrorMajor = LeadingNumber(words[9]);
+    point.ErrorMinor = LeadingNumber(words[10]);
+    point.SZ = LeadingNumber(words[11]);
+    return true;
 }
 
 // Reads the second line. False when it is no bias line.
@@ -149,22 +165,27 @@ std::int16_t ReadDbs3DFile(List1<Dbs3DPoint>& points, const std::string& folder,
         header1 = header[1];
         header2 = header[2];
         header3 = header[3];
-        result =
-            ReadRecords<Dbs3DPoint>(guard, points, folder, file, 1, [](Dbs3DPoint& point, const auto& words) {
-                if (words.Count() != 11)
-                    return false;
-                point.Name = words[1];
-                point.X = LeadingNumber(words[5]);
-                point.Y = LeadingNumber(words[6]);
-                point.Z = LeadingNumber(words[7]);
-                point.ErrorAngle = LeadingNumber(words[8]);
-                point.ErrorMajor = LeadingNumber(words[9]);
-                point.ErrorMinor = LeadingNumber(words[10]);
-                point.SZ = LeadingNumber(words[11]);
-                return true;
-            });
+        result = ReadRecords<Dbs3DPoint>(guard, points, folder, file, 1, TakeDbsPoint);
     });
     return result;
+}
+
+std::optional<Dbs3DFile> PeekDbs3DFile(const std::string& path) {
+    if (!FileExists(path))
+        return std::nullopt;
+    LineReader lines(path);
+    List1<std::string> words;
+    if (lines.AtEnd() || ParseFields(words, lines.ReadLine()) != 3)
+        return std::nullopt;
+    Dbs3DFile file{words[1], words[2], words[3], {}};
+    while (!lines.AtEnd()) {
+        ParseFields(words, lines.ReadLine());
+        Dbs3DPoint point;
+        if (!TakeDbsPoint(point, words))
+            return std::nullopt;
+        file.Points.Add(point);
+    }
+    return file;
 }
 
 }  // namespace Dorvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "input/ObservationModel.h"
@@ -46,5 +47,17 @@ struct Dbs3DPoint {
 /// number of points. Reports as "basRead-ReadDbs3DFile".
 std::int16_t ReadDbs3DFile(List1<Dbs3DPoint>& points, const std::string& folder, const std::string& file,
                            std::string& header1, std::string& header2, std::string& header3);
+
+/// What a *.DBS file holds.
+struct Dbs3DFile {
+    std::string Date;
+    std::string Project;
+    std::string Task;
+    List1<Dbs3DPoint> Points;
+};
+
+/// Reads a *.DBS file without a word to the operator, for a look at it before it is used. Nothing for a file
+/// that ReadDbs3DFile tells to be missing or malformed. Raises what reading raises.
+std::optional<Dbs3DFile> PeekDbs3DFile(const std::string& path);
 
 }  // namespace Dorvane

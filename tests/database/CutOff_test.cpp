@@ -118,13 +118,13 @@ TEST_F(CutOffUpdate, ReplacesDataThenIndexThenList) {
 }
 
 TEST_F(CutOffUpdate, LeavesASoundDatabaseAtEveryByteOfEveryWrite) {
-    // Data, index and list are written out beside their places, then put there one after the other; then the
-    // same with the reference file.
+    // Data, index, list and reference are written out beside their places, then put there one after the
+    // other.
     const auto writtenOut = [&](std::size_t file) {
         for (std::size_t length = 0; length <= After[file].size(); ++length) {
             Put(UpdatedFiles[file] + ".dv~", After[file].substr(0, length));
             const bool updated = ExpectSound();
-            ASSERT_EQ(updated, file == 3);
+            ASSERT_FALSE(updated);
             ASSERT_FALSE(HasFailure()) << UpdatedFiles[file] << " cut at " << length;
         }
     };
@@ -134,12 +134,10 @@ TEST_F(CutOffUpdate, LeavesASoundDatabaseAtEveryByteOfEveryWrite) {
         EXPECT_TRUE(ExpectSound());
         ASSERT_FALSE(HasFailure()) << UpdatedFiles[file] << " in place";
     };
-    for (std::size_t file = 0; file < 3; ++file)
+    for (std::size_t file = 0; file < UpdatedFiles.size(); ++file)
         writtenOut(file);
-    for (std::size_t file = 0; file < 3; ++file)
+    for (std::size_t file = 0; file < UpdatedFiles.size(); ++file)
         putInPlace(file);
-    writtenOut(3);
-    putInPlace(3);
 }
 
 TEST_F(CutOffUpdate, IsHealedByTheNextUpdateWhereverItWasCut) {

@@ -9,18 +9,12 @@
 
 #include "core/basGeneral.h"
 #include "tests/database/DatabaseScreenSite.h"
+#include "tests/database/UpdateSite.h"
 
 namespace Dorvane::Testing {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-const std::string UpdateFile = "C:\\TARVEX\\TEMP\\DAM.DBS";
-const char* const Header = "11-20-26  SRV12     NET1";
-
-std::string PointLine(const std::string& name, const std::string& x = "100.00000") {
-    return name + " 0.0 0.0 0.0 " + x + " 200.00000 50.00000 12.3 0.00123 0.00045 0.00067";
-}
 
 class frmDbUpdateTest : public DatabaseScreenSite<frmDbUpdate> {
   protected:
@@ -33,19 +27,20 @@ class frmDbUpdateTest : public DatabaseScreenSite<frmDbUpdate> {
         Click(screen, "cmdBrowse");
         return screen;
     }
-    void ExpectComplete() {
+    void ExpectComplete(const std::string& status) {
         Desk.ExpectMessage("Update Complete", "Update complete");
         Click(*Opened, "cmdUpdate");
         EXPECT_EQ(Desk.Shown.back().Picture, Icon::Information);
         EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-        EXPECT_EQ(TextOf(*Opened, "sbrUpdatePanel1"), "");
+        EXPECT_EQ(TextOf(*Opened, "sbrUpdatePanel1"), status);
     }
+    void ExpectOverview(Answer answer = Answer::Yes) { Desk.ExpectMessageTitled("Update Overview", answer); }
     void ExpectReported(const std::string& what, Answer answer = Answer::Ok) {
         Desk.ExpectMessageTitled("Program Error", answer);
         Click(*Opened, "cmdUpdate");
         EXPECT_TRUE(Tells(Desk.Shown.back(), what)) << Desk.Shown.back().Text;
         EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-        EXPECT_EQ(TextOf(*Opened, "sbrUpdatePanel1"), "");
+        EXPECT_EQ(TextOf(*Opened, "sbrUpdatePanel1"), "0 points stored");
     }
 };
 
@@ -97,12 +92,13 @@ TEST_F(frmDbUpdateTest, BrowsesForAFileAndKeepsItWhenCancelled) {
 TEST_F(frmDbUpdateTest, BringsThePointsIntoTheDatabaseBehindABackup) {
     Enter("P1", 1);
     const std::string former = FileContent(North + "3DIM.DAT");
-    PutLines(UpdateFile, {Header, PointLine("P1"), PointLine("P2", "-1.5")});
+    PutLines(UpdateFile, {UpdateHeader, PointLine("P1"), PointLine("P2", "-1.5")});
     Chosen();
-    std::string status;
-    Desk.OnMessage = [&] { status = TextOf(*Opened, "sbrUpdatePanel1"); };
-    ExpectComplete();
-    EXPECT_EQ(status, "Updating the database ...");
+    Texts status;
+    Desk.OnMessage = [&] { status.push_back(TextOf(*Opened, "sbrUpdatePanel1")); };
+    ExpectOverview();
+    ExpectComplete("2 points stored in NORTH, backup kept");
+    EXPECT_EQ(status, (Texts{"Comparing with the database ...", "2 points stored in NORTH, backup kept"}));
     EXPECT_EQ(XOf("P1"), 100);
     EXPECT_EQ(XOf("P2"), -1.5);
     EXPECT_EQ(FileContent(North + "Backup 3DIM.DAT"), former);
@@ -124,7 +120,7 @@ TEST_F(frmDbUpdateTest, AsksFirstForADataTypeThenForTheFileThenForTheLocation) {
     Click(screen, "cmdBrowse");
     Desk.ExpectMessage("File Name Invalid", "Update file name D:\\GONE.DBS does not exist.");
     Click(screen, "cmdUpdate");
-    PutLines(UpdateFile, {Header, PointLine("P1")});
+    PutLines(UpdateFile, {UpdateHeader, PointLine("P1")});
     Desk.ExpectFile("", UpdateFile);
     Click(screen, "cmdBrowse");
     for (const char* node : {"", "DATABASE\\", "DAM"}) {
@@ -146,44 +142,79 @@ TEST_F(frmDbUpdateTest, ReportsTheFileOfABadLocationWithAMissingFile) {
 
 TEST_F(frmDbUpdateTest, SaysCompleteAndChangesNothingForTheOtherTypes) {
     // Only three-dimensional data is updated; what is said of the others is meant to be so.
-    PutLines(UpdateFile, {Header, PointLine("P1")});
+    PutLines(UpdateFile, {UpdateHeader, PointLine("P1")});
     const auto before = Picture(North);
     Chosen("optBenchmark");
-    ExpectComplete();
+    ExpectComplete("0 points stored");
     ClickOptions({"optMonument"});
-    ExpectComplete();
+    ExpectComplete("0 points stored");
     ClickOptions({"optIdeals"});
-    ExpectComplete();
+    ExpectComplete("0 points stored");
     EXPECT_EQ(Picture(North), before);
 }
 
 TEST_F(frmDbUpdateTest, MakesTheBackupAlsoForAFileWithoutPoints) {
-    PutLines(UpdateFile, {Header});
+    PutLines(UpdateFile, {UpdateHeader});
     const std::string former = FileContent(North + "3DIM.DAT");
     Chosen();
-    ExpectComplete();
+    ExpectComplete("0 points stored in NORTH, backup kept");
     EXPECT_EQ(FileContent(North + "3DIM.DAT"), former);
     EXPECT_EQ(FileContent(North + "Backup 3DIM.DAT"), former);
 }
 
 TEST_F(frmDbUpdateTest, KeepsOnlyTheStateBeforeTheLatestUpdate) {
-    PutLines(UpdateFile, {Header, PointLine("P1")});
+    PutLines(UpdateFile, {UpdateHeader, PointLine("P1")});
     Chosen();
-    ExpectComplete();
+    ExpectOverview();
+    ExpectComplete("1 point stored in NORTH, backup kept");
     const std::string afterFirst = FileContent(North + "3DIM.DAT");
-    ExpectComplete();
+    Desk.ExpectMessageTitled("Update Stored Already", Answer::Yes);
+    ExpectComplete("1 point stored in NORTH, backup kept");
     EXPECT_EQ(FileContent(North + "Backup 3DIM.DAT"), afterFirst);
 }
 
+TEST_F(frmDbUpdateTest, TellsNothingOfAFormerChoiceInTheStatusBar) {
+    PutLines(UpdateFile, {UpdateHeader, PointLine("P1")});
+    frmDbUpdate& screen = Chosen();
+    const auto status = [&] { return TextOf(screen, "sbrUpdatePanel1"); };
+    const auto update = [&] {
+        ClickNode("NORTH");
+        ClickOptions({"optIdeals"});
+        ExpectComplete("0 points stored");
+    };
+    update();
+    ClickNode("NORTH");
+    EXPECT_EQ(status(), "0 points stored");
+    ClickNode("SOUTH");
+    EXPECT_EQ(status(), "");
+    update();
+    ClickOptions({"opt3dim"});
+    EXPECT_EQ(status(), "");
+    update();
+    Desk.ExpectFile("", std::nullopt);
+    Click(screen, "cmdBrowse");
+    EXPECT_EQ(status(), "0 points stored");
+    Desk.ExpectFile("", "D:\\GONE.DBS");
+    Click(screen, "cmdBrowse");
+    EXPECT_EQ(status(), "");
+    Desk.ExpectFile("", UpdateFile);
+    Click(screen, "cmdBrowse");
+    update();
+    Drives::DeleteFile(UpdateFile);
+    Desk.ExpectMessageTitled("File Name Invalid");
+    Click(screen, "cmdUpdate");
+    EXPECT_EQ(status(), "");
+}
+
 TEST_F(frmDbUpdateTest, ReportsALocationWithoutADatabase) {
-    PutLines(UpdateFile, {Header, PointLine("P1")});
+    PutLines(UpdateFile, {UpdateHeader, PointLine("P1")});
     Chosen();
     ClickNode("SOUTH");
     ExpectReported("-basDatabase-MakeCoordBackups", Answer::Cancel);
 }
 
 TEST_F(frmDbUpdateTest, ReportsADamagedDatabaseAndLeavesIt) {
-    PutLines(UpdateFile, {Header, PointLine("P1")});
+    PutLines(UpdateFile, {UpdateHeader, PointLine("P1")});
     PutFile(North + "3DIM.IDX", " 16      1   0\r\nP1           9\r\n");
     const std::string before = FileContent(North + "3DIM.DAT");
     Chosen();
@@ -191,12 +222,12 @@ TEST_F(frmDbUpdateTest, ReportsADamagedDatabaseAndLeavesIt) {
     EXPECT_EQ(FileContent(North + "3DIM.DAT"), before);
 }
 
-TEST_F(frmDbUpdateTest, KeepsThePointsBeforeARefusedOneAndDoesNotSayComplete) {
-    PutLines(UpdateFile, {Header, PointLine("P1"), PointLine("LONGNAME9"), PointLine("P3")});
+TEST_F(frmDbUpdateTest, StoresNothingOfAFileWithARefusedPointAndDoesNotSayComplete) {
+    PutLines(UpdateFile, {UpdateHeader, PointLine("P1"), PointLine("LONGNAME9"), PointLine("P3")});
+    const auto before = Picture(North);
     Chosen();
     ExpectReported("Error : 1103");
-    EXPECT_EQ(XOf("P1"), 100);
-    EXPECT_TRUE(Named({"P3"}).empty());
+    EXPECT_EQ(Picture(North), before);
 }
 
 TEST_F(frmDbUpdateTest, TellsABinaryFile) {
@@ -204,17 +235,18 @@ TEST_F(frmDbUpdateTest, TellsABinaryFile) {
     const std::string before = FileContent(North + "3DIM.DAT");
     Chosen();
     Desk.ExpectMessageTitled("Header Error");
-    ExpectComplete();
+    ExpectComplete("0 points stored in NORTH, backup kept");
     EXPECT_EQ(FileContent(North + "3DIM.DAT"), before);
 }
 
 TEST_F(frmDbUpdateTest, ReportsAFullDiskAndLeavesTheDatabase) {
-    PutLines(UpdateFile, {Header, PointLine("P1")});
+    PutLines(UpdateFile, {UpdateHeader, PointLine("P1")});
     OnSmallDisk(North, 128, [&] {
         Painted = false;
         WriteCoordNew(North, "NORTH");
         Chosen();
         FillDisk(North);
+        ExpectOverview();
         ExpectReported("Error : 61", Answer::No);
         EXPECT_TRUE(Named({"P1"}).empty());
         Close();
@@ -222,11 +254,12 @@ TEST_F(frmDbUpdateTest, ReportsAFullDiskAndLeavesTheDatabase) {
 }
 
 TEST_F(frmDbUpdateTest, ReportsAFolderWithoutPermission) {
-    PutLines(UpdateFile, {Header, PointLine("P1")});
+    PutLines(UpdateFile, {UpdateHeader, PointLine("P1")});
     const auto before = Picture(North);
     AsNobody([&] {
         Painted = false;
         Chosen();
+        ExpectOverview();
         ExpectReported("-basDatabase-MakeCoordBackups", Answer::Cancel);
         Close();
     });

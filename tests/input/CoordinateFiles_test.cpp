@@ -143,7 +143,7 @@ TEST_F(GenFile, SurvivesAMillionCharactersAndBinaryContent) {
     EXPECT_EQ(ReadGenFile(Points, Folder, "A.TXT"), 0);
 }
 
-class Dbs3DFile : public InputSite {
+class ReadingDbs3DFile : public InputSite {
   protected:
     std::int16_t Read(const std::vector<std::string>& lines) {
         PutLines(Folder + "A.DBS", lines);
@@ -156,7 +156,7 @@ class Dbs3DFile : public InputSite {
     std::string Task = "t";
 };
 
-TEST_F(Dbs3DFile, HandsBackItsHeaderAndItsPoints) {
+TEST_F(ReadingDbs3DFile, HandsBackItsHeaderAndItsPoints) {
     ASSERT_EQ(
         Read(
             {"11-20-26  North     srv12",
@@ -169,12 +169,12 @@ TEST_F(Dbs3DFile, HandsBackItsHeaderAndItsPoints) {
     EXPECT_EQ(Points[1], (Dbs3DPoint{"P1", 1.5, 2.5, 3.5, 45.1, 0.001, 0.0005, 0.0002}));
 }
 
-TEST_F(Dbs3DFile, AHeaderWithoutPointsGivesNoneAndSaysNothing) {
+TEST_F(ReadingDbs3DFile, AHeaderWithoutPointsGivesNoneAndSaysNothing) {
     EXPECT_EQ(Read({"11-20-26 NORTH SRV12"}), 0);
     EXPECT_EQ(Task, "SRV12");
 }
 
-TEST_F(Dbs3DFile, AHeaderOfOtherThanThreeWordsIsTold) {
+TEST_F(ReadingDbs3DFile, AHeaderOfOtherThanThreeWordsIsTold) {
     for (const char* header : {"11-20-26 NORTH", "11-20-26 NORTH BANK SRV12"}) {
         Desktop.ExpectMessage("Header Error",
                               "File A.DBS does not contain the proper header info!  Can not read");
@@ -184,21 +184,47 @@ TEST_F(Dbs3DFile, AHeaderOfOtherThanThreeWordsIsTold) {
     EXPECT_EQ(Project, "p");
 }
 
-TEST_F(Dbs3DFile, ALineOfOtherThanElevenWordsIsTold) {
+TEST_F(ReadingDbs3DFile, ALineOfOtherThanElevenWordsIsTold) {
     Desktop.ExpectMessage("Problem Reading File", "Problem reading from A.DBS!");
     EXPECT_EQ(Read({"11-20-26 NORTH SRV12", "P 0 0 0 1 2 3 4 5 6 7", "Q 0 0 0 1 2 3 4 5 6"}), 0);
 }
 
-TEST_F(Dbs3DFile, AMissingFileIsTold) {
+TEST_F(ReadingDbs3DFile, AMissingFileIsTold) {
     Desktop.ExpectMessage("File Not Found",
                           "File NONE.DBS does not exist in the choosen path!  Can not read");
     EXPECT_EQ(ReadDbs3DFile(Points, Folder, "NONE.DBS", Date, Project, Task), 0);
 }
 
-TEST_F(Dbs3DFile, AnEmptyFileIsReadPastItsEnd) {
+TEST_F(ReadingDbs3DFile, AnEmptyFileIsReadPastItsEnd) {
     Desktop.ExpectMessageTitled("Program Error", Answer::Cancel);
     EXPECT_EQ(Read({}), 0);
     EXPECT_EQ(LastReport(), "62 Dorvane-basRead-ReadDbs3DFile");
+}
+
+TEST_F(ReadingDbs3DFile, PeekingGivesTheSameAndSaysNothing) {
+    ASSERT_EQ(Read({"11-20-26 North srv12", "p1 0 0 0 1.5 2.5 3.5 45.1 .001 .0005 .0002",
+                    "P2 0 0 0 1 2 3 4 5 6 7"}),
+              2);
+    const std::optional<Dbs3DFile> peeked = PeekDbs3DFile(Folder + "A.DBS");
+    ASSERT_TRUE(peeked);
+    EXPECT_EQ(peeked->Date, Date);
+    EXPECT_EQ(peeked->Project, Project);
+    EXPECT_EQ(peeked->Task, Task);
+    EXPECT_EQ(peeked->Points, Points);
+}
+
+TEST_F(ReadingDbs3DFile, PeekingGivesNothingWhereTheReaderTellsAFault) {
+    const std::string point = "P 0 0 0 1 2 3 4 5 6 7";
+    for (const std::vector<std::string>& lines : {std::vector<std::string>{},
+                                                  {"11-20-26 NORTH", point},
+                                                  {"1 2 3 4", point},
+                                                  {"1 2 3", point, ""},
+                                                  {"1 2 3", "P 0 0 0 1 2 3 4 5 6"},
+                                                  {"1 2 3", point + " 8"}}) {
+        PutLines(Folder + "A.DBS", lines);
+        EXPECT_FALSE(PeekDbs3DFile(Folder + "A.DBS"));
+    }
+    EXPECT_FALSE(PeekDbs3DFile(Folder + "NONE.DBS"));
 }
 
 }  // namespace

@@ -237,6 +237,7 @@ class WholeRoad : public Workstation, public testing::WithParamInterface<int> {
         ChooseOption(update, "opt3dim");
         Person.ExpectFile("", std::string(Project) + "FIRST.DBS");
         Click(update, "cmdBrowse");
+        Person.ExpectMessageTitled("Update Overview", Answer::Yes);
         Person.ExpectMessage("Update Complete", "Update complete");
         Click(update, "cmdUpdate");
         Click(update, "cmdGoBack");
