@@ -28,6 +28,32 @@ void ReadStructure(SystemEdit& system) {
         system.Problem = ParseStructure(system.File.Content, DataGroups, system.Structure);
     else
         system.Structure = NewStructure(system.Name, system.Description, DataGroups);
+    system.Former = system.Structure;
+}
+
+// Why a system in the list has no structure file of its own to be read; empty when it has.
+std::string NameProblem(const std::vector<SystemEdit>& systems, std::size_t place) {
+    const std::string& name = systems[place].Name;
+    std::string problem = CodeProblem(name);
+    if (problem.empty())
+        problem = SystemFault(name, false);
+    for (std::size_t i = 0; i < place && problem.empty(); ++i)
+        if (systems[i].Name == name)
+            problem = "stands there twice";
+    return problem.empty() ? "" : "The system " + problem + ".";
+}
+
+void OpenStructure(ChoiceEdit& choices, std::size_t place) {
+    SystemEdit& system = choices.Systems[place];
+    const std::string path = choices.Folder + system.Name + ".STR";
+    system.Problem = NameProblem(choices.Systems, place);
+    if (!system.Problem.empty()) {
+        system.File.Path = path;
+        return;
+    }
+    system.File = OpenEditedFile(path);
+    if (system.IsData())
+        ReadStructure(system);
 }
 
 // A description that was changed is that of both files; one that was not is left as each has it.
@@ -81,11 +107,10 @@ ChoiceEdit OpenChoices(const std::string& folder) {
     choices.Folder = folder;
     choices.File = OpenEditedFile(folder + "CHOICES.SYS");
     choices.Problem = ParseChoices(choices.File.Content, choices.Systems);
-    for (SystemEdit& system : choices.Systems) {
-        system.File = OpenEditedFile(folder + system.Name + ".STR");
-        if (system.IsData())
-            ReadStructure(system);
-    }
+    for (std::size_t i = 0; i < choices.Systems.size(); ++i)
+        OpenStructure(choices, i);
+    choices.Former = choices.Systems;
+    choices.Known = ReadKnownNames();
     return choices;
 }
 
@@ -95,29 +120,6 @@ void SetDataSystem(SystemEdit& system, bool data) {
     system.Kind = data ? "1" : "0";
     if (data)
         ReadStructure(system);
-}
-
-std::vector<std::string> ChoiceProblems(const ChoiceEdit& choices) {
-    if (!choices.Problem.empty())
-        return {"CHOICES.SYS: " + choices.Problem};
-    std::vector<CodeEntry> systems;
-    for (const SystemEdit& system : choices.Systems)
-        systems.push_back({system.Name, system.Description});
-    std::vector<std::string> problems = GroupProblems("Systems", systems);
-    static constexpr const char* titles[] = {"Locations", "Data types", "Epochs"};
-    for (const SystemEdit& system : choices.Systems) {
-        if (!system.IsData() || !system.Problem.empty())
-            continue;
-        for (std::size_t i = 0; i < DataGroups; ++i)
-            for (const std::string& problem :
-                 GroupProblems(system.Name + ", " + titles[i], system.Structure.Groups[i]))
-                problems.push_back(problem);
-        // The folder ADJUST of each location stands beside its data types.
-        for (const CodeEntry& type : system.Structure.Groups[1])
-            if (type.Code == "ADJUST")
-                problems.push_back(system.Name + ", Data types: ADJUST is the folder of the projects.");
-    }
-    return problems;
 }
 
 std::string SaveChoices(ChoiceEdit& choices) {
@@ -139,9 +141,11 @@ std::string SaveChoices(ChoiceEdit& choices) {
     for (std::size_t i = 0; i < files.size(); ++i) {
         SystemEdit& system = choices.Systems[i];
         system.Structure = StructureToWrite(system);
+        system.Former = system.Structure;
         system.File = files[i];
         system.FormerDescription = system.Description;
     }
+    choices.Former = choices.Systems;
     return "";
 }
 

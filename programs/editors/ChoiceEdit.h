@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "programs/editors/EditedFile.h"
+#include "programs/editors/StructureRules.h"
 #include "programs/editors/StructureText.h"
 
 // CHOICES.SYS and the structure files of the data systems in it. A file of which a part is not understood is
@@ -19,7 +20,8 @@ struct SystemEdit {
     std::string Kind = "1";  // column 10 as it stands; "1" is a data system
     std::string Description;
     StructureText Structure = NewStructure("", "", DataGroups);
-    EditedFile File;      // <name>.STR
+    StructureText Former = NewStructure("", "", DataGroups);  // as it was read
+    EditedFile File;                                          // <name>.STR
     std::string Problem;  // what of it is not understood; it is not written then
     std::string FormerDescription;
 
@@ -32,6 +34,8 @@ struct ChoiceEdit {
     EditedFile File;     // CHOICES.SYS
     std::string Problem;
     std::vector<SystemEdit> Systems;
+    std::vector<SystemEdit> Former;  // as they were read
+    KnownNames Known;
 };
 
 /// Reads the files of a folder, which ends in a backslash. Raises what reading raises.
@@ -44,9 +48,6 @@ void SetDataSystem(SystemEdit& system, bool data);
 /// Takes CHOICES.SYS apart into names, kinds and descriptions; the result as that of ParseStructure.
 std::string ParseChoices(const std::string& content, std::vector<SystemEdit>& systems);
 std::string FormatChoices(const std::vector<SystemEdit>& systems);
-
-/// What forbids saving, each in a sentence; empty when nothing does.
-std::vector<std::string> ChoiceProblems(const ChoiceEdit& choices);
 
 /// Writes what has changed, the structures before CHOICES.SYS, so that a listed system always has one. A
 /// system that was taken out of the list keeps its structure file. The result as that of SaveEditedFiles.

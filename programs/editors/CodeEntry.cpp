@@ -17,11 +17,42 @@ constexpr std::string_view NotInNames = "\"*+,./:;<=>?[\\]| \t";
 
 // Names that stand for devices and never for folders.
 bool IsDevice(const std::string& code) {
-    static constexpr std::array<std::string_view, 4> names{"CON", "PRN", "AUX", "NUL"};
+    static constexpr std::array<std::string_view, 7> names{"CON",    "PRN",    "AUX",    "NUL",
+                                                           "CLOCK$", "CONIN$", "CONOUT$"};
     if (std::find(names.begin(), names.end(), code) != names.end())
         return true;
     return code.size() == 4 && (code.starts_with("COM") || code.starts_with("LPT")) && code[3] >= '1' &&
            code[3] <= '9';
+}
+
+std::ptrdiff_t CountCode(const std::vector<CodeEntry>& entries, const std::string& code) {
+    return std::count_if(entries.begin(), entries.end(),
+                         [&](const CodeEntry& entry) { return entry.Code == code; });
+}
+
+std::string CodeFault(const std::vector<CodeEntry>& entries, const std::string& code, const CodeRule& rule) {
+    std::string fault = CodeProblem(code);
+    if (fault.empty() && CountCode(entries, code) > 1)
+        fault = "stands there twice";
+    if (fault.empty() && rule)
+        fault = rule(code);
+    return fault;
+}
+
+bool SameCode(const CodeEntry& one, const CodeEntry& other) {
+    return one.Code == other.Code;
+}
+
+bool SameEntry(const CodeEntry& one, const CodeEntry& other) {
+    return one == other;
+}
+
+// True when more entries up to the given one are like it than there were before.
+bool IsNew(const std::vector<CodeEntry>& entries, const std::vector<CodeEntry>& former, std::size_t place,
+           bool (*same)(const CodeEntry&, const CodeEntry&)) {
+    const auto isLike = [&](const CodeEntry& other) { return same(entries[place], other); };
+    const auto end = entries.begin() + static_cast<std::ptrdiff_t>(place) + 1;
+    return std::count_if(entries.begin(), end, isLike) > std::count_if(former.begin(), former.end(), isLike);
 }
 
 }  // namespace
@@ -46,6 +77,8 @@ std::string CodeProblem(const std::string& code) {
 }
 
 std::string DescriptionProblem(const std::string& description) {
+    if (description.empty())
+        return "has no description, so the tree would show it without a caption";
     if (description.size() > LongestDescription)
         return "has a description of more than 20 characters";
     if (HasControlCharacter(description) || description.find('\t') != std::string::npos)
@@ -53,24 +86,44 @@ std::string DescriptionProblem(const std::string& description) {
     return "";
 }
 
-std::vector<std::string> GroupProblems(const std::string& group, const std::vector<CodeEntry>& entries) {
+std::vector<std::string> EntryFaults(const std::vector<CodeEntry>& entries, const CodeRule& rule) {
+    std::vector<std::string> faults;
+    for (const CodeEntry& entry : entries) {
+        const std::string fault = CodeFault(entries, entry.Code, rule);
+        faults.push_back(fault.empty() ? DescriptionProblem(entry.Description) : fault);
+    }
+    return faults;
+}
+
+std::string NoteOf(const CodeEntry& entry, const std::string& fault) {
+    return (entry.Code.empty() ? "The line" : entry.Code) + " " + fault + ".";
+}
+
+std::vector<std::string> GroupProblems(const std::string& group, const std::vector<CodeEntry>& entries,
+                                       const std::vector<CodeEntry>& former, const CodeRule& rule) {
     std::vector<std::string> problems;
     if (entries.size() > StructureRecord::Room)
         problems.push_back(group + ": there are more than 16 entries.");
     for (std::size_t i = 0; i < entries.size(); ++i) {
         const CodeEntry& entry = entries[i];
-        const std::string name = entry.Code.empty() ? "Line " + std::to_string(i + 1) : entry.Code;
-        std::string problem = CodeProblem(entry.Code);
-        if (problem.empty())
+        std::string problem = IsNew(entries, former, i, SameCode) ? CodeFault(entries, entry.Code, rule) : "";
+        if (problem.empty() && IsNew(entries, former, i, SameEntry))
             problem = DescriptionProblem(entry.Description);
-        const auto twin = std::find_if(entries.begin(), entries.begin() + static_cast<std::ptrdiff_t>(i),
-                                       [&](const CodeEntry& other) { return other.Code == entry.Code; });
-        if (problem.empty() && twin != entries.begin() + static_cast<std::ptrdiff_t>(i))
-            problem = "stands there twice";
+        const std::string name = entry.Code.empty() ? "Line " + std::to_string(i + 1) : entry.Code;
         if (!problem.empty())
             problems.push_back(group + ": " + name + " " + problem + ".");
     }
     return problems;
+}
+
+std::vector<std::string> RemovedCodes(const std::vector<CodeEntry>& entries,
+                                      const std::vector<CodeEntry>& former) {
+    std::vector<std::string> removed;
+    for (const CodeEntry& entry : former)
+        if (!entry.Code.empty() && CountCode(entries, entry.Code) == 0 &&
+            std::find(removed.begin(), removed.end(), entry.Code) == removed.end())
+            removed.push_back(entry.Code);
+    return removed;
 }
 
 }  // namespace Dorvane

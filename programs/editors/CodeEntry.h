@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,13 +21,27 @@ struct CodeEntry {
 };
 
 /// What is wrong with a name as the name of a folder of at most 8 characters, upper case, or with a
-/// description; empty when nothing is.
+/// description, which is the caption in the tree; empty when nothing is.
 std::string CodeProblem(const std::string& code);
 std::string DescriptionProblem(const std::string& description);
 
-/// What is wrong with the entries of a group, the first fault of each, each in a sentence of its own that
-/// begins with the name of the group. A group holds at most 16 entries and each name once.
-std::vector<std::string> GroupProblems(const std::string& group, const std::vector<CodeEntry>& entries);
+/// A further rule for the names of a group, which says in the same way what is wrong with a name.
+using CodeRule = std::function<std::string(const std::string& code)>;
+
+/// What is wrong with each entry of a group, its first fault; empty for one without.
+std::vector<std::string> EntryFaults(const std::vector<CodeEntry>& entries, const CodeRule& rule);
+
+/// A fault or a doubt as a sentence of its own, which begins with the name of the entry.
+std::string NoteOf(const CodeEntry& entry, const std::string& fault);
+
+/// What forbids writing the entries of a group: more than 16 of them, and the faults of names and
+/// descriptions that were not in the group before. Each is a sentence that begins with the name of the group.
+std::vector<std::string> GroupProblems(const std::string& group, const std::vector<CodeEntry>& entries,
+                                       const std::vector<CodeEntry>& former = {}, const CodeRule& rule = {});
+
+/// The names that were in a group before and are no more.
+std::vector<std::string> RemovedCodes(const std::vector<CodeEntry>& entries,
+                                      const std::vector<CodeEntry>& former);
 
 /// True when a line has a character that no text has: anything below the blank but the tab.
 bool HasControlCharacter(std::string_view line);

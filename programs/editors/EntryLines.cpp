@@ -6,10 +6,12 @@
 
 namespace Dorvane {
 
-void SetUpEntries(EntryTable& table) {
-    table.SetUp(
-        {{EntryTable::tr("Name"), LongestCode, true}, {EntryTable::tr("Description"), LongestDescription}},
-        StructureRecord::Room);
+void SetUpEntries(EntryTable& table, const std::vector<std::string>& names) {
+    EntryColumn name{.Title = EntryTable::tr("Name"), .Longest = LongestCode, .UpperCase = true};
+    if (!names.empty())
+        name.Choices = [names](const std::vector<std::string>&) { return names; };
+    table.SetUp({name, {.Title = EntryTable::tr("Description"), .Longest = LongestDescription}},
+                StructureRecord::Room);
 }
 
 void ShowEntries(EntryTable& table, const std::vector<CodeEntry>& entries) {
@@ -22,8 +24,19 @@ void ShowEntries(EntryTable& table, const std::vector<CodeEntry>& entries) {
 std::vector<CodeEntry> EntriesOf(const EntryTable& table) {
     std::vector<CodeEntry> entries;
     for (const EntryTable::Line& line : table.Lines())
-        entries.push_back({line.Texts[0], line.Texts[1]});
+        if (!table.IsBlank(line))
+            entries.push_back({line.Texts[0], line.Texts[1]});
     return entries;
+}
+
+void MarkEntries(EntryTable& table, const std::vector<std::string>& notes) {
+    std::map<int, std::string> marks;
+    std::size_t place = 0;
+    for (const EntryTable::Line& line : table.Lines())
+        if (!table.IsBlank(line) && place < notes.size())
+            if (const std::string& note = notes[place++]; !note.empty())
+                marks[line.Id] = note;
+    table.ShowMarks(marks);
 }
 
 void TellProblems(const std::string& title, const std::vector<std::string>& problems) {

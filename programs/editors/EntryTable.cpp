@@ -3,16 +3,14 @@
 
 #include <QBoxLayout>
 #include <QHeaderView>
-#include <QLineEdit>
+#include <QLabel>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QShortcut>
-#include <QStyledItemDelegate>
-#include <QTableWidget>
+#include <QStyle>
 #include <algorithm>
 #include <utility>
 
-#include "core/Text.h"
 #include "core/widgets/ScreenText.h"
 
 namespace Dorvane {
@@ -21,37 +19,12 @@ namespace {
 
 constexpr int IdRole = Qt::UserRole;
 
-// A field that takes no more than a column holds.
-class FieldDelegate : public QStyledItemDelegate {
-  public:
-    FieldDelegate(const EntryColumn& column, QObject* parent) : QStyledItemDelegate(parent), Column(column) {}
-
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
-                          const QModelIndex& /*index*/) const override {
-        auto* edit = new QLineEdit(parent);
-        edit->setFrame(false);
-        if (Column.Longest > 0)
-            edit->setMaxLength(Column.Longest);
-        return edit;
-    }
-
-    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override {
-        std::string text = Trim(FromScreen(static_cast<QLineEdit*>(editor)->text()));
-        if (Column.UpperCase)
-            text = UpperCase(text);
-        if (ToScreen(text) != index.data().toString())
-            model->setData(index, ToScreen(text));
-    }
-
-  private:
-    EntryColumn Column;
-};
-
 }  // namespace
 
 EntryTable::EntryTable(QWidget* parent)
     : QWidget(parent),
-      Grid(new QTableWidget(this)),
+      Grid(new EntryGrid(this)),
+      MarkText(new QLabel(this)),
       AddButton(new QPushButton(tr("Add"), this)),
       RemoveButton(new QPushButton(tr("Remove"), this)),
       UpButton(new QPushButton(tr("Up"), this)),
@@ -65,6 +38,7 @@ EntryTable::EntryTable(QWidget* parent)
     auto* outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);
     outer->addWidget(Grid);
+    outer->addWidget(MarkText);
     outer->addLayout(buttons);
     AddButton->setObjectName(QStringLiteral("cmdAdd"));
     AddButton->setToolTip(tr("Add a line behind the chosen one (Ins)"));
@@ -74,11 +48,11 @@ EntryTable::EntryTable(QWidget* parent)
     UpButton->setToolTip(tr("Move the chosen line up (Ctrl+Up)"));
     DownButton->setObjectName(QStringLiteral("cmdDown"));
     DownButton->setToolTip(tr("Move the chosen line down (Ctrl+Down)"));
+    MarkText->setObjectName(QStringLiteral("lblMark"));
+    MarkText->setTextFormat(Qt::PlainText);
+    MarkText->setWordWrap(true);
+    MarkText->hide();
     Grid->setObjectName(QStringLiteral("grdEntries"));
-    Grid->setSelectionBehavior(QAbstractItemView::SelectRows);
-    Grid->setSelectionMode(QAbstractItemView::SingleSelection);
-    Grid->setTabKeyNavigation(false);
-    Grid->setWordWrap(false);
     Grid->setMinimumHeight(fontMetrics().lineSpacing() * 10);
     setFocusProxy(Grid);
     connect(AddButton, &QPushButton::clicked, this, &EntryTable::Add);
@@ -88,13 +62,18 @@ EntryTable::EntryTable(QWidget* parent)
     ConnectKeys();
     connect(Grid, &QTableWidget::currentCellChanged, this, [this](int row, int, int former, int) {
         ShowButtons();
+        ShowMark();
         if (!Quiet && row != former)
             emit LineChosen();
     });
-    connect(Grid, &QTableWidget::itemChanged, this, [this](const QTableWidgetItem* item) {
-        if (!Quiet && Columns[static_cast<std::size_t>(item->column())].Check)
-            emit Marked();
+    connect(Grid, &QTableWidget::itemChanged, this, [this] {
+        if (!Quiet)
+            emit Edited();
     });
+    Grid->NewLine = [this] {
+        const int row = Grid->rowCount();
+        return row < Most && !IsBlank(LineAt(row - 1)) && AddLine(row) == row;
+    };
 }
 
 void EntryTable::ConnectKeys() {
@@ -113,17 +92,13 @@ void EntryTable::SetUp(const std::vector<EntryColumn>& columns, int most, bool c
     Most = most;
     UpButton->setVisible(canMove);
     DownButton->setVisible(canMove);
-    Grid->setColumnCount(static_cast<int>(columns.size()));
+    Grid->SetColumns(columns);
     QStringList titles;
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        const int column = static_cast<int>(i);
         titles.append(columns[i].Title);
-        if (!columns[i].Check)
-            Grid->setItemDelegateForColumn(column, new FieldDelegate(columns[i], Grid));
-        const int characters = std::max(columns[i].Longest, static_cast<int>(columns[i].Title.size())) +
-                               (columns[i].Check ? 3 : 6);
+        const int characters = std::max(columns[i].Longest, static_cast<int>(columns[i].Title.size())) + 6;
         if (i + 1 < columns.size())  // the last one takes the room that is left
-            Grid->setColumnWidth(column, fontMetrics().averageCharWidth() * characters);
+            Grid->setColumnWidth(static_cast<int>(i), fontMetrics().averageCharWidth() * characters);
     }
     Grid->setHorizontalHeaderLabels(titles);
     Grid->horizontalHeader()->setStretchLastSection(true);
@@ -136,15 +111,9 @@ void EntryTable::Insert(int row, const Line& line) {
     Grid->insertRow(row);
     for (std::size_t i = 0; i < Columns.size(); ++i) {
         auto* item = new QTableWidgetItem;
-        const std::string text = i < line.Texts.size() ? line.Texts[i] : "";
-        if (Columns[i].Check) {
-            item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
-            item->setCheckState(text == "1" ? Qt::Checked : Qt::Unchecked);
-        } else {
-            item->setText(ToScreen(text));
-            if (i == 0 && line.FirstIsFixed)
-                item->setFlags(item->flags() & ~Qt::ItemIsEditable);
-        }
+        item->setText(ToScreen(i < line.Texts.size() ? line.Texts[i] : ""));
+        if (Columns[i].Fixed || (i == 0 && line.FirstIsFixed))
+            item->setFlags(item->flags() & ~Qt::ItemIsEditable);
         if (i == 0)
             item->setData(IdRole, line.Id);
         Grid->setItem(row, static_cast<int>(i), item);
@@ -153,15 +122,10 @@ void EntryTable::Insert(int row, const Line& line) {
 
 EntryTable::Line EntryTable::LineAt(int row) const {
     Line line;
-    for (std::size_t i = 0; i < Columns.size(); ++i) {
-        const QTableWidgetItem* item = Grid->item(row, static_cast<int>(i));
-        if (Columns[i].Check)
-            line.Texts.emplace_back(item->checkState() == Qt::Checked ? "1" : "");
-        else
-            line.Texts.push_back(FromScreen(item->text()));
-    }
+    for (std::size_t i = 0; i < Columns.size(); ++i)
+        line.Texts.push_back(FromScreen(Grid->item(row, static_cast<int>(i))->text()));
     line.Id = Grid->item(row, 0)->data(IdRole).toInt();
-    line.FirstIsFixed = (Grid->item(row, 0)->flags() & Qt::ItemIsEditable) == 0;
+    line.FirstIsFixed = !Columns[0].Fixed && (Grid->item(row, 0)->flags() & Qt::ItemIsEditable) == 0;
     return line;
 }
 
@@ -169,14 +133,17 @@ void EntryTable::SetLines(const std::vector<Line>& lines) {
     {
         const QScopedValueRollback<bool> quiet(Quiet, true);
         Grid->setRowCount(0);
+        Marks.clear();
         for (const Line& line : lines) {
             Insert(Grid->rowCount(), line);
             LastId = std::max(LastId, line.Id);
         }
+        LastGiven = LastId;
         if (!lines.empty())
             Grid->setCurrentCell(0, 0);
     }
     ShowButtons();
+    ShowMark();
 }
 
 std::vector<EntryTable::Line> EntryTable::Lines() const {
@@ -184,6 +151,43 @@ std::vector<EntryTable::Line> EntryTable::Lines() const {
     for (int row = 0; row < Grid->rowCount(); ++row)
         lines.push_back(LineAt(row));
     return lines;
+}
+
+bool EntryTable::IsBlank(const Line& line) const {
+    if (line.Id <= LastGiven)
+        return false;
+    for (std::size_t i = 0; i < Columns.size(); ++i)
+        if (!Columns[i].Fixed && line.Texts[i] != Columns[i].Default)
+            return false;
+    return true;
+}
+
+void EntryTable::ShowMarks(const std::map<int, std::string>& marks) {
+    const QScopedValueRollback<bool> quiet(Quiet, true);
+    Marks = marks;
+    const QIcon warning = style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this);
+    for (int row = 0; row < Grid->rowCount(); ++row) {
+        const auto mark = Marks.find(LineAt(row).Id);
+        const QString text = mark == Marks.end() ? QString() : ToScreen(mark->second);
+        Grid->item(row, 0)->setIcon(text.isEmpty() ? QIcon() : warning);
+        for (int column = 0; column < Grid->columnCount(); ++column)
+            Grid->item(row, column)->setToolTip(text.toHtmlEscaped());
+    }
+    ShowMark();
+}
+
+// The room of the text stays as long as any line is marked, so that the table does not jump.
+void EntryTable::ShowMark() {
+    const auto mark = Marks.find(ChosenId());
+    MarkText->setText(mark == Marks.end() ? QString() : ToScreen(mark->second));
+    MarkText->setVisible(!Marks.empty());
+}
+
+void EntryTable::SetText(int id, int column, const std::string& text) {
+    const QScopedValueRollback<bool> quiet(Quiet, true);
+    for (int row = 0; row < Grid->rowCount(); ++row)
+        if (LineAt(row).Id == id)
+            Grid->item(row, column)->setText(ToScreen(text));
 }
 
 int EntryTable::ChosenId() const {
@@ -196,25 +200,35 @@ void EntryTable::FinishTyping() {
     Grid->setFocus();
 }
 
-void EntryTable::Add() {
-    FinishTyping();
-    const int row = Grid->currentRow() + 1;
+int EntryTable::AddLine(int row) {
     Line line;
     line.Id = ++LastId;
     for (const EntryColumn& column : Columns)
-        line.Texts.emplace_back(column.Check ? "1" : "");
+        line.Texts.push_back(column.Default);
     Insert(row, line);
+    emit Edited();
+    return row;
+}
+
+void EntryTable::Add() {
+    FinishTyping();
+    const int row = AddLine(Grid->currentRow() + 1);
     Grid->setCurrentCell(row, 0);
     ShowButtons();
     Grid->editItem(Grid->item(row, 0));
 }
 
 void EntryTable::Remove() {
+    FinishTyping();
+    if (MayRemove && !MayRemove(LineAt(Grid->currentRow())))
+        return;
     {
         const QScopedValueRollback<bool> quiet(Quiet, true);
         Grid->removeRow(Grid->currentRow());
     }
     ShowButtons();
+    ShowMark();
+    emit Edited();
     emit LineChosen();
 }
 
@@ -222,11 +236,14 @@ void EntryTable::Move(int step) {
     FinishTyping();
     const int row = Grid->currentRow();
     const Line line = LineAt(row);
-    const QScopedValueRollback<bool> quiet(Quiet, true);
-    Grid->removeRow(row);
-    Insert(row + step, line);
-    Grid->setCurrentCell(row + step, 0);
+    {
+        const QScopedValueRollback<bool> quiet(Quiet, true);
+        Grid->removeRow(row);
+        Insert(row + step, line);
+        Grid->setCurrentCell(row + step, 0);
+    }
     ShowButtons();
+    ShowMarks(Marks);
 }
 
 void EntryTable::ShowButtons() {

@@ -253,6 +253,13 @@ std::vector<std::string> ParameterProblems(const ParameterEdit& parameters) {
     return problems;
 }
 
+std::vector<std::string> ParameterWords(const std::string& key) {
+    const Krenn::ParameterKey* known = Krenn::FindParameterKey(key);
+    if (known == nullptr)
+        return {};
+    return {known->words.begin(), known->words.end()};
+}
+
 std::string SaveParameters(ParameterEdit& parameters) {
     return SaveEditedFiles({{&parameters.File, FormatParameters(parameters)}});
 }

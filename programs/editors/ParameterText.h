@@ -52,6 +52,9 @@ std::vector<std::string> ParameterProblems(const ParameterEdit& parameters);
 /// What the package knows of a key: its meaning, what it takes, its default; or that it is none.
 std::string DescribeParameter(const std::string& key);
 
+/// The words that a key takes; none for a key that takes a number or is not known.
+std::vector<std::string> ParameterWords(const std::string& key);
+
 /// As for CHOICES.SYS.
 std::string SaveParameters(ParameterEdit& parameters);
 

@@ -28,9 +28,12 @@ frmEditBias::frmEditBias(const std::string& folder)
         SetOptionalPicture(*Form->cmdOK, "ok.svg");
         SetOptionalPicture(*Form->cmdCancel, "cancel.svg");
     });
-    Form->tblBias->SetUp(
-        {{tr("Location"), LongestCode, true}, {tr("Bias 1")}, {tr("Bias 2")}, {tr("Bias 3")}, {tr("Bias 4")}},
-        std::numeric_limits<int>::max(), false);
+    Form->tblBias->SetUp({{.Title = tr("Location"), .Longest = LongestCode, .UpperCase = true},
+                          {tr("Bias 1")},
+                          {tr("Bias 2")},
+                          {tr("Bias 3")},
+                          {tr("Bias 4")}},
+                         std::numeric_limits<int>::max(), false);
     Form->lblFile->setText(ToScreen(Bias.File.Path));
     ShowLines();
     const bool understood = Bias.Problem.empty();
@@ -66,6 +69,8 @@ std::vector<BiasLine> frmEditBias::EditedLines() const {
             lines[static_cast<int>(i) + 1] = Bias.Lines[i];
     int next = static_cast<int>(Bias.Lines.size());
     for (const EntryTable::Line& shown : Form->tblBias->Lines()) {
+        if (Form->tblBias->IsBlank(shown))
+            continue;
         const auto place = static_cast<std::size_t>(shown.Id) - 1;
         const bool known = place < Bias.Lines.size() && Bias.Lines[place].IsEntry;
         BiasLine line = known ? Bias.Lines[place] : BiasLine();

@@ -24,6 +24,10 @@ class frmEditCalib : public ScreenDialog {
     ~frmEditCalib() override;
 
   private:
+    void SetUpTables();
+    void TakeGroups();
+    void ShowMarks();
+    bool MayRemove(std::size_t group, const std::string& code);
     void cmdOK_Click();
 
     std::unique_ptr<Ui::frmEditCalib> Form;

@@ -30,6 +30,13 @@ class frmEditChoice : public ScreenDialog {
     void TakeGroups();
     void TakeSystems();
     void ShowGroups();
+    void TakeAll();
+    void ShowMarks();
+    EntryTable& TableOf(std::size_t group) const;
+    bool MayRemoveSystem(int id);
+    bool MayRemoveEntry(std::size_t group, const std::string& code);
+    bool SettleWarnings();
+    void tables_Edited();
     void tblSystems_LineChosen();
     void cmdOK_Click();
 

@@ -40,8 +40,12 @@ frmEditPar::frmEditPar(const std::string& path)
         SetOptionalPicture(*Form->cmdOK, "ok.svg");
         SetOptionalPicture(*Form->cmdCancel, "cancel.svg");
     });
-    Form->tblParameters->SetUp({{tr("Key")}, {tr("Value")}, {tr("Comment")}}, std::numeric_limits<int>::max(),
-                               false);
+    Form->tblParameters->SetUp(
+        {{tr("Key")},
+         {.Title = tr("Value"),
+          .Choices = [](const std::vector<std::string>& line) { return ParameterWords(line[0]); }},
+         {tr("Comment")}},
+        std::numeric_limits<int>::max(), false);
     Form->tblParameters->Table().setColumnWidth(0, character * 31);
     Form->tblParameters->Table().setColumnWidth(1, character * 15);
     Form->lblFile->setText(ToScreen(path));
@@ -85,6 +89,8 @@ ParameterEdit frmEditPar::Edited() const {
     ParameterEdit edited = Parameters;
     std::vector<WantedParameter> wanted;
     for (const EntryTable::Line& line : Form->tblParameters->Lines()) {
+        if (Form->tblParameters->IsBlank(line))
+            continue;
         const auto place = static_cast<std::size_t>(line.Id) - 1;
         const bool known = place < Parameters.Lines.size() && Parameters.Lines[place].IsEntry;
         wanted.push_back({known ? line.Id : 0, line.Texts[0], line.Texts[1], line.Texts[2]});

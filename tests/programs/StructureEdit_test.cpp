@@ -10,6 +10,7 @@
 #include "core/basGeneral.h"
 #include "datatree/basRead.h"
 #include "programs/editors/CalibEdit.h"
+#include "programs/editors/ChoiceCheck.h"
 #include "programs/editors/ChoiceEdit.h"
 #include "tests/support/ScriptedDesktop.h"
 #include "tests/support/TestSite.h"
@@ -50,7 +51,19 @@ std::string ProblemOf(const std::string& content, std::size_t groups = 3) {
 }
 
 struct StructureEdit : testing::Test {
-    StructureEdit() { Site.LayOut(); }
+    StructureEdit() {
+        Site.LayOut();
+        PutLines("C:\\WINDOWS\\dv_datatype.ini",
+                 {"[Data Types]", "Epochs=TOTAL LEVEL", "[TOTAL]", "Extension=GSI", "GSI_Calib=", "[LEVEL]",
+                  "Extension=LEV GSI", "LEV_Calib=STAFF", "[File Types]", "GSI_Calib=EDM"});
+    }
+
+    /// The system DAM as its files have it.
+    static ChoiceEdit OneSystem() {
+        PutFile(Init + "CHOICES.SYS", "DAM      1 Upper Dam\r\n");
+        PutFile(Init + "DAM.STR", Dam);
+        return OpenChoices(Init);
+    }
 
     TestSite Site;
     ScriptedDesktop Desktop;
@@ -138,16 +151,58 @@ TEST(CodeCheck, RefusesWhatAFolderCannotBeCalled) {
         EXPECT_EQ(CodeProblem(code), "is the name of a device") << code;
 }
 
+TEST(CodeCheck, RefusesADescriptionThatTheTreeCannotShow) {
+    EXPECT_EQ(DescriptionProblem("x"), "");
+    EXPECT_EQ(DescriptionProblem(std::string(20, 'x')), "");
+    EXPECT_EQ(DescriptionProblem(""), "has no description, so the tree would show it without a caption");
+    EXPECT_EQ(DescriptionProblem(std::string(21, 'x')), "has a description of more than 20 characters");
+    EXPECT_EQ(DescriptionProblem("a\tb"), "has a description with a control character");
+    EXPECT_EQ(DescriptionProblem("a\x02"), "has a description with a control character");
+}
+
 TEST(CodeCheck, TellsTheFaultsOfAGroup) {
     EXPECT_THAT(
-        GroupProblems("Epochs", {{"A", ""}, {"", ""}, {"B", std::string(21, 'x')}, {"A", ""}}),
+        GroupProblems("Epochs", {{"A", "a"}, {"", "b"}, {"B", std::string(21, 'x')}, {"C", ""}}),
         ElementsAre("Epochs: Line 2 has no name.", "Epochs: B has a description of more than 20 characters.",
-                    "Epochs: A stands there twice."));
-    EXPECT_THAT(GroupProblems("Epochs", {{"A", std::string(20, 'x')}}), IsEmpty());
-    std::vector<CodeEntry> seventeen;
-    for (int i = 1; i <= 17; ++i)
-        seventeen.push_back({"E" + std::to_string(i), ""});
-    EXPECT_THAT(GroupProblems("Epochs", seventeen), ElementsAre("Epochs: there are more than 16 entries."));
+                    "Epochs: C has no description, so the tree would show it without a caption."));
+    std::vector<CodeEntry> entries;
+    for (int i = 1; i <= 16; ++i)
+        entries.push_back({"E" + std::to_string(i), "Epoch"});
+    EXPECT_THAT(GroupProblems("Epochs", entries), IsEmpty());
+    entries.push_back({"E17", "Epoch"});
+    EXPECT_THAT(GroupProblems("Epochs", entries), ElementsAre("Epochs: there are more than 16 entries."));
+}
+
+TEST(CodeCheck, RefusesANameASecondTime) {
+    EXPECT_THAT(GroupProblems("Epochs", {{"A", "a"}, {"B", "b"}, {"A", "c"}}),
+                ElementsAre("Epochs: A stands there twice.", "Epochs: A stands there twice."));
+    EXPECT_THAT(GroupProblems("Epochs", {{"A", "new"}, {"A", "a"}}, {{"A", "a"}}),
+                ElementsAre("Epochs: A stands there twice."));
+}
+
+TEST(CodeCheck, LeavesWhatStoodInTheGroupBefore) {
+    const std::vector<CodeEntry> former{{"A B", ""}, {"A", "a"}, {"A", "a"}, {"", ""}};
+    EXPECT_THAT(GroupProblems("Epochs", former, former), IsEmpty());
+    EXPECT_THAT(GroupProblems("Epochs", {{"A B", "Now with words"}, {"", ""}}, former), IsEmpty());
+    EXPECT_THAT(GroupProblems("Epochs", {{"A", "a"}, {"A", ""}}, former),
+                ElementsAre("Epochs: A has no description, so the tree would show it without a caption."));
+    EXPECT_THAT(GroupProblems("Epochs", {{"A", "a"}, {"A", "a"}, {"A", "a"}}, former),
+                ElementsAre("Epochs: A stands there twice."));
+    EXPECT_THAT(GroupProblems("Epochs", {{"", ""}, {"", ""}}, former),
+                ElementsAre("Epochs: Line 2 has no name."));
+}
+
+TEST(CodeCheck, MarksEveryEntryWithItsFirstFault) {
+    const CodeRule rule = [](const std::string& code) { return code == "X" ? "is not known" : ""; };
+    EXPECT_THAT(
+        EntryFaults({{"A", "a"}, {"X", ""}, {"B", ""}, {"C", "c"}, {"C", "d"}}, rule),
+        ElementsAre("", "is not known", "has no description, so the tree would show it without a caption",
+                    "stands there twice", "stands there twice"));
+}
+
+TEST(CodeCheck, NamesWhatIsNoLongerThere) {
+    EXPECT_THAT(RemovedCodes({{"A", "other words"}, {"D", ""}}, {{"A", ""}, {"B", ""}, {"", ""}, {"B", ""}}),
+                ElementsAre("B"));
 }
 
 TEST_F(StructureEdit, ReadsSystemsAndTheirStructures) {
@@ -247,13 +302,203 @@ TEST_F(StructureEdit, RefusesToSaveAListThatItDoesNotUnderstand) {
     EXPECT_THAT(ChoiceProblems(OpenChoices(Init)), ElementsAre("CHOICES.SYS: Line 17 is the 17th system."));
 }
 
-TEST_F(StructureEdit, TellsWhatIsWrongWithTheSystems) {
-    PutFile(Init + "CHOICES.SYS", "DAM      1 Upper Dam\r\n\r\nDAM      1 Again\r\n");
-    PutFile(Init + "DAM.STR", "DAM\r\n\r\nNORTH\r\n\r\nADJUST\r\n\r\n");
-    EXPECT_THAT(ChoiceProblems(OpenChoices(Init)),
-                ElementsAre("Systems: Line 2 has no name.", "Systems: DAM stands there twice.",
-                            "DAM, Data types: ADJUST is the folder of the projects.",
-                            "DAM, Data types: ADJUST is the folder of the projects."));
+TEST_F(StructureEdit, LeavesFaultyEntriesThatAreThereAlone) {
+    PutFile(Init + "CHOICES.SYS",
+            "DAM      1 Upper Dam\r\n\r\nDAM      1 Again\r\nA*B      1 Odd\r\nBIAS     1 Odd\r\n");
+    const std::string dam = "DAM\r\n\r\nNORTH\r\n\r\nADJUST\r\nUNKNOWN\r\n\r\nE1\r\n";
+    PutFile(Init + "DAM.STR", dam);
+    PutFile(Init + "BIAS.STR", "STDBIAS 0 0 0 0\r\n");
+    ChoiceEdit choices = OpenChoices(Init);
+    EXPECT_THAT(ChoiceProblems(choices), IsEmpty());
+    EXPECT_EQ(SaveChoices(choices), "");
+    EXPECT_EQ(FileContent(Init + "DAM.STR"), dam);
+    EXPECT_THAT(AllFiles(Init), ElementsAre("BIAS.STR", "CHOICES.SYS", "DAM.STR"));
+    EXPECT_THAT(SystemNotes(choices),
+                ElementsAre("DAM stands there twice.", "The line has no name.", "DAM stands there twice.",
+                            "A*B has a character that a folder's name cannot have.",
+                            "BIAS would have the file BIAS.STR, which holds the bias values."));
+    EXPECT_EQ(choices.Systems[2].Problem, "The system stands there twice.");
+    EXPECT_EQ(choices.Systems[3].Problem, "The system has a character that a folder's name cannot have.");
+    EXPECT_THAT(EntryNotes(choices, choices.Systems[0], 2),
+                ElementsAre("E1 does not begin with SRV, by which survey folders are known."));
+}
+
+TEST_F(StructureEdit, WritesTheStructureOfASystemNamedTwiceOnce) {
+    PutFile(Init + "CHOICES.SYS", "DAM      1 Upper Dam\r\nDAM      1 Again\r\n");
+    PutFile(Init + "DAM.STR", Dam);
+    ChoiceEdit choices = OpenChoices(Init);
+    choices.Systems[0].Structure.Groups[0].push_back({"SOUTH", "South"});
+    EXPECT_EQ(SaveChoices(choices), "");
+    EXPECT_THAT(FileContent(Init + "DAM.STR"), HasSubstr("SOUTH    South\r\n"));
+}
+
+TEST_F(StructureEdit, RefusesADataTypeThatNoProfileKnows) {
+    ChoiceEdit choices = OneSystem();
+    choices.Systems[0].Structure.Groups[1].push_back({"TOTAL", "Total station"});
+    EXPECT_THAT(ChoiceProblems(choices), IsEmpty());
+    choices.Systems[0].Structure.Groups[1].push_back({"GNSS", "Satellites"});
+    EXPECT_THAT(ChoiceProblems(choices),
+                ElementsAre("DAM, Data types: GNSS is no data type: key Epochs in section Data Types of "
+                            "C:\\WINDOWS\\dv_datatype.ini names TOTAL LEVEL."));
+    choices.Systems[0].Structure.Groups[1].back() = {"ADJUST", "Projects"};
+    EXPECT_THAT(ChoiceProblems(choices),
+                ElementsAre("DAM, Data types: ADJUST is the folder of the projects."));
+}
+
+TEST_F(StructureEdit, SaysThatTheProfileNamesNoDataType) {
+    PutFile("C:\\WINDOWS\\dv_datatype.ini", "");
+    ChoiceEdit choices = OneSystem();
+    choices.Systems[0].Structure.Groups[1].push_back({"TOTAL", "Total station"});
+    EXPECT_THAT(ChoiceProblems(choices), ElementsAre(HasSubstr("dv_datatype.ini names nothing.")));
+}
+
+TEST_F(StructureEdit, RefusesAnEpochThatNoSurveyFolderCanHave) {
+    ChoiceEdit choices = OneSystem();
+    for (const char* epoch : {"2026A", "XSRV1", "SR01"}) {
+        choices.Systems[0].Structure.Groups[2].back() = {epoch, "Words"};
+        EXPECT_THAT(ChoiceProblems(choices),
+                    ElementsAre(std::string("DAM, Epochs: ") + epoch +
+                                " does not begin with SRV, by which survey folders are known."));
+    }
+    for (const char* epoch : {"SRV2", "SRV", "SRV2026A"}) {
+        choices.Systems[0].Structure.Groups[2].back() = {epoch, "Words"};
+        EXPECT_THAT(ChoiceProblems(choices), IsEmpty()) << epoch;
+    }
+}
+
+TEST_F(StructureEdit, RefusesSystemsAndLocationsWhoseFilesAreOthers) {
+    ChoiceEdit choices = OneSystem();
+    for (const auto& [name, fault] :
+         {std::pair{"BIAS", "would have the file BIAS.STR, which holds the bias values"},
+          std::pair{"COORD", "would have the folder of Coord_path"},
+          std::pair{"CALIB", "would have the folder of Calib_path"},
+          std::pair{"INIT", "would have the folder of Init_path"},
+          std::pair{"DOWNLOAD", "would have the folder of Download_path"}}) {
+        SystemEdit system;
+        system.Name = name;
+        system.Description = "Words";
+        choices.Systems.resize(1);
+        choices.Systems.push_back(system);
+        EXPECT_THAT(ChoiceProblems(choices),
+                    ElementsAre(std::string("Systems: ") + name + " " + fault + "."));
+        SetDataSystem(choices.Systems[1], false);
+        EXPECT_THAT(ChoiceProblems(choices), testing::SizeIs(name == std::string("BIAS") ? 1 : 0)) << name;
+    }
+    choices = OneSystem();
+    choices.Systems[0].Structure.Groups[0].push_back({"STDBIAS", "Words"});
+    EXPECT_THAT(ChoiceProblems(choices),
+                ElementsAre("DAM, Locations: STDBIAS stands in BIAS.STR for every location without a line."));
+}
+
+TEST_F(StructureEdit, RefusesADataSystemInTheFolderOfTheCalibrations) {
+    PutFile(Init + "CHOICES.SYS", "CALIB    2 Calibrations\r\n");
+    ChoiceEdit choices = OpenChoices(Init);
+    SetDataSystem(choices.Systems[0], true);
+    EXPECT_THAT(ChoiceProblems(choices), ElementsAre("Systems: CALIB would have the folder of Calib_path."));
+}
+
+TEST_F(StructureEdit, RefusesToRemoveWhatIsRegistered) {
+    ChoiceEdit choices = OneSystem();
+    PutLines(Init + "DAM.PTH", {"", " *       DAM       NORTH     LEVEL     SRV01"});
+    const std::string use =
+        " is in use and cannot be removed: D:\\TARVEX\\DAM\\NORTH\\LEVEL\\SRV01\\ is "
+        "registered in D:\\TARVEX\\INIT\\DAM.PTH.";
+    EXPECT_EQ(WhySystemStays(choices, choices.Systems[0]), "Systems: DAM" + use);
+    for (auto& group : choices.Systems[0].Structure.Groups)
+        group.clear();
+    EXPECT_THAT(ChoiceProblems(choices),
+                ElementsAre("DAM, Locations: NORTH" + use, "DAM, Data types: LEVEL" + use,
+                            "DAM, Epochs: SRV01" + use));
+    choices.Systems.clear();
+    EXPECT_THAT(ChoiceProblems(choices), ElementsAre("Systems: DAM" + use));
+}
+
+TEST_F(StructureEdit, RefusesToRemoveWhatIsAFolder) {
+    ChoiceEdit choices = OneSystem();
+    EXPECT_EQ(WhySystemStays(choices, choices.Systems[0]), "");
+    MakeFolders("D:\\TARVEX\\DAM\\OTHER\\ADJUST\\SRV01\\");
+    MakeFolders("D:\\TARVEX\\DAM\\OTHER\\LEVEL\\");
+    const SystemEdit& dam = choices.Systems[0];
+    EXPECT_EQ(WhySystemStays(choices, dam),
+              "Systems: DAM is in use and cannot be removed: D:\\TARVEX\\DAM\\ exists.");
+    EXPECT_EQ(WhyEntryStays(dam, 0, "NORTH"), "");
+    EXPECT_EQ(
+        WhyEntryStays(dam, 1, "LEVEL"),
+        "DAM, Data types: LEVEL is in use and cannot be removed: D:\\TARVEX\\DAM\\OTHER\\LEVEL\\ exists.");
+    EXPECT_EQ(WhyEntryStays(dam, 2, "SRV01"),
+              "DAM, Epochs: SRV01 is in use and cannot be removed: "
+              "D:\\TARVEX\\DAM\\OTHER\\ADJUST\\SRV01\\ exists.");
+    EXPECT_EQ(WhyEntryStays(dam, 2, "SRV02"), "");
+    MakeFolders("D:\\TARVEX\\DAM\\NORTH\\");
+    EXPECT_THAT(WhyEntryStays(dam, 0, "NORTH"), HasSubstr("D:\\TARVEX\\DAM\\NORTH\\ exists"));
+}
+
+TEST_F(StructureEdit, LetsGoOfWhatIsNewOrStandsThereTwice) {
+    PutFile(Init + "CHOICES.SYS", "DAM      1 Upper Dam\r\nDAM      1 Again\r\n");
+    PutFile(Init + "DAM.STR", "DAM\r\n\r\nNORTH    a\r\nNORTH    b\r\n\r\n\r\n");
+    MakeFolders("D:\\TARVEX\\DAM\\NORTH\\");
+    MakeFolders("D:\\TARVEX\\DAM\\SOUTH\\");
+    ChoiceEdit choices = OpenChoices(Init);
+    EXPECT_EQ(WhySystemStays(choices, choices.Systems[1]), "");
+    EXPECT_EQ(WhyEntryStays(choices.Systems[0], 0, "NORTH"), "");
+    choices.Systems[0].Structure.Groups[0] = {{"NORTH", "a"}, {"SOUTH", "s"}};
+    EXPECT_NE(WhyEntryStays(choices.Systems[0], 0, "NORTH"), "");
+    EXPECT_EQ(WhyEntryStays(choices.Systems[0], 0, "SOUTH"), "");
+}
+
+TEST_F(StructureEdit, KeepsADataSystemWithFoldersInTheTree) {
+    ChoiceEdit choices = OneSystem();
+    SetDataSystem(choices.Systems[0], false);
+    EXPECT_THAT(ChoiceProblems(choices), IsEmpty());
+    MakeFolders("D:\\TARVEX\\DAM\\");
+    EXPECT_THAT(ChoiceProblems(choices),
+                ElementsAre("Systems: DAM has to stay a data system: D:\\TARVEX\\DAM\\ exists."));
+}
+
+TEST_F(StructureEdit, RefusesToRemoveTheCalibrationSystemWithFolders) {
+    PutFile(Init + "CHOICES.SYS", "CALIB    2 Calibrations\r\n");
+    ChoiceEdit choices = OpenChoices(Init);
+    EXPECT_EQ(WhySystemStays(choices, choices.Systems[0]), "");
+    MakeFolders("D:\\TARVEX\\CALIB\\STAFF\\");
+    EXPECT_EQ(WhySystemStays(choices, choices.Systems[0]),
+              "Systems: CALIB is in use and cannot be removed: D:\\TARVEX\\CALIB\\STAFF\\ exists.");
+}
+
+TEST_F(StructureEdit, WarnsOfALocationThatTwoSystemsShare) {
+    ChoiceEdit choices = OneSystem();
+    SystemEdit weir;
+    weir.Name = "WEIR";
+    weir.Description = "The weir";
+    weir.Structure.Groups[0] = {{"NORTH", "North"}, {"CREST", "Crest"}};
+    choices.Systems.push_back(weir);
+    EXPECT_THAT(ChoiceProblems(choices), IsEmpty());
+    EXPECT_THAT(ChoiceWarnings(choices),
+                ElementsAre("WEIR, Locations: NORTH is also a location of DAM, and both share the coordinate "
+                            "database D:\\TARVEX\\COORD\\NORTH\\."));
+    EXPECT_THAT(EntryNotes(choices, choices.Systems[0], 0),
+                ElementsAre("NORTH is also a location of WEIR, and both share the coordinate database "
+                            "D:\\TARVEX\\COORD\\NORTH\\."));
+    EXPECT_EQ(SaveChoices(choices), "");
+    EXPECT_THAT(ChoiceWarnings(choices), IsEmpty());
+    SetDataSystem(choices.Systems[0], false);
+    EXPECT_THAT(EntryNotes(choices, choices.Systems[1], 0), ElementsAre("", ""));
+}
+
+TEST_F(StructureEdit, WarnsOfNamesThatMisleadUploads) {
+    ChoiceEdit choices = OneSystem();
+    choices.Systems[0].Structure.Groups[0].push_back({"TOTALS", "Words"});
+    choices.Systems[0].Structure.Groups[0].push_back({"SRVC", "Words"});
+    EXPECT_THAT(
+        ChoiceWarnings(choices),
+        ElementsAre("DAM, Locations: TOTALS holds the name of data type TOTAL, so that uploads below it "
+                    "can be taken for TOTAL.",
+                    "DAM, Locations: SRVC holds SRV, by which survey folders are known, so that other "
+                    "folders are taken for them."));
+    SystemEdit levels;
+    levels.Name = "LEVELS";
+    choices.Systems = {levels};
+    EXPECT_THAT(ChoiceWarnings(choices),
+                ElementsAre(HasSubstr("Systems: LEVELS holds the name of data type")));
 }
 
 TEST_F(StructureEdit, KeepsTheFileOfASystemThatLeavesTheList) {
@@ -332,13 +577,41 @@ TEST_F(StructureEdit, NamesTheCalibrationStructureAfterItsFolder) {
 }
 
 TEST_F(StructureEdit, TellsWhatIsWrongWithTheCalibrationStructure) {
-    PutFile(Init + "CALIB.STR", "CALIB\r\n\r\nSTAFF\r\nSTAFF\r\n\r\nA B\r\n");
-    EXPECT_THAT(CalibProblems(OpenCalibStructure(Init, "D:\\CALIB\\")),
-                ElementsAre("Calibration types: STAFF stands there twice.",
-                            "Epochs: A B has a character that a folder's name cannot have."));
+    CalibEdit calibration = OpenCalibStructure(Init, "D:\\CALIB\\");
+    calibration.Structure.Groups = {{{"STAFF", "Staffs"}, {"ROD", "Rods"}}, {{"A B", "x"}, {"NONE", "y"}}};
+    EXPECT_THAT(
+        CalibProblems(calibration),
+        ElementsAre("Calibration types: ROD is no calibration type: the keys <extension>_Calib in the "
+                    "sections of the data types of C:\\WINDOWS\\dv_datatype.ini name EDM STAFF.",
+                    "Epochs: A B has a character that a folder's name cannot have.",
+                    "Epochs: NONE is the word for no calibration."));
+    EXPECT_THAT(CalibNotes(calibration, 1),
+                ElementsAre("A B has a character that a folder's name cannot have.",
+                            "NONE is the word for no calibration."));
     PutFile(Init + "CALIB.STR", "CALIB\r\n\r\nSTAFF\r\n");
     EXPECT_THAT(CalibProblems(OpenCalibStructure(Init, "D:\\CALIB\\")),
                 ElementsAre("CALIB: The file ends before its last group."));
+}
+
+TEST_F(StructureEdit, RefusesToRemoveACalibrationThatIsInUse) {
+    Global().Calib_path = "D:\\TARVEX\\CALIB\\";
+    PutFile(Init + "CALIB.STR", Shipped("CALIB.STR"));
+    CalibEdit calibration = OpenCalibStructure(Init, Global().Calib_path);
+    EXPECT_EQ(WhyCalibEntryStays(calibration, 0, "STAFF"), "");
+    MakeFolders("D:\\TARVEX\\CALIB\\STAFF\\C2601\\");
+    EXPECT_EQ(WhyCalibEntryStays(calibration, 0, "STAFF"),
+              "Calibration types: STAFF is in use and cannot be removed: D:\\TARVEX\\CALIB\\STAFF\\ exists.");
+    PutLines(Init + "CALIB.PTH", {" *       CALIB     EDM       C2607"});
+    const std::string registered =
+        "D:\\TARVEX\\CALIB\\EDM\\C2607\\ is registered in D:\\TARVEX\\INIT\\CALIB.PTH.";
+    calibration.Structure.Groups = {{{"STAFF", "s"}}, {{"C2601", "a"}}};
+    EXPECT_THAT(CalibProblems(calibration),
+                ElementsAre("Calibration types: EDM is in use and cannot be removed: " + registered,
+                            "Epochs: C2607 is in use and cannot be removed: " + registered));
+    calibration.Structure.Groups[1].clear();
+    EXPECT_THAT(CalibProblems(calibration),
+                testing::Contains("Epochs: C2601 is in use and cannot be removed: "
+                                  "D:\\TARVEX\\CALIB\\STAFF\\C2601\\ exists."));
 }
 
 }  // namespace Dorvane::Testing

@@ -45,6 +45,12 @@ struct frmEditParTest : testing::Test {
         Grid().setCurrentCell(row, column);
         if (Grid().findChild<QLineEdit*>() == nullptr)  // a new line is open for its key
             Grid().editItem(Grid().item(row, column));
+        if (auto* list = Grid().findChild<QComboBox*>("cmbField")) {
+            list->addItem(ToScreen(text));
+            list->setCurrentIndex(list->count() - 1);
+            emit list->activated(list->count() - 1);
+            return HandleEvents();
+        }
         auto* edit = Grid().findChild<QLineEdit*>();
         ASSERT_NE(edit, nullptr);
         edit->selectAll();
@@ -79,6 +85,7 @@ TEST_F(frmEditParTest, ShowsKeysValuesAndComments) {
 TEST_F(frmEditParTest, ChangesAddsAndRemovesEntries) {
     Open(Path);
     TypeInto(0, 1, "25");
+    Grid().setCurrentCell(0, 1);
     Add();
     TypeInto(1, 0, "SCALE");
     TypeInto(1, 1, "ON");
@@ -92,6 +99,28 @@ TEST_F(frmEditParTest, ChangesAddsAndRemovesEntries) {
     EXPECT_EQ(FileContent(Path),
               "; head\r\nITERATIONS = 25   ; at most\r\nSCALE = ON   ; gr\xF6\xDF"
               "er\r\nodd line\r\n");
+}
+
+TEST_F(frmEditParTest, OffersTheWordsOfAKeyAsAList) {
+    PutFile(Path, "SETUPS = BLOCK\r\nITERATIONS = 10\r\n");
+    Open(Path);
+    Grid().setCurrentCell(0, 1);
+    Grid().editItem(Grid().item(0, 1));
+    auto* list = Grid().findChild<QComboBox*>("cmbField");
+    ASSERT_NE(list, nullptr);
+    std::string words;
+    for (int i = 0; i < list->count(); ++i)
+        words += FromScreen(list->itemText(i)) + " ";
+    EXPECT_EQ(words, "STATION BLOCK SET ");
+    EXPECT_EQ(list->currentText(), QStringLiteral("BLOCK"));
+    list->setCurrentIndex(2);
+    emit list->activated(2);
+    HandleEvents();
+    Grid().setCurrentCell(1, 1);
+    Grid().editItem(Grid().item(1, 1));
+    EXPECT_EQ(Grid().findChild<QComboBox*>("cmbField"), nullptr);
+    Click(*Form, "cmdOK");
+    EXPECT_EQ(FileContent(Path), "SETUPS = SET\r\nITERATIONS = 10\r\n");
 }
 
 TEST_F(frmEditParTest, MakesANewFileWithAllKeysAtTheirDefaults) {

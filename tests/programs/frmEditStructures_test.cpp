@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -31,6 +32,8 @@ const std::string Dam =
 struct EditStructures : testing::Test {
     EditStructures() {
         Site.LayOut();
+        PutLines("C:\\WINDOWS\\dv_datatype.ini",
+                 {"[Data Types]", "Epochs=TOTAL LEVEL", "[LEVEL]", "Extension=LEV", "LEV_Calib=STAFF"});
         PutFile(Init + "CHOICES.SYS", "DAM      1 Upper Dam\r\nCALIB    2 Calibrations\r\n");
         PutFile(Init + "DAM.STR", Dam);
         PutFile(Init + "CALIB.STR",
@@ -83,6 +86,20 @@ struct EditStructures : testing::Test {
         QTest::keyClick(edit, Qt::Key_Return);
         HandleEvents();
     }
+    /// Opens a cell and reads the list that it offers.
+    Texts ListOf(const char* name, int row, int column) {
+        QTableWidget& grid = Table(name).Table();
+        grid.setCurrentCell(row, column);
+        auto* list = grid.findChild<QComboBox*>("cmbField");
+        if (list == nullptr) {
+            grid.editItem(grid.item(row, column));
+            list = grid.findChild<QComboBox*>("cmbField");
+        }
+        Texts texts;
+        for (int i = 0; list != nullptr && i < list->count(); ++i)
+            texts.push_back(FromScreen(list->itemText(i)));
+        return texts;
+    }
     void Press(const char* name, const char* button) {
         auto& control = Control<QPushButton>(Table(name), button);
         ASSERT_TRUE(control.isEnabled()) << button;
@@ -101,7 +118,7 @@ TEST_F(EditStructures, ShowsSystemsAndTheGroupsOfTheChosenOne) {
     OpenChoice();
     EXPECT_EQ(TextOf(*Form), "Edit Data Structures");
     EXPECT_EQ(TextOf(*Form, "lblFile"), Init + "CHOICES.SYS");
-    EXPECT_EQ(Lines("tblSystems"), (Texts{"DAM|1|Upper Dam", "CALIB||Calibrations"}));
+    EXPECT_EQ(Lines("tblSystems"), (Texts{"DAM|Data|Upper Dam", "CALIB|Other|Calibrations"}));
     EXPECT_EQ(Lines("tblLocations"), (Texts{"NORTH|North", "SOUTH|South"}));
     EXPECT_EQ(Lines("tblTypes"), (Texts{"LEVEL|Levelling"}));
     EXPECT_EQ(Lines("tblEpochs"), (Texts{"SRV01|Survey 1"}));
@@ -175,18 +192,23 @@ TEST_F(EditStructures, AddsASystemWithItsOwnGroups) {
     OpenChoice();
     Press("tblSystems", "cmdAdd");
     Finish("tblSystems", "weir");
+    ChooseCell("tblSystems", 1);
     EXPECT_TRUE(IsEnabled(*Form, "sstabGroups"));
     EXPECT_TRUE(Lines("tblLocations").empty());
     Press("tblLocations", "cmdAdd");
     Finish("tblLocations", "crest");
+    TypeInto("tblLocations", 0, 1, "Crest");
+    TypeInto("tblSystems", 1, 2, "The weir");
+    ChooseCell("tblSystems", 1);
     Press("tblSystems", "cmdDown");
     ChooseCell("tblSystems", 0);
     EXPECT_EQ(Lines("tblLocations").size(), 2U);
     Click(*Form, "cmdOK");
     EXPECT_TRUE(Form.isNull());
     EXPECT_EQ(FileContent(Init + "CHOICES.SYS"),
-              "DAM      1 Upper Dam\r\nCALIB    2 Calibrations\r\nWEIR     1\r\n");
-    EXPECT_EQ(FileContent(Init + "WEIR.STR"), "WEIR\r\nCODE     DESCRIPTION\r\nCREST\r\n\r\n\r\n");
+              "DAM      1 Upper Dam\r\nCALIB    2 Calibrations\r\nWEIR     1 The weir\r\n");
+    EXPECT_EQ(FileContent(Init + "WEIR.STR"),
+              "WEIR     The weir\r\nCODE     DESCRIPTION\r\nCREST    Crest\r\n\r\n\r\n");
     EXPECT_EQ(FileContent(Init + "DAM.STR"), Dam);
 }
 
@@ -271,8 +293,8 @@ TEST_F(EditStructures, TakesNoMoreThanSixteenEntries) {
 
 TEST_F(EditStructures, SaysWhatIsWrongWithTheCalibrationStructure) {
     OpenCalib();
-    TypeInto("tblTypes", 0, 0, "con");
-    Desktop.ExpectMessage("Edit Calibration Structures", "Calibration types: CON is the name of a device.");
+    TypeInto("tblEpochs", 0, 0, "con");
+    Desktop.ExpectMessage("Edit Calibration Structures", "Epochs: CON is the name of a device.");
     Click(*Form, "cmdOK");
     EXPECT_FALSE(Form.isNull());
 }
@@ -284,6 +306,173 @@ TEST_F(EditStructures, CannotSaveACalibrationStructureItDoesNotUnderstand) {
     EXPECT_FALSE(IsEnabled(*Form, "tblTypes"));
     EXPECT_EQ(TextOf(*Form, "lblProblem"),
               "The file cannot be read fully and is not written: The file ends before its last group.");
+}
+
+TEST_F(EditStructures, MarksAFaultyEntryAndLeavesItAlone) {
+    const std::string odd =
+        "DAM      Upper Dam\r\nCODE\r\nNORTH\r\nSOUTH    South\r\n\r\nGNSS     Satellites\r\n"
+        "\r\nE1       One\r\n";
+    PutFile(Init + "DAM.STR", odd);
+    OpenChoice();
+    EXPECT_FALSE(Table("tblLocations").Table().item(0, 0)->icon().isNull());
+    EXPECT_TRUE(Table("tblLocations").Table().item(1, 0)->icon().isNull());
+    EXPECT_EQ(TextOf(Table("tblLocations"), "lblMark"),
+              "NORTH has no description, so the tree would show it without a caption.");
+    EXPECT_TRUE(Table("tblTypes").Table().item(0, 1)->toolTip().startsWith("GNSS is no data type"));
+    EXPECT_TRUE(Table("tblEpochs").Table().item(0, 0)->toolTip().startsWith("E1 does not begin with SRV"));
+    EXPECT_FALSE(Control<QTabWidget>(*Form, "sstabGroups").tabIcon(2).isNull());
+    ChooseCell("tblSystems", 1);
+    EXPECT_TRUE(Control<QTabWidget>(*Form, "sstabGroups").tabIcon(2).isNull());
+    ChooseCell("tblSystems", 0);
+    ChooseCell("tblLocations", 1);
+    EXPECT_EQ(TextOf(Table("tblLocations"), "lblMark"), "");
+    TypeInto("tblLocations", 1, 1, "Southern");
+    Click(*Form, "cmdOK");
+    EXPECT_TRUE(Form.isNull());
+    EXPECT_EQ(FileLines(Init + "DAM.STR")[2], "NORTH");
+    EXPECT_EQ(FileLines(Init + "DAM.STR")[3], "SOUTH    Southern");
+}
+
+TEST_F(EditStructures, MarksWhatIsTypedAtOnce) {
+    OpenChoice();
+    TypeInto("tblLocations", 0, 0, "a b");
+    ChooseCell("tblLocations", 0);
+    EXPECT_EQ(TextOf(Table("tblLocations"), "lblMark"),
+              "A B has a character that a folder's name cannot have.");
+    TypeInto("tblLocations", 0, 0, "north");
+    EXPECT_TRUE(Table("tblLocations").Table().item(0, 0)->icon().isNull());
+    EXPECT_FALSE(IsShown(Table("tblLocations"), "lblMark"));
+    Press("tblSystems", "cmdAdd");
+    Finish("tblSystems", "coord");
+    ChooseCell("tblSystems", 1);
+    EXPECT_EQ(TextOf(Table("tblSystems"), "lblMark"), "COORD would have the folder of Coord_path.");
+}
+
+TEST_F(EditStructures, RefusesToRemoveWhatAFolderUses) {
+    MakeFolders("D:\\TARVEX\\DAM\\NORTH\\");
+    OpenChoice();
+    ChooseCell("tblLocations", 0);
+    Desktop.ExpectMessage("Edit Data Structures",
+                          "DAM, Locations: NORTH is in use and cannot be removed: D:\\TARVEX\\DAM\\NORTH\\ "
+                          "exists.");
+    Press("tblLocations", "cmdRemove");
+    EXPECT_EQ(Lines("tblLocations").size(), 2U);
+    ChooseCell("tblLocations", 1);
+    Press("tblLocations", "cmdRemove");
+    EXPECT_EQ(Lines("tblLocations").size(), 1U);
+    ChooseCell("tblSystems", 0);
+    Desktop.ExpectMessage("Edit Data Structures",
+                          "Systems: DAM is in use and cannot be removed: D:\\TARVEX\\DAM\\ exists.");
+    Press("tblSystems", "cmdRemove");
+    EXPECT_EQ(Lines("tblSystems").size(), 2U);
+    TypeInto("tblLocations", 0, 0, "north2");
+    Desktop.ExpectMessage("Edit Data Structures",
+                          "DAM, Locations: NORTH is in use and cannot be removed: D:\\TARVEX\\DAM\\NORTH\\ "
+                          "exists.");
+    Click(*Form, "cmdOK");
+    EXPECT_FALSE(Form.isNull());
+}
+
+TEST_F(EditStructures, AsksBeforeTwoSystemsShareALocation) {
+    OpenChoice();
+    Press("tblSystems", "cmdAdd");
+    Finish("tblSystems", "weir");
+    TypeInto("tblSystems", 1, 2, "The weir");
+    ChooseCell("tblSystems", 1);
+    Press("tblLocations", "cmdAdd");
+    Finish("tblLocations", "north");
+    TypeInto("tblLocations", 0, 1, "North");
+    const std::string shared =
+        "NORTH is also a location of DAM, and both share the coordinate database D:\\TARVEX\\COORD\\NORTH\\.";
+    ChooseCell("tblLocations", 0);
+    EXPECT_EQ(TextOf(Table("tblLocations"), "lblMark"), shared);
+    const std::string question = "WEIR, Locations: " + shared + "\r\n\r\nSave all the same?";
+    Desktop.ExpectMessage("Edit Data Structures", question, Answer::No);
+    Click(*Form, "cmdOK");
+    ASSERT_FALSE(Form.isNull());
+    Desktop.ExpectMessage("Edit Data Structures", question, Answer::Yes);
+    Click(*Form, "cmdOK");
+    EXPECT_TRUE(Form.isNull());
+    EXPECT_EQ(FileLines(Init + "WEIR.STR")[2], "NORTH    North");
+}
+
+TEST_F(EditStructures, OffersTheKindsAndTheDataTypesOfTheProfileAsLists) {
+    OpenChoice();
+    EXPECT_EQ(ListOf("tblSystems", 0, 1), (Texts{"Data", "Other"}));
+    Form->findChild<QTabWidget*>("sstabGroups")->setCurrentIndex(1);
+    EXPECT_EQ(ListOf("tblTypes", 0, 0), (Texts{"TOTAL", "LEVEL"}));
+    Press("tblTypes", "cmdAdd");
+    EXPECT_EQ(ListOf("tblTypes", 1, 0), (Texts{"", "TOTAL", "LEVEL"}));
+    auto* list = Table("tblTypes").Table().findChild<QComboBox*>("cmbField");
+    QTest::keyClick(list, Qt::Key_T);
+    QTest::keyClick(list, Qt::Key_Tab);
+    QTest::keyClicks(Table("tblTypes").Table().findChild<QLineEdit*>(), "Total station");
+    Click(*Form, "cmdOK");
+    EXPECT_TRUE(Form.isNull());
+    EXPECT_EQ(FileLines(Init + "DAM.STR")[6], "TOTAL    Total station");
+}
+
+TEST_F(EditStructures, ChangesTheKindOfASystemByItsList) {
+    OpenChoice();
+    ListOf("tblSystems", 0, 1);
+    auto* list = Table("tblSystems").Table().findChild<QComboBox*>("cmbField");
+    list->setCurrentIndex(1);
+    emit list->activated(1);
+    HandleEvents();
+    EXPECT_EQ(Lines("tblSystems")[0], "DAM|Other|Upper Dam");
+    EXPECT_FALSE(IsEnabled(*Form, "sstabGroups"));
+    Click(*Form, "cmdOK");
+    EXPECT_EQ(FileLines(Init + "CHOICES.SYS")[0], "DAM      0 Upper Dam");
+    EXPECT_EQ(FileLines(Init + "CHOICES.SYS")[1], "CALIB    2 Calibrations");
+}
+
+TEST_F(EditStructures, DropsALineThatWasLeftBlankButNotASystemWithEntries) {
+    OpenChoice();
+    ChooseCell("tblLocations", 1);
+    Press("tblLocations", "cmdAdd");
+    ChooseCell("tblSystems", 0);
+    Press("tblSystems", "cmdAdd");
+    ChooseCell("tblSystems", 0);
+    Click(*Form, "cmdOK");
+    EXPECT_TRUE(Form.isNull());
+    EXPECT_EQ(FileContent(Init + "DAM.STR"), Dam);
+    EXPECT_EQ(FileLines(Init + "CHOICES.SYS").size(), 2U);
+    OpenChoice();
+    Press("tblSystems", "cmdAdd");
+    ChooseCell("tblSystems", 1);
+    Press("tblLocations", "cmdAdd");
+    Finish("tblLocations", "crest");
+    TypeInto("tblLocations", 0, 1, "Crest");
+    Desktop.ExpectMessage("Edit Data Structures", "Systems: Line 2 has no name.");
+    Click(*Form, "cmdOK");
+    EXPECT_FALSE(Form.isNull());
+}
+
+TEST_F(EditStructures, RefusesToRemoveACalibrationTypeWithFolders) {
+    Global().Calib_path = "D:\\TARVEX\\CALIB\\";
+    MakeFolders("D:\\TARVEX\\CALIB\\STAFF\\C2601\\");
+    OpenCalib();
+    Desktop.ExpectMessage("Edit Calibration Structures",
+                          "Calibration types: STAFF is in use and cannot be removed: "
+                          "D:\\TARVEX\\CALIB\\STAFF\\ exists.");
+    Press("tblTypes", "cmdRemove");
+    Desktop.ExpectMessage("Edit Calibration Structures",
+                          "Epochs: C2601 is in use and cannot be removed: "
+                          "D:\\TARVEX\\CALIB\\STAFF\\C2601\\ exists.");
+    Press("tblEpochs", "cmdRemove");
+    EXPECT_EQ(Lines("tblTypes").size(), 1U);
+    EXPECT_EQ(ListOf("tblTypes", 0, 0), Texts{"STAFF"});
+}
+
+TEST_F(EditStructures, MarksACalibrationTypeThatNoProfileKnows) {
+    OpenCalib();
+    EXPECT_FALSE(IsShown(Table("tblTypes"), "lblMark"));
+    Form->Unload();
+    PutLines("C:\\WINDOWS\\dv_datatype.ini", {"[Data Types]", "Epochs=TOTAL"});
+    OpenCalib();
+    EXPECT_TRUE(TextOf(Table("tblTypes"), "lblMark").starts_with("STAFF is no calibration type"));
+    Click(*Form, "cmdOK");
+    EXPECT_TRUE(Form.isNull());
 }
 
 TEST_F(EditStructures, EditsTheBiasValuesInTheirPlaces) {
