@@ -55,14 +55,15 @@ StaffMean LevelAssembler::Start(const StaffReading& reading) {
 }
 
 double LevelAssembler::Corrected(const StaffReading& reading) {
-    double corrected = reading.Reading * Correction.Scale;
+    const bool inverted = Correction.Inverted.contains(reading.Point);
+    double height = (inverted ? -reading.Reading : reading.Reading) * Correction.Scale;
     if (Correction.Collimation != 0) {
         if (reading.Distance)
-            corrected -= Correction.Collimation * *reading.Distance;
+            height -= Correction.Collimation * *reading.Distance;
         else if (!std::exchange(Uncorrected, true))
             Warn(reading.Line, "readings without a distance are not corrected for collimation");
     }
-    return Correction.Inverted.contains(reading.Point) ? -corrected : corrected;
+    return height;
 }
 
 void LevelAssembler::CloseSetUp() {

@@ -66,7 +66,10 @@ struct LevelBook {
     std::vector<Remark> Warnings;
 };
 
-/// What corrects a reading: R = scale * reading - collimation * distance, negative on an inverted staff.
+/// What corrects a reading r at the distance d, by the scale s and the collimation c. The line of sight has
+/// risen by c d at the staff; an upright staff counts upward from the point, so the horizontal runs s r - c d
+/// above it. An inverted staff counts downward, so the horizontal runs s r + c d below the point: the reading
+/// is -(s r + c d).
 struct StaffCorrection {
     double Scale = 1;
     double Collimation = 0;          // rise of the line of sight in meters per meter

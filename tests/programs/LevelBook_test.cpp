@@ -137,7 +137,19 @@ TEST(ReadPlainLevelBook, CorrectsReadings) {
     correction.Inverted = {"ROOF"};
     const LevelBook book = Plain("BS A 1 30\nFS ROOF 2 10\n", correction);
     EXPECT_NEAR(book.Lines[0].SetUps[0].Back.Mean(), 1.001 - 0.003, 1e-12);
-    EXPECT_NEAR(book.Lines[0].SetUps[0].Fore.Mean(), -(2.002 - 0.001), 1e-12);
+    EXPECT_NEAR(book.Lines[0].SetUps[0].Fore.Mean(), -(2.002 + 0.001), 1e-12);
+}
+
+TEST(ReadPlainLevelBook, TakesTheCollimationOutOfSightsOfEqualLengthToEitherStaff) {
+    // The horizontal runs 2 m above A and 1 m below the roof point: 3 m, whatever the line of sight rises.
+    StaffCorrection correction;
+    correction.Collimation = 0.001;
+    correction.Inverted = {"ROOF"};
+    const LevelBook book = Plain("BS A 2.02 20\nFS ROOF 0.98 20\n", correction);
+    const LevelSetUp& setUp = book.Lines[0].SetUps[0];
+    EXPECT_NEAR(setUp.Back.Mean(), 2, 1e-12);
+    EXPECT_NEAR(setUp.Fore.Mean(), -1, 1e-12);
+    EXPECT_NEAR(setUp.Back.Mean() - setUp.Fore.Mean(), 2.02 + 0.98, 1e-12);
 }
 
 TEST(ReadPlainLevelBook, NamesOnceThatADistanceIsMissingForTheCollimation) {

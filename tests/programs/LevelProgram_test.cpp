@@ -58,9 +58,9 @@ TEST(LevelProgram, TakesTheCalibrationsAndTheInvertedPoints) {
     PutLines(site.Folder + "INVLEVEL.IVL", {"roof ; in the gallery"});
     PutLevelParameters(site);
     EXPECT_EQ(RunChild(site.Site, "LEVRED.EXE").ExitCode, 0);
-    // (1.50015 - 0.004) + (2.0002 - 0.002)
+    // (1.50015 - 0.004) + (2.0002 + 0.002)
     EXPECT_THAT(FileLines(site.Folder + "HDIFF.RES"),
-                ElementsAre("A                ROOF                  3.49435"));
+                ElementsAre("A                ROOF                  3.49835"));
 }
 
 TEST(LevelProgram, FailsWithoutAResult) {
