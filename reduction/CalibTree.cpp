@@ -5,6 +5,7 @@
 
 #include "core/Drives.h"
 #include "core/ReportError.h"
+#include "core/Text.h"
 #include "core/basGeneral.h"
 #include "datatree/Sorter.h"
 #include "datatree/basTree.h"
@@ -36,11 +37,16 @@ std::string EpochFolder(const PathRecord& record) {
     return TypeFolder(record) + "\\" + record.Type;
 }
 
+// A node that the structure does not describe still has to be told from its neighbours.
+std::string Caption(const std::string& description, const std::string& code) {
+    return Trim(description).empty() ? code : description;
+}
+
 void AddTypeNode(TreeModel& nodes, const PathRecord& record) {
     TreeNode node;
     node.Key = TypeFolder(record) + "\\";
     node.Parent = Global().Calib_path;
-    node.Caption = record.LocationDesc;
+    node.Caption = Caption(record.LocationDesc, record.Location);
     nodes.Add(std::move(node));
 }
 
@@ -48,7 +54,7 @@ void AddEpochNode(TreeModel& nodes, const PathRecord& record) {
     TreeNode node;
     node.Key = EpochFolder(record) + "\\";
     node.Parent = TypeFolder(record) + "\\";
-    node.Caption = record.TypeDesc;
+    node.Caption = Caption(record.TypeDesc, record.Type);
     nodes.Add(std::move(node));
 }
 

@@ -90,11 +90,17 @@ TEST_F(CalibTreeTest, ReportsAnEpochThatIsRegisteredTwice) {
     EXPECT_EQ(Keys().size(), 3U);
 }
 
-TEST_F(CalibTreeTest, LeavesAnEpochThatTheStructureDoesNotKnowWithoutCaption) {
-    PutFile(Registry, " *       CALIB     STAFF     OLD\r\n");
+TEST_F(CalibTreeTest, CaptionsWhatTheStructureDoesNotDescribeByItsCode) {
+    PutFile(Registry,
+            " *       CALIB     STAFF     C9901\r\n"
+            " *       CALIB     PRISM     C2601\r\n");
     Open();
-    EXPECT_EQ(Tree.Nodes.Nodes().back().Key, "D:\\TARVEX\\CALIB\\STAFF\\OLD\\");
-    EXPECT_EQ(Tree.Nodes.Nodes().back().Caption, "");
+    ASSERT_EQ(Tree.Nodes.Nodes().size(), 5U);
+    EXPECT_EQ(Tree.Nodes.Nodes()[1].Caption, "PRISM");
+    EXPECT_EQ(Tree.Nodes.Nodes()[2].Caption, "January 2026");
+    EXPECT_EQ(Tree.Nodes.Nodes()[3].Caption, "Levels and staffs");
+    EXPECT_EQ(Tree.Nodes.Nodes()[4].Caption, "C9901");
+    EXPECT_EQ(Tree.Calibrations.Records[2].TypeDesc, "") << "the record has what the structure says";
 }
 
 TEST_F(CalibTreeTest, ListsTheFilesOfRootTypeAndEpochAlike) {
