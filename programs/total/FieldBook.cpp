@@ -150,8 +150,8 @@ class GsiBookReader {
         TargetHeights.push_back(read);
     }
 
-    // A target height that could not be read is that of the target's other sights in the set-up, the nearest
-    // earlier one or else a later one; then that of the sight before, whatever its target.
+    // A target height that could not be read is the one read with the target's nearest earlier sight, else
+    // with its next later one, else with the nearest earlier sight to any target.
     void FillTargetHeights() {
         std::map<std::string, double> own;
         for (std::size_t i = TargetHeights.size(); i-- > 0;)

@@ -53,10 +53,10 @@ struct FieldBook {
 /// Reads one GSI file behind what the book holds already. A block of word 41 with code 21 opens a set-up:
 /// word 42 is its station, word 43 the instrument height (none: 0, with a warning, unless sights bring word
 /// 88). A line of words 11, 21 and 22 is a sight; word 31 its slope distance (0 is none), 87 its target
-/// height, 88 an instrument height for this sight. Without a readable word 87 the height of the target's
-/// other sights in the set-up holds (the nearest earlier one, else a later one), then that of the sight
-/// before, then 0, with a warning. A line that cannot be read is named with its number, and the rest goes
-/// on; so is each damaged word in a line of which the rest serves.
+/// height, 88 an instrument height for this sight. Without a readable word 87 the height holds, with a
+/// warning, that was read in the set-up with the target's nearest earlier sight, else with its next later
+/// one, else with the nearest earlier sight to any target; else 0. A line that cannot be read is named with
+/// its number, and the rest goes on; so is each damaged word in a line of which the rest serves.
 void ReadGsiBook(FieldBook& book, const std::string& file, LineReader& reader);
 
 }  // namespace Dorvane

@@ -154,6 +154,26 @@ TEST(ReadGsiBook, PrefersTheTargetsOwnHeightWhereItIsMissing) {
     EXPECT_EQ(book.Warnings.size(), 1U);
 }
 
+TEST(ReadGsiBook, TakesTheNearestHeightOfTheTarget) {
+    const std::string angles = " 21.102+15000000 22.102+09900000 31..00+00050000";
+    const std::string bare = "110002+00000P03" + angles + "\r\n";
+    const auto at = [&](const std::string& height) {
+        return "110003+00000P03" + angles + " 87..10+0000" + height + "\r\n";
+    };
+    const FieldBook book = Read(SetUpLine + bare + at("1700") + at("1800") + bare + at("1900"));
+    EXPECT_DOUBLE_EQ(book.SetUps[0].Sights[0].TargetHeight, 1.7) << "the next later one";
+    EXPECT_DOUBLE_EQ(book.SetUps[0].Sights[3].TargetHeight, 1.8) << "the nearest earlier one";
+}
+
+TEST(ReadGsiBook, TakesTheHeightReadLastWhereTheTargetHasNone) {
+    // P02 is read with 1.2; what P03 is given from its later sight does not count as read.
+    const std::string angles = " 21.102+15000000 22.102+09900000 31..00+00050000";
+    const FieldBook book = Read(SetUpLine + SightLine + "110003+00000P03" + angles + "\r\n110004+00000P04" +
+                                angles + "\r\n110005+00000P03" + angles + " 87..10+00001700\r\n");
+    EXPECT_DOUBLE_EQ(book.SetUps[0].Sights[1].TargetHeight, 1.7);
+    EXPECT_DOUBLE_EQ(book.SetUps[0].Sights[2].TargetHeight, 1.2);
+}
+
 TEST(ReadGsiBook, DoesNotCarryATargetHeightIntoTheNextSetUp) {
     const FieldBook book =
         Read(SetUpLine + SightLine + "410003+00000021 42....+00000P05 43....+00001500\r\n" +

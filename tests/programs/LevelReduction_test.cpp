@@ -58,6 +58,13 @@ TEST(ReduceLevelBook, HasNoKilometerWithoutDistances) {
     EXPECT_FALSE(result.KilometerDeviation);
 }
 
+TEST(ReduceLevelBook, MeansTheLengthsThatAreKnown) {
+    const LevelResult result =
+        Reduce("LINE\nBS A 1.5 20\nFS B 1.0 20\nLINE\nBS B 1.0\nFS A 1.5\nLINE\nBS A 1.5 25\nFS B 1.0 25\n");
+    EXPECT_EQ(result.Sections[0].Runs.size(), 3U);
+    EXPECT_NEAR(*result.Sections[0].Length, 45, 1e-12);
+}
+
 TEST(ReduceLevelBook, RunsIntersightsFromTheLastMark) {
     // A to turning point 0.3; from there 1.4 - 0.9 = 0.5 to C.
     const LevelResult result = Reduce("BS A 1.5\nFS *1 1.2\nBS *1 1.4\nIS C 0.9\nFS B 1.1\n");

@@ -85,6 +85,18 @@ TEST(WorkOutSetUp, PairsTwoPointingsInEachFace) {
     EXPECT_TRUE(frame.Sets[1].BothFaces);
 }
 
+TEST(WorkOutSetUp, PairsWithTheNearestEarlierSightInTheOtherFace) {
+    std::vector<Remark> warnings;
+    const SetUpFrame frame = WorkOutSetUp(
+        Station({At("A", 10, 100), At("A", 10.004, 100), At("A", 210.004, 300), At("A", 210, 300)}),
+        warnings);
+    ASSERT_EQ(frame.Sets.size(), 2U);
+    EXPECT_NEAR(frame.Sets[0].Direction, 10, 1e-10);
+    EXPECT_NEAR(frame.Sets[1].Direction, 10.004, 1e-10);
+    EXPECT_NEAR(frame.Collimation.Mean, 0, 1e-10);
+    EXPECT_NEAR(*frame.Collimation.Deviation, 0, 1e-10);
+}
+
 TEST(WorkOutSetUp, CorrectsASingleFaceByTheSetUpsErrorsAndNamesIt) {
     std::vector<Remark> warnings;
     const SetUpFrame frame = WorkOutSetUp(Station({At("A", 100.0010, 100.0020), At("A", 299.9990, 300.0020),

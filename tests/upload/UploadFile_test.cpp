@@ -160,6 +160,14 @@ TEST_F(UploadRenameTest, GivesNumbersBelow100ThreeDigits) {
     EXPECT_EQ(FileContent(From + "A.007"), "x");
 }
 
+TEST_F(UploadRenameTest, GoesDownTo001) {
+    PutSource("A.LEV", "x");
+    for (int n = 999; n >= 2; --n)
+        PutFile(From + "A." + std::string(n < 10 ? "00" : n < 100 ? "0" : "") + std::to_string(n), "");
+    EXPECT_TRUE(UploadRename(From, "A.LEV"));
+    EXPECT_EQ(FileContent(From + "A.001"), "x");
+}
+
 TEST_F(UploadRenameTest, KeepsTheNameSilentlyWhenAllNumbersAreTaken) {
     PutSource("A.LEV", "x");
     for (int n = 999; n >= 1; --n)
