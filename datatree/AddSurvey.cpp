@@ -63,18 +63,23 @@ void MakeFolders(Guard& guard, const SurveyAnswer& survey, const List1<std::stri
 
 }  // namespace
 
-void AddSurvey(const SurveyAnswer& survey, const SurveyServices& services, TreeModel& tree) {
+SurveyReport AddSurvey(const SurveyAnswer& survey, const SurveyServices& services, TreeModel& tree) {
     if (survey.Root.empty() || survey.Location.empty() || survey.TypeMulti.empty() || survey.Epoch.empty())
-        return;
+        return {};
+    List1<std::string> types;
+    const bool counted =
+        Guarded("frmTree-cmdAdd_Click", [&](Guard&) { ParseFields(types, survey.TypeMulti); });
+    if (!counted)
+        return {};
+    const SurveyStock stock(survey, types);
     Guarded("frmTree-cmdAdd_Click", [&](Guard& guard) {
-        List1<std::string> types;
-        ParseFields(types, survey.TypeMulti);
         Register(survey, types);
         MakeFolders(guard, survey, types, services);
         ReloadPathRecords(services.Waiting, "Updating Tarvex data folders.");
         tree.Clear();
         TarvexTreeSetup(Global().PathRecords, Global().PathRecords.Count(), tree);
     });
+    return stock.Compare();
 }
 
 }  // namespace Dorvane

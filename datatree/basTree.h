@@ -9,6 +9,7 @@
 #include "core/List1.h"
 #include "core/Navigator.h"
 #include "datatree/Sorter.h"
+#include "datatree/SurveyReport.h"
 #include "datatree/TreeModel.h"
 
 // The one picture of the data: the records of all registered folders, the tree made of them, and what extends
@@ -60,7 +61,7 @@ struct SurveyServices {
 /// Adds one epoch at one location for each chosen data type: first the registries, then the folders with
 /// their survey indexes, the location's coordinate files and the project folder, as far as they are missing;
 /// then reads PathRecords anew and rebuilds the tree. Failures are reported as "frmTree-cmdAdd_Click"; what
-/// was done by then stays.
-void AddSurvey(const SurveyAnswer& survey, const SurveyServices& services, TreeModel& tree);
+/// was done by then stays. Returns what was made and what was found; nothing when the answer lacks a name.
+SurveyReport AddSurvey(const SurveyAnswer& survey, const SurveyServices& services, TreeModel& tree);
 
 }  // namespace Dorvane

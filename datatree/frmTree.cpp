@@ -308,7 +308,7 @@ void frmTree::cmdAdd_Click() {
     });
 }
 
-// Shows the tree again and the new folders in it; the folder that was selected stays so.
+// Shows the tree again and tells what was added.
 void frmTree::SurveyAnswered(const SurveyAnswer& answer) {
     Guarded("frmTree-cmdAdd_Click", [&](Guard&) {
         show();
@@ -316,19 +316,29 @@ void frmTree::SurveyAnswered(const SurveyAnswer& answer) {
         activateWindow();
         if (answer == SurveyAnswer())
             return;
-        const WaitCursor wait;
-        const OutOfReach working(*this);
-        AddSurvey(answer, Services, Tree);
-        const std::vector<std::string> expanded = Form->trvDirectory->ExpandedKeys();
-        Form->trvDirectory->Build(Tree, imlTree["folder"]);
-        Form->trvDirectory->Expand(expanded);
-        List1<std::string> types;
-        ParseFields(types, answer.TypeMulti);
-        for (const std::string& type : types)
-            Form->trvDirectory->Expand(AncestorChain(Global().Data_drive + answer.Root + "\\" +
-                                                     answer.Location + "\\" + type + "\\"));
-        GoTo(Selection.Directory);
+        const SurveyReport report = AddAndShow(answer);
+        if (report.Made.empty() && report.Lacking.empty())
+            return;
+        FolderPanel->setText(ToScreen(SurveyStatus(answer, report)));
+        TellSurveyAdded(answer, report);
     });
+}
+
+// Shows the new folders in the tree; the folder that was selected stays so.
+SurveyReport frmTree::AddAndShow(const SurveyAnswer& answer) {
+    const WaitCursor wait;
+    const OutOfReach working(*this);
+    SurveyReport report = AddSurvey(answer, Services, Tree);
+    const std::vector<std::string> expanded = Form->trvDirectory->ExpandedKeys();
+    Form->trvDirectory->Build(Tree, imlTree["folder"]);
+    Form->trvDirectory->Expand(expanded);
+    List1<std::string> types;
+    ParseFields(types, answer.TypeMulti);
+    for (const std::string& type : types)
+        Form->trvDirectory->Expand(
+            AncestorChain(Global().Data_drive + answer.Root + "\\" + answer.Location + "\\" + type + "\\"));
+    GoTo(Selection.Directory);
+    return report;
 }
 
 }  // namespace Dorvane

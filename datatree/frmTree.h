@@ -56,6 +56,7 @@ class frmTree : public Screen {
     void mnuGoHome_Click();
     void cmdAdd_Click();
     void SurveyAnswered(const SurveyAnswer& answer);
+    SurveyReport AddAndShow(const SurveyAnswer& answer);
 
     std::string Title() const;
     void GoTo(const std::string& directory);

@@ -66,7 +66,9 @@ void AddTheSurvey(Walk& walk) {
         WriteCoordNew(folder, location);
     };
     TreeModel tree;
-    AddSurvey(answer, services, tree);
+    const SurveyReport report = AddSurvey(answer, services, tree);
+    for (const std::string& made : report.Made)
+        walk.Say("made: " + made);
 
     walk.Root = choice.Root;
     walk.Location = choice.Location;

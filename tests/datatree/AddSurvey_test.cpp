@@ -25,7 +25,7 @@ class AddSurvey : public DataSite {
         Services.Waiting.Close = [this] { Waiting.push_back("closed"); };
     }
 
-    void Add(const SurveyAnswer& survey) { Dorvane::AddSurvey(survey, Services, Tree); }
+    SurveyReport Add(const SurveyAnswer& survey) { return Dorvane::AddSurvey(survey, Services, Tree); }
     static bool Exists(std::string folder) { return FolderExists(folder); }
 
     SurveyServices Services;
@@ -127,6 +127,53 @@ TEST_F(AddSurvey, DoesNothingWithoutEachOfTheFourNames) {
     EXPECT_EQ(AllFiles("D:\\TARVEX\\"), (std::vector<std::string>{"INIT\\CHOICES.SYS", "INIT\\DAM.STR"}));
     EXPECT_TRUE(Waiting.empty());
     EXPECT_TRUE(Tree.Nodes().empty());
+}
+
+TEST_F(AddSurvey, TellsWhatItMadeAndWhatItFound) {
+    Services.WriteCoordNew = [](const std::string& folder, const std::string&) {
+        PutFile(folder + "3DIM.DAT", "");
+        PutFile(folder + "BENCH.DAT", "");
+    };
+    using Lines = std::vector<std::string>;
+    const SurveyReport first = Add({"DAM", "NORTH", "LEVEL ", "SRV12", "x"});
+    EXPECT_EQ(first.Made,
+              (Lines{"1 line in DAM.PTH", "6 lines in DAM.HIS", "folder " + Data("DAM"),
+                     "folder " + Data("DAM\\NORTH"), "folder " + Data("DAM\\NORTH\\LEVEL"),
+                     "folder " + Data("DAM\\NORTH\\LEVEL\\SRV12"),
+                     "index " + Data("DAM\\NORTH\\LEVEL\\SRV12\\SRV12.IDX"),
+                     "folder " + Data("DAM\\NORTH\\ADJUST"), "folder " + Data("DAM\\NORTH\\ADJUST\\SRV12"),
+                     "folder D:\\TARVEX\\COORD\\NORTH", "coordinate files 3DIM.DAT, BENCH.DAT"}));
+    EXPECT_TRUE(first.Found.empty());
+    EXPECT_TRUE(first.Lacking.empty());
+    PutFile(Data("DAM\\NORTH\\TOTAL\\SRV12\\SRV12.IDX"), "KEPT");
+    const SurveyReport second = Add({"DAM", "NORTH", "TOTAL ", "SRV12", "x"});
+    EXPECT_EQ(second.Made, (Lines{"1 line in DAM.PTH", "2 lines in DAM.HIS"}));
+    EXPECT_EQ(second.Found.size(), 9U);
+    EXPECT_EQ(second.Found.back(), "coordinate files 3DIM.DAT, BENCH.DAT");
+    EXPECT_EQ(SurveyStatus(TwoTypes, second), "DAM\\NORTH  LEVEL TOTAL  SRV12 was added");
+}
+
+TEST_F(AddSurvey, TellsWhatCouldNotBeMade) {
+    Services.WriteSrvNew = [](const std::string&, const std::string&) {};
+    MakeFolders(Init("DAM.PTH") + "\\");
+    Desk.ExpectMessageTitled("Program Error");
+    Desk.ExpectMessageTitled("Program Error");
+    const SurveyReport report = Add(TwoTypes);
+    EXPECT_EQ(report.Lacking,
+              (std::vector<std::string>{"2 of 2 lines in DAM.PTH",
+                                        "index " + Data("DAM\\NORTH\\LEVEL\\SRV12\\SRV12.IDX"),
+                                        "index " + Data("DAM\\NORTH\\TOTAL\\SRV12\\SRV12.IDX")}));
+    EXPECT_EQ(SurveyStatus(TwoTypes, report), "DAM\\NORTH  LEVEL TOTAL  SRV12 was not wholly added");
+    Desk.ExpectMessageTitled("Survey Not Wholly Added");
+    TellSurveyAdded(TwoTypes, report);
+    EXPECT_EQ(Desk.Shown.back().Picture, Icon::Exclamation);
+    EXPECT_NE(Desk.Shown.back().Text.find("Could not be made:\r\n    2 of 2 lines in DAM.PTH"),
+              std::string::npos);
+}
+
+TEST_F(AddSurvey, TellsNothingWhereNothingWasDone) {
+    TellSurveyAdded({}, Add({"DAM", "NORTH", "", "SRV12", "x"}));
+    EXPECT_TRUE(Desk.Shown.empty());
 }
 
 TEST_F(AddSurvey, ReportsAFolderThatCannotBeMadeWithTheRegistriesAheadOfTheDisk) {

@@ -122,6 +122,7 @@ TEST_F(DataTreeWithDialog, AddsASurveyOfTwoTypesAndShowsItsFolders) {
     Click(screen, "cmdAdd");
     ChooseSurvey();
     Control<QLineEdit>(*Dialogs.Dialog, "txtHistory").setText(ToScreen("Apr\xE8s la crue"));
+    Desk.ExpectMessageTitled("Survey Added");
     Click(*Dialogs.Dialog, "cmdOK");
     EXPECT_TRUE(Dialogs.Dialog.isNull());
     EXPECT_TRUE(screen.isVisible());
@@ -137,6 +138,17 @@ TEST_F(DataTreeWithDialog, AddsASurveyOfTwoTypesAndShowsItsFolders) {
     ASSERT_NE(NodeNamed("Third"), nullptr);
     EXPECT_TRUE(NodeNamed("Third")->parent()->isExpanded());
     EXPECT_EQ(Chosen(), Data("DAM\\SOUTH\\LEVEL\\"));
+    EXPECT_EQ(TextOf(screen, "sbrTreePanel1"), "DAM\\NORTH  DIST LEVEL  SRV3 was added");
+    const std::string& told = Desk.Shown.back().Text;
+    EXPECT_TRUE(
+        told.starts_with("DAM\\NORTH  DIST LEVEL  SRV3\r\n\r\nMade:\r\n    2 lines in DAM.PTH\r\n"
+                         "    8 lines in DAM.HIS\r\n    folder " +
+                         Data("DAM\\NORTH\\DIST\\SRV3") + "\r\n"))
+        << told;
+    EXPECT_TRUE(told.ends_with("Found there and kept:\r\n    folder " + Data("DAM") + "\r\n    folder " +
+                               Data("DAM\\NORTH") + "\r\n    folder " + Data("DAM\\NORTH\\DIST") +
+                               "\r\n    folder " + Data("DAM\\NORTH\\LEVEL")))
+        << told;
     EXPECT_EQ(TextOf(screen, "lblDirectory"), Data("DAM\\SOUTH\\LEVEL\\"));
 }
 
@@ -147,6 +159,7 @@ TEST_F(DataTreeWithDialog, KeepsTheNodesOpenThatWereOpenBefore) {
     Click(screen, "cmdAdd");
     ChooseSurvey();
     Desk.ExpectMessageTitled("No History Information", Answer::No);
+    Desk.ExpectMessageTitled("Survey Added");
     Click(*Dialogs.Dialog, "cmdOK");
     EXPECT_TRUE(NodeNamed("South")->isExpanded());
     EXPECT_EQ(Chosen(), "D:\\TARVEX\\");
@@ -179,8 +192,10 @@ TEST_F(DataTreeWithDialog, ReportsAFolderThatCannotBeMadeAndGoesOn) {
         ChooseSurvey();
         Desk.ExpectMessageTitled("No History Information", Answer::No);
         Desk.ExpectMessageTitled("Program Error");
+        Desk.ExpectMessageTitled("Survey Not Wholly Added");
         Click(*Dialogs.Dialog, "cmdOK");
-        EXPECT_NE(Desk.Shown.back().Text.find("Source : Dorvane-frmTree-cmdAdd_Click"), std::string::npos);
+        EXPECT_NE(Desk.Shown.at(1).Text.find("Source : Dorvane-frmTree-cmdAdd_Click"), std::string::npos);
+        EXPECT_NE(TextOf(screen, "sbrTreePanel1").find(" was not wholly added"), std::string::npos);
         EXPECT_TRUE(screen.isVisible());
         EXPECT_TRUE(screen.isEnabled());
         EXPECT_EQ(Chosen(), Data("DAM\\NORTH\\LEVEL\\"));

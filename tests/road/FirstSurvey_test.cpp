@@ -59,6 +59,7 @@ TEST_F(NewWorkstation, GoesFromMissingFoldersToItsFirstSurvey) {
     Type(dialog, "txtHistory",
          "Erste Messung S\xfc"
          "d");
+    Person.ExpectMessageTitled("Survey Added");
     PressKey(dialog, "cmdOK");
 
     EXPECT_TRUE(tree.isVisible());

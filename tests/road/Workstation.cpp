@@ -118,6 +118,7 @@ void Workstation::AddSurvey(const std::string& location, const std::vector<std::
         ClickItem(dialog, "lstTypeMulti", type);
     ClickItem(dialog, "lstEpoch", epoch);
     Type(dialog, "txtHistory", history);
+    Person.ExpectMessageTitled("Survey Added");
     Click(dialog, "cmdOK");
     PressKey(Screen("frmTree"), "cmdHome");
 }

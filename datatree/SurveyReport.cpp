@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "datatree/SurveyReport.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "core/Drives.h"
+#include "core/Globals.h"
+#include "core/LineReader.h"
+#include "core/RunTimeError.h"
+#include "core/Text.h"
+#include "core/basGeneral.h"
+
+namespace Dorvane {
+
+namespace {
+
+bool IsFolder(std::string path) {
+    return FolderExists(path);
+}
+
+// What cannot be read here is told by the steps that need it; taking stock must not keep them from their
+// work.
+std::int64_t CountLines(const std::string& path) {
+    try {
+        LineReader file(path);
+        while (!file.AtEnd())
+            file.ReadLine();
+        return file.LineNumber();
+    } catch (const RunTimeError&) {
+        return 0;
+    }
+}
+
+std::vector<std::string> FilesIn(const std::string& folder) {
+    std::vector<std::string> names;
+    try {
+        for (const Drives::Entry& entry : Drives::List(folder))
+            if (!entry.IsFolder)
+                names.push_back(entry.Name);
+    } catch (const RunTimeError&) {
+        names.clear();
+    }
+    return names;
+}
+
+std::string FileNameOf(const std::string& path) {
+    return path.substr(path.find_last_of('\\') + 1);
+}
+
+std::string Joined(const std::vector<std::string>& names) {
+    std::string text;
+    for (const std::string& name : names)
+        text += (text.empty() ? "" : ", ") + name;
+    return text;
+}
+
+std::string Section(const std::string& title, const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines)
+        text += "\r\n    " + line;
+    return text.empty() ? "" : "\r\n\r\n" + title + text;
+}
+
+std::string SurveyName(const SurveyAnswer& survey) {
+    return survey.Root + "\\" + survey.Location + "  " + Trim(survey.TypeMulti) + "  " + survey.Epoch;
+}
+
+}  // namespace
+
+SurveyStock::SurveyStock(const SurveyAnswer& survey, const List1<std::string>& types)
+    : Types(types.Count()),
+      Registry(Global().Init_path + survey.Root + ".PTH"),
+      History(Global().Init_path + survey.Root + ".HIS"),
+      RegistryLines(CountLines(Registry)),
+      HistoryLines(CountLines(History)),
+      CoordinateFolder(Global().Coord_path + survey.Location + "\\"),
+      CoordinateFiles(FilesIn(CoordinateFolder)) {
+    const std::string root = Global().Data_drive + survey.Root;
+    const std::string location = root + "\\" + survey.Location;
+    NeedFolder(root);
+    NeedFolder(location);
+    for (const std::string& type : types) {
+        const std::string folder = location + "\\" + type;
+        NeedFolder(folder);
+        NeedFolder(folder + "\\" + survey.Epoch);
+        NeedFile("index", folder + "\\" + survey.Epoch + "\\" + survey.Epoch + ".IDX");
+    }
+    NeedFolder(location + "\\ADJUST");
+    NeedFolder(location + "\\ADJUST\\" + survey.Epoch);
+    NeedFolder(Global().Coord_path + survey.Location);
+}
+
+void SurveyStock::NeedFolder(const std::string& path) {
+    Things.push_back({"folder " + path, path + "\\", IsFolder(path)});
+}
+
+void SurveyStock::NeedFile(const std::string& kind, const std::string& path) {
+    Things.push_back({kind + " " + path, path, FileExists(path)});
+}
+
+SurveyReport SurveyStock::Compare() const {
+    SurveyReport report;
+    CompareLines(report, Registry, RegistryLines, true);
+    CompareLines(report, History, HistoryLines, false);
+    for (const Thing& thing : Things) {
+        const bool isThere = thing.Path.back() == '\\' ? IsFolder(thing.Path) : FileExists(thing.Path);
+        if (thing.WasThere)
+            report.Found.push_back(thing.Name);
+        else
+            (isThere ? report.Made : report.Lacking).push_back(thing.Name);
+    }
+    CompareCoordinateFiles(report);
+    return report;
+}
+
+// The registry gets a line for each type. How many the history gets depends on what it holds already.
+void SurveyStock::CompareLines(SurveyReport& report, const std::string& path, std::int64_t before,
+                               bool ofEachType) const {
+    const std::int64_t added = CountLines(path) - before;
+    if (added > 0)
+        report.Made.push_back(fmt::format("{} line{} in {}", added, added == 1 ? "" : "s", FileNameOf(path)));
+    if (ofEachType && added < Types)
+        report.Lacking.push_back(fmt::format("{} of {} lines in {}", Types - added, Types, FileNameOf(path)));
+}
+
+void SurveyStock::CompareCoordinateFiles(SurveyReport& report) const {
+    std::vector<std::string> made;
+    for (const std::string& name : FilesIn(CoordinateFolder))
+        if (std::find(CoordinateFiles.begin(), CoordinateFiles.end(), name) == CoordinateFiles.end())
+            made.push_back(name);
+    if (!made.empty())
+        report.Made.push_back("coordinate files " + Joined(made));
+    if (!CoordinateFiles.empty())
+        report.Found.push_back("coordinate files " + Joined(CoordinateFiles));
+}
+
+void TellSurveyAdded(const SurveyAnswer& survey, const SurveyReport& report) {
+    if (report.Made.empty() && report.Found.empty() && report.Lacking.empty())
+        return;
+    const bool whole = report.Lacking.empty();
+    TheDesktop().ShowMessage({.Text = SurveyName(survey) + Section("Made:", report.Made) +
+                                      Section("Found there and kept:", report.Found) +
+                                      Section("Could not be made:", report.Lacking),
+                              .Title = whole ? "Survey Added" : "Survey Not Wholly Added",
+                              .Picture = whole ? Icon::Information : Icon::Exclamation});
+}
+
+std::string SurveyStatus(const SurveyAnswer& survey, const SurveyReport& report) {
+    return SurveyName(survey) + (report.Lacking.empty() ? " was added" : " was not wholly added");
+}
+
+}  // namespace Dorvane
