@@ -6,6 +6,7 @@
 #include "core/ReportError.h"
 #include "core/Text.h"
 #include "core/basGeneral.h"
+#include "upload/LongNames.h"
 #include "upload/Messages.h"
 #include "upload/basUpload.h"
 
@@ -13,10 +14,17 @@ namespace Dorvane {
 
 namespace {
 
-// The checks before an upload. False after a message; else `files` and `surveyIndexName` are ready.
-bool PrepareUpload(UploadState& state, List1<FileEntry>& files, std::string& surveyIndexName) {
-    const std::string& selection = state.FileSelection;
-    if (selection.empty()) {
+/// What an upload works on.
+struct UploadPlan {
+    List1<FileEntry> Files;
+    ShorterNames Shorter;
+    std::string IndexName;
+    bool IndexIsNew = false;
+};
+
+// False behind a message, when the selection or a folder is missing.
+bool HasSource(UploadState& state) {
+    if (state.FileSelection.empty()) {
         ShowWarning("No file(s) selected.  Can not upload data", "Missing File Name");
         return false;
     }
@@ -30,19 +38,46 @@ bool PrepareUpload(UploadState& state, List1<FileEntry>& files, std::string& sur
         ShowWarning("From path is not a valid folder.  Can not upload data", "Missing Folder");
         return false;
     }
-    if (CollectFiles(files, state.FromPath, selection) == 0) {
-        ShowWarning("No " + selection + " files exist in " + state.FromPath + " .  Can not upload",
+    return true;
+}
+
+// The checks before an upload. False when it is not to begin; else the plan is ready. What asks the operator
+// comes before the index is made, so that a cancelled upload leaves all as it was.
+bool PrepareUpload(UploadState& state, UploadPlan& plan) {
+    if (!HasSource(state))
+        return false;
+    if (CollectFiles(plan.Files, state.FromPath, state.FileSelection) == 0) {
+        ShowWarning("No " + state.FileSelection + " files exist in " + state.FromPath + " .  Can not upload",
                     "No files exist");
         return false;
     }
-    bool created = false;
-    surveyIndexName = GetSurveyIdxName(state.ToPath, created);
-    if (surveyIndexName.empty()) {
+    plan.Shorter = ProposeShorterNames(plan.Files, state.ToPath, state.CurrentDataType.Name);
+    if (!AskForShorterNames(plan.Shorter))
+        return false;
+    plan.IndexName = GetSurveyIdxName(state.ToPath, plan.IndexIsNew);
+    if (plan.IndexName.empty()) {
         ShowWarning("No survey index files exist in " + state.ToPath + " .  Can not upload",
                     "No files exist");
         return false;
     }
     return true;
+}
+
+void UploadFiles(const UploadState& state, const UploadPlan& plan, FileMeter& meter, UploadReport& report) {
+    report.Folder = state.ToPath;
+    report.IndexName = plan.IndexName;
+    report.IndexIsNew = plan.IndexIsNew;
+    OpenMeter open(meter, plan.Files.Count());
+    for (int i = 1; i <= plan.Files.Count(); ++i) {
+        const FileEntry& file = plan.Files[i];
+        const auto shorter = plan.Shorter.find(file.Name);
+        const std::string target = shorter == plan.Shorter.end() ? file.Name : shorter->second;
+        open.Begin(state.FromPath + file.Name, state.ToPath + target);
+        report.Count(UploadOneFile({state.FromPath, state.ToPath, file.Name, target, file.Date,
+                                    plan.IndexName, state.PrintUpload, state.CurrentDataType.Name}),
+                     target != file.Name);
+        open.Advance(i);
+    }
 }
 
 }  // namespace
@@ -63,27 +98,22 @@ std::int16_t CollectFiles(List1<FileEntry>& files, const std::string& folder, co
 }
 
 void UploadSelection(UploadState& state, FileMeter& meter) {
+    UploadReport report;
     Guarded("frmUploadMenu-cmdUpload_Click", [&](Guard&) {
-        List1<FileEntry> files;
-        std::string surveyIndexName;
-        if (!PrepareUpload(state, files, surveyIndexName))
-            return;
-        OpenMeter open(meter, files.Count());
-        for (int i = 1; i <= files.Count(); ++i) {
-            const FileEntry& file = files[i];
-            open.Begin(state.FromPath + file.Name, state.ToPath + file.Name);
-            UploadFile(state.FromPath, state.ToPath, file.Name, file.Date, surveyIndexName,
-                       state.PrintUpload ? 1 : 0, state.CurrentDataType.Name);
-            open.Advance(i);
-        }
+        UploadPlan plan;
+        if (PrepareUpload(state, plan))
+            UploadFiles(state, plan, meter, report);
     });
+    state.Outcome = DescribeUpload(report);
     Update(state);
 }
 
 void DeleteUploaded(UploadState& state, FileMeter& meter) {
+    state.Outcome = {};
     bool begun = false;
+    int deleted = 0;
+    List1<FileEntry> files;
     Guarded("frmUploadMenu-cmdDelete999_Click", [&](Guard& guard) {
-        List1<FileEntry> files;
         if (GetFiles(files, state.FromPath, "*.99*") == 0) {
             ShowWarning("No *.999 file(s) to delete.", "No Files Found");
             return;
@@ -100,12 +130,14 @@ void DeleteUploaded(UploadState& state, FileMeter& meter) {
         for (int i = 1; i <= files.Count(); ++i) {
             const std::string path = state.FromPath + files[i].Name;
             open.Begin(path, "");
-            guard.Run([&] { Drives::DeleteFile(path); });
+            deleted += guard.Run([&] { Drives::DeleteFile(path); }) ? 1 : 0;
             open.Advance(i);
         }
     });
-    if (begun)
-        Update(state);
+    if (!begun)
+        return;
+    state.Outcome = DescribeDeletion(deleted, files.Count() - deleted, state.FromPath);
+    Update(state);
 }
 
 void EditSelection(const UploadState& state) {

@@ -17,9 +17,10 @@ namespace Dorvane {
 /// files.
 std::int16_t CollectFiles(List1<FileEntry>& files, const std::string& folder, const std::string& selection);
 
-/// The click of cmdUpload: checks selection and folders, with a message for what is missing, asks for the
-/// survey index, and uploads file after file; one that is refused does not stop the run. The state is brought
-/// up to date at the end in every case. Reports as "frmUploadMenu-cmdUpload_Click".
+/// The click of cmdUpload: checks selection and folders, with a message for what is missing, offers shorter
+/// names for those that the index cannot hold, asks for the survey index, and uploads file after file; one
+/// that is refused does not stop the run. The state is brought up to date at the end in every case, and its
+/// outcome says what was made. Reports as "frmUploadMenu-cmdUpload_Click".
 void UploadSelection(UploadState& state, FileMeter& meter);
 
 /// The click of cmdDelete999: deletes, after a question, every file of the collection folder whose extension

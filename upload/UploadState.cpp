@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "upload/UploadState.h"
 
+#include <fmt/format.h>
+
 #include "core/ProfileStore.h"
 #include "core/ReportError.h"
 #include "core/Text.h"
@@ -51,6 +53,7 @@ void SaveUploadState(UploadState& state) {
 }
 
 void TotalUpdate(UploadState& state) {
+    state.Outcome = {};
     Guarded("frmUploadMenu-TotalUpdate", [&](Guard&) {
         List1<DataType> types;
         ReadIniDataTypes(types);
@@ -78,6 +81,16 @@ void Update(UploadState& state) {
         const bool waiting = GetFiles(files, state.FromPath, "*.99*") > 0;
         state.WasteBin = waiting ? "trashfull.ico" : "trashempty.ico";
     });
+}
+
+std::string UploadStatus(const UploadState& state) {
+    if (state.FromPathMissing)
+        return "Source folder not found";
+    if (state.ToPathMissing)
+        return "Target folder not found";
+    if (!state.Outcome.Short.empty())
+        return state.Outcome.Short;
+    return fmt::format("{} file(s) in the source folder", state.FileCount);
 }
 
 std::string CopyAnimation(const std::string& dataTypeName) {

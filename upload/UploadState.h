@@ -6,6 +6,7 @@
 
 #include "core/List1.h"
 #include "upload/DataTypes.h"
+#include "upload/UploadReport.h"
 
 // What the upload screen shows and remembers, and how it follows from the two folders.
 namespace Dorvane {
@@ -23,6 +24,7 @@ struct UploadState {
     bool PrintUpload = false;      // chkPrintUpload
     std::string WasteBin;          // picture of cmdDelete999
     std::int16_t FileCount = 0;    // files in the collection folder when it was last listed
+    UploadOutcome Outcome;         // of the last upload or deletion; empty once a folder was chosen behind it
 };
 
 /// Takes the folders and the print switch from section "Upload Select" of dv_tarvex.ini, and derives the
@@ -32,9 +34,12 @@ void LoadUploadState(UploadState& state);
 /// Writes the folders that exist, and the print switch, back to that section.
 void SaveUploadState(UploadState& state);
 
-/// Derives the data type from the target path, then runs Update. Without a match the former type stays in
-/// force, though none is shown. Reports as "frmUploadMenu-TotalUpdate".
+/// Forgets the last outcome, derives the data type from the target path, then runs Update. Without a match
+/// the former type stays in force, though none is shown. Reports as "frmUploadMenu-TotalUpdate".
 void TotalUpdate(UploadState& state);
+
+/// The status bar: a folder that is missing, else the last outcome, else how many files there are.
+std::string UploadStatus(const UploadState& state);
 
 /// Rebuilds the list of choices with its default selection, the first item, and the waste bin. All stays as
 /// it was when the collection folder does not exist. Reports as "frmUploadMenu-Update".

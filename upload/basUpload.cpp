@@ -28,13 +28,13 @@ bool ListInIndex(const std::string& toPath, const std::string& fileName, const s
 }
 
 bool PrintUploaded(const std::string& printProgram, const std::string& fromPath, const std::string& toPath,
-                   const std::string& fileName) {
+                   const std::string& fileName, const std::string& targetName) {
     if (printProgram == "GENERIC") {
         // The heading thus shows the file's name twice, which is meant: what is shown ends with the name
         // itself.
-        return PrintGenFile(fromPath, fileName, toPath + fileName) == 1;
+        return PrintGenFile(fromPath, fileName, toPath + targetName) == 1;
     }
-    RunAndWait(AppPath() + "Programs\\" + printProgram + " " + toPath + fileName);
+    RunAndWait(AppPath() + "Programs\\" + printProgram + " " + toPath + targetName);
     return true;
 }
 
@@ -47,31 +47,44 @@ std::set<std::string> NamesIn(const std::string& folder, const std::string& patt
 
 }  // namespace
 
-bool UploadFile(const std::string& fromPath, const std::string& toPath, const std::string& fileName,
-                const std::string& fileDate, const std::string& surveyIndexName, std::int16_t printFlag,
-                const std::string& dataTypeName) {
-    bool uploaded = false;
+UploadedFile UploadOneFile(const UploadJob& job) {
+    UploadedFile file;
     Guarded("basUpload-UploadFile", [&](Guard& guard) {
-        const UploadKeys keys = ReadUploadKeys(dataTypeName, BehindFirstPoint(fileName));
-        const std::string target = toPath + fileName;
+        const UploadKeys keys = ReadUploadKeys(job.DataTypeName, BehindFirstPoint(job.FileName));
+        const std::string target = job.ToPath + job.TargetName;
         const bool targetExists = FileExists(target);
-        if (targetExists && !keys.Append) {
-            ShowWarning("File " + fileName + " already exists in " + toPath + " .  Can not upload",
+        const bool mayExtend = keys.Append && job.TargetName == job.FileName;
+        if (targetExists && !mayExtend) {
+            file.Placed = UploadedFile::Placing::Refused;
+            ShowWarning("File " + job.TargetName + " already exists in " + job.ToPath + " .  Can not upload",
                         "File already exists");
             return;
         }
-        const bool placed = targetExists ? AppendDataFile(fromPath, toPath, fileName)
-                                         : guard.Run([&] { Drives::CopyFile(fromPath + fileName, target); });
+        const std::string source = job.FromPath + job.FileName;
+        const bool placed = targetExists ? AppendDataFile(job.FromPath, job.ToPath, job.TargetName)
+                                         : guard.Run([&] { Drives::CopyFile(source, target); });
         if (!placed)
             return;
-        if (keys.InSurveyIndex && !ListInIndex(toPath, fileName, fileDate, surveyIndexName))
+        file.Placed = targetExists ? UploadedFile::Placing::Appended : UploadedFile::Placing::Copied;
+        if (keys.InSurveyIndex) {
+            file.Listed = ListInIndex(job.ToPath, job.TargetName, job.FileDate, job.SurveyIndexName);
+            if (!file.Listed)
+                return;
+        }
+        if (job.Print && !keys.PrintProgram.empty() &&
+            !PrintUploaded(keys.PrintProgram, job.FromPath, job.ToPath, job.FileName, job.TargetName))
             return;
-        if (printFlag == 1 && !keys.PrintProgram.empty() &&
-            !PrintUploaded(keys.PrintProgram, fromPath, toPath, fileName))
-            return;
-        uploaded = UploadRename(fromPath, fileName);
+        file.Finished = UploadRename(job.FromPath, job.FileName);
     });
-    return uploaded;
+    return file;
+}
+
+bool UploadFile(const std::string& fromPath, const std::string& toPath, const std::string& fileName,
+                const std::string& fileDate, const std::string& surveyIndexName, std::int16_t printFlag,
+                const std::string& dataTypeName) {
+    return UploadOneFile({fromPath, toPath, fileName, fileName, fileDate, surveyIndexName, printFlag == 1,
+                          dataTypeName})
+        .Finished;
 }
 
 bool UploadRename(const std::string& fromPath, const std::string& fileName) {

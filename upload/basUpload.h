@@ -6,6 +6,7 @@
 
 #include "upload/DataTypes.h"
 #include "upload/SurveyIndex.h"
+#include "upload/UploadReport.h"
 
 // The upload engine: takes one field file from a collection folder into a survey folder. Folders end in a
 // backslash.
@@ -23,6 +24,22 @@ namespace Dorvane {
 bool UploadFile(const std::string& fromPath, const std::string& toPath, const std::string& fileName,
                 const std::string& fileDate, const std::string& surveyIndexName, std::int16_t printFlag,
                 const std::string& dataTypeName);
+
+/// One file of a run.
+struct UploadJob {
+    std::string FromPath;
+    std::string ToPath;
+    std::string FileName;
+    std::string TargetName;  // its name in ToPath
+    std::string FileDate;
+    std::string SurveyIndexName;
+    bool Print = false;
+    std::string DataTypeName;
+};
+
+/// Does what UploadFile does, and tells what became of the file. Under another name than its own it is listed
+/// and printed by that name, and an existing target is refused, whatever its extension says.
+UploadedFile UploadOneFile(const UploadJob& job);
 
 /// Renames an uploaded source: its name up to and including the first point, and the highest free number from
 /// 999 down to 001. When all are taken it keeps its name, silently. False only after a failure, reported as

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "upload/frmUploadMenu.h"
 
-#include <fmt/format.h>
-
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
@@ -134,6 +132,7 @@ void frmUploadMenu::showEvent(QShowEvent* event) {
 
 void frmUploadMenu::RunUnder(std::unique_ptr<FileMeter> meter, const char* status, const Run& run) {
     ShowStatus(status);
+    Form->lblOutcome->clear();
     {
         const QScopedValueRollback<bool> running(Running, true);
         run(*meter);
@@ -202,8 +201,9 @@ void frmUploadMenu::ShowState() {
     Form->lblDataType->setText(ToScreen(State.DataTypeName));
     ShowNames();
     ShowWasteBin();
-    ShowStatus(State.FromPathMissing ? "Source folder not found"
-                                     : fmt::format("{} file(s) in the source folder", State.FileCount));
+    Form->lblOutcome->setText(ToScreen(State.Outcome.Long));
+    Form->lblOutcome->setVisible(!State.Outcome.Long.empty());
+    ShowStatus(UploadStatus(State));
 }
 
 void frmUploadMenu::ShowNames() {

@@ -91,6 +91,7 @@ void UploadTheBook(Walk& walk) {
     walk.Say("data type " + state.DataTypeName + ", selection " + state.FileSelection);
     PrintedMeter meter(walk);
     UploadSelection(state, meter);
+    walk.Say(state.Outcome.Long);
     SaveUploadState(state);
     walk.Need(FileExists(walk.SurveyFolder + walk.FieldFile), walk.FieldFile + " did not arrive");
     walk.Need(!FileExists(walk.FieldFolder + walk.FieldFile), "the source kept its name");

@@ -89,8 +89,14 @@ TEST_F(UploadMenuFolders, ShowsTheTargetAsNormalAlsoWhenTheTreeGaveNone) {
 
 TEST_F(UploadMenuFolders, SurvivesATreeThatOutlivesIt) {
     Click(Open(), "cmdToBrowse");
+    const Names calls = Nav.Calls;
     delete Nav.Upload.data();
     Nav.WhenClosed();
+    HandleEvents();
+    EXPECT_EQ(Nav.Calls, calls) << "the answer opens nothing";
+    EXPECT_TRUE(IsUnloaded());
+    EXPECT_TRUE(QApplication::topLevelWidgets().empty()) << "and brings no screen back";
+    EXPECT_EQ(IniReadString("dv_tarvex.ini", "Upload Select", "To_path"), To);
 }
 
 TEST_F(UploadMenuFolders, KeepsTheFormerTypeInForceWhereTheNewTargetNamesNone) {
@@ -165,6 +171,7 @@ TEST_F(UploadMenuFolders, SaysThatTheTargetVanished) {
     Desktop.ExpectMessage("Missing Folder", "To path is not a valid folder.  Can not upload data");
     Click(screen, "cmdUpload");
     EXPECT_TRUE(IsRed(screen, "lblToPath"));
+    EXPECT_EQ(TextOf(screen, "lblStatus"), "Target folder not found");
     EXPECT_EQ(AllFiles(From), Names{"A.LEV"});
 }
 

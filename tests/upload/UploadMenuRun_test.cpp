@@ -54,6 +54,36 @@ TEST_F(UploadMenuRun, UploadsTheSelectionUnderTheMeter) {
               (Names{"*.LEV", "*.DAT", "*.LEV *.DAT ", "A.999", "B.999", "C.999"}));
     EXPECT_EQ(TextOf(screen, "lblFileSelection"), "*.LEV");
     EXPECT_NE(PictureOf(screen, "cmdDelete999"), emptyBin);
+    EXPECT_EQ(TextOf(screen, "lblStatus"), "3 files uploaded");
+    EXPECT_TRUE(IsShown(screen, "lblOutcome"));
+    EXPECT_EQ(TextOf(screen, "lblOutcome"),
+              "3 files uploaded to " + To + " : 3 copied.  2 listed in the index " + Index + ".");
+}
+
+TEST_F(UploadMenuRun, ForgetsWhatWasMadeWhenAFolderIsChosen) {
+    Global().Path_type = 2;
+    PutSource("A.LEV", "a");
+    frmUploadMenu& screen = Open();
+    EXPECT_FALSE(IsShown(screen, "lblOutcome"));
+    Click(screen, "cmdUpload");
+    EXPECT_TRUE(IsShown(screen, "lblOutcome"));
+    Desktop.ExpectFile("Upload Data From ", std::nullopt);
+    Click(screen, "cmdFromBrowse");
+    EXPECT_EQ(TextOf(screen, "lblStatus"), "1 file uploaded") << "a cancelled dialog changes nothing";
+    Desktop.ExpectFile("Upload Data From ", From + "UploadPath");
+    Click(screen, "cmdFromBrowse");
+    EXPECT_FALSE(IsShown(screen, "lblOutcome"));
+    EXPECT_EQ(TextOf(screen, "lblStatus"), "1 file(s) in the source folder");
+}
+
+TEST_F(UploadMenuRun, ClaimsNoSuccessWhenAllFilesWereRefused) {
+    PutSource("A.LEV", "new");
+    PutFile(To + "A.LEV", "old");
+    frmUploadMenu& screen = Open();
+    Desktop.ExpectMessageTitled("File already exists");
+    Click(screen, "cmdUpload");
+    EXPECT_EQ(TextOf(screen, "lblStatus"), "Nothing uploaded, 1 refused");
+    EXPECT_EQ(TextOf(screen, "lblOutcome"), "Nothing was uploaded to " + To + " : 1 refused.");
 }
 
 TEST_F(UploadMenuRun, UploadsOnlyThePickedFile) {
@@ -199,6 +229,8 @@ TEST_F(UploadMenuRun, DeletesTheUploadedFilesUnderTheMeter) {
     EXPECT_EQ(AllFiles(From), (Names{"E.989", "F.LEV"}));
     EXPECT_EQ(Items(screen, "lstFileNames"), (Names{"*.LEV", "*.DAT", "*.LEV *.DAT ", "E.989", "F.LEV"}));
     EXPECT_NE(PictureOf(screen, "cmdDelete999"), fullBin);
+    EXPECT_EQ(TextOf(screen, "lblStatus"), "4 files deleted");
+    EXPECT_EQ(TextOf(screen, "lblOutcome"), "4 files deleted from " + From + ".");
 }
 
 TEST_F(UploadMenuRun, DeletesNothingUnlessTheAnswerIsYes) {
@@ -208,6 +240,7 @@ TEST_F(UploadMenuRun, DeletesNothingUnlessTheAnswerIsYes) {
     Click(screen, "cmdDelete999");
     EXPECT_EQ(AllFiles(From), Names{"A.999"});
     EXPECT_EQ(Desktop.Yields, 0);
+    EXPECT_EQ(TextOf(screen, "lblStatus"), "1 file(s) in the source folder");
 }
 
 TEST_F(UploadMenuRun, SaysThatThereIsNothingToDelete) {

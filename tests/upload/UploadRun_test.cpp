@@ -6,6 +6,7 @@
 #include "core/Drives.h"
 #include "core/basGeneral.h"
 #include "tests/upload/UploadSite.h"
+#include "upload/basUpload.h"
 
 namespace Dorvane::Testing {
 namespace {
@@ -221,6 +222,103 @@ TEST_F(UploadSelectionTest, GivesTheFormerTypesNameWhenNoneIsShown) {
     EXPECT_EQ(FileLines("D:\\OTHER\\SRV.IDX").size(), 3u);  // the index switch stands in section LEVEL
 }
 
+TEST_F(UploadSelectionTest, SaysAtItsEndWhatWasMade) {
+    PutSource("A.LEV", "a");
+    PutSource("B.LEV", "b");
+    PutSource("C.DAT", "c");
+    PutFile(To + "B.LEV", "old");
+    Desktop.ExpectMessageTitled("File already exists");
+    State.FileSelection = "*.LEV *.DAT ";
+    Upload();
+    EXPECT_EQ(UploadStatus(State), "2 files uploaded, 1 refused");
+    EXPECT_EQ(State.Outcome.Long,
+              "2 files uploaded to " + To +
+                  " : 2 copied.  1 listed in the index SRV12.IDX.  Not uploaded: 1 refused.");
+    TotalUpdate(State);
+    EXPECT_EQ(UploadStatus(State), "3 file(s) in the source folder");
+    EXPECT_EQ(State.Outcome.Long, "");
+}
+
+TEST_F(UploadSelectionTest, ClaimsNothingWhenItDidNotBegin) {
+    Desktop.ExpectMessageTitled("No files exist");
+    Upload();
+    EXPECT_EQ(UploadStatus(State), "Nothing uploaded");
+    State.ToPath = "D:\\GONE\\";
+    Desktop.ExpectMessageTitled("Missing Folder");
+    Upload();
+    EXPECT_EQ(UploadStatus(State), "Target folder not found");
+}
+
+TEST_F(UploadSelectionTest, SaysThatTheIndexIsNew) {
+    PutSource("A.LEV", "a");
+    Drives::DeleteFile(To + Index);
+    Desktop.ExpectMessageTitled("Missing Survey Index File", Answer::Yes);
+    Upload();
+    EXPECT_EQ(State.Outcome.Long,
+              "1 file uploaded to " + To + " : 1 copied.  1 listed in the new index SRV12.IDX.");
+}
+
+struct LongNameUpload : UploadRunTest {
+    LongNameUpload() {
+        PutSource("A.LEV", "a");
+        PutSource("FIELDBOOK2026.LEV", "long");
+    }
+    const std::string LineOfA = "A        LEV       A                   3/7/2026\r\n";
+};
+
+TEST_F(LongNameUpload, TakesTheShorterNameForCopyAndIndex) {
+    Desktop.ExpectMessageTitled("Long File Name", Answer::Yes);
+    Upload();
+    EXPECT_EQ(AllFiles(To), (Names{"A.LEV", "FIELDBOOK.LEV", Index}));
+    EXPECT_EQ(FileContent(To + "FIELDBOOK.LEV"), "long");
+    EXPECT_EQ(FileContent(To + Index),
+              IndexHead + LineOfA + "FIELDBOOKLEV       FIELDBOOK           3/7/2026\r\n");
+    EXPECT_EQ(AllFiles(From), (Names{"A.999", "FIELDBOOK2026.999"}));
+    EXPECT_EQ(Meter.Calls.at(3), From + "FIELDBOOK2026.LEV > " + To + "FIELDBOOK.LEV");
+    EXPECT_EQ(State.Outcome.Long,
+              "2 files uploaded to " + To +
+                  " : 2 copied.  2 listed in the index SRV12.IDX.  1 under a shorter name.");
+}
+
+TEST_F(LongNameUpload, GoesOnUnderTheLongNameAsBefore) {
+    Desktop.ExpectMessageTitled("Long File Name", Answer::No);
+    Upload();
+    EXPECT_EQ(AllFiles(To), (Names{"A.LEV", "FIELDBOOK2026.LEV", Index}));
+    EXPECT_EQ(FileContent(To + Index),
+              IndexHead + LineOfA + "FIELDBOOK2026\r\n         LEV       FIELDBOOK2026       3/7/2026\r\n");
+}
+
+TEST_F(LongNameUpload, TouchesNothingWhenItIsCancelled) {
+    Drives::DeleteFile(To + Index);
+    Desktop.ExpectMessageTitled("Long File Name", Answer::Cancel);
+    Upload();
+    EXPECT_TRUE(AllFiles(To).empty());
+    EXPECT_EQ(AllFiles(From), (Names{"A.LEV", "FIELDBOOK2026.LEV"}));
+    EXPECT_TRUE(Meter.Calls.empty());
+    EXPECT_EQ(UploadStatus(State), "Nothing uploaded");
+}
+
+TEST_F(LongNameUpload, PrintsTheFileByItsShorterName) {
+    DataTypeProfile(
+        {"[Data Types]", "Epochs=LEVEL", "[LEVEL]", "Extension=LEV", "LEV_SrvIdx=TRUE", "LEV_Print=p.exe"});
+    State.FileSelection = "FIELDBOOK2026.LEV";
+    State.PrintUpload = true;
+    Desktop.ExpectMessageTitled("Long File Name", Answer::Yes);
+    Upload();
+    EXPECT_EQ(Desktop.Started, Names{"P:\\DORVANE\\Programs\\P.EXE " + To + "FIELDBOOK.LEV"});
+}
+
+TEST_F(LongNameUpload, ExtendsNoOtherFileOfTheShorterName) {
+    DataTypeProfile({"[LEVEL]", "LEV_SrvIdx=TRUE", "LEV_Append=TRUE"});
+    PutFile(To + "FIELDBOOK.LEV", "other");
+    Desktop.ExpectMessage("File already exists",
+                          "File FIELDBOOK.LEV already exists in " + To + " .  Can not upload");
+    const UploadedFile file =
+        UploadOneFile({From, To, "FIELDBOOK2026.LEV", "FIELDBOOK.LEV", "3/7/2026", Index, false, "LEVEL"});
+    EXPECT_EQ(file.Placed, UploadedFile::Placing::Refused);
+    EXPECT_EQ(FileContent(To + "FIELDBOOK.LEV"), "other");
+}
+
 TEST_F(UploadSelectionTest, PrintsWhenTheSwitchIsOn) {
     DataTypeProfile({"[File Types]", "LEV_Print=p.exe"});
     PutSource("A.LEV", "a");
@@ -254,6 +352,17 @@ TEST_F(DeleteUploadedTest, DeletesEveryExtensionThatBeginsWith99) {
     EXPECT_EQ(Meter.Calls[9], "close");
     EXPECT_EQ(Desktop.Yields, 4);
     EXPECT_EQ(State.WasteBin, "trashempty.ico");
+}
+
+TEST_F(DeleteUploadedTest, SaysAtItsEndWhatIsGone) {
+    PutSource("A.999", "");
+    Desktop.ExpectMessageTitled("Delete *.999 File(s)", Answer::Yes);
+    DeleteUploaded(State, Meter);
+    EXPECT_EQ(UploadStatus(State), "1 file deleted");
+    EXPECT_EQ(State.Outcome.Long, "1 file deleted from " + From + ".");
+    Desktop.ExpectMessageTitled("No Files Found");
+    DeleteUploaded(State, Meter);
+    EXPECT_EQ(UploadStatus(State), "0 file(s) in the source folder");
 }
 
 TEST_F(DeleteUploadedTest, SaysWhenThereIsNothingToDelete) {

@@ -342,9 +342,22 @@ TEST_F(frmUploadMenuTest, TellsThatTheSerialPortIsOfTheFuture) {
 }
 
 TEST_F(frmUploadMenuTest, SetsUpThePrinter) {
+    struct Watching : ScriptedDesktop {
+        bool SetupPrinter(PrinterChoice& choice) override {
+            ++Dialogs;
+            return ScriptedDesktop::SetupPrinter(choice);
+        }
+        int Dialogs = 0;
+    } desktop;
     frmUploadMenu& screen = Open();
-    Desktop.PrinterConfirmed = false;  // a cancelled dialog is a normal answer
     Choose(screen, "mnuPrinter");
+    EXPECT_EQ(desktop.Dialogs, 1);
+    desktop.PrinterConfirmed = false;  // a cancelled dialog is a normal answer, and no failure
+    Choose(screen, "mnuPrinter");
+    EXPECT_EQ(desktop.Dialogs, 2);
+    EXPECT_TRUE(desktop.Shown.empty());
+    EXPECT_TRUE(screen.isVisible());
+    EXPECT_TRUE(Nav.Calls.empty());
 }
 
 TEST_F(frmUploadMenuTest, EditsTheSelectedFile) {
