@@ -7,16 +7,6 @@
 
 namespace Dorvane {
 
-namespace {
-
-bool IsRegistered(const List1<PathRecord>& records, const std::string& type, const std::string& epoch) {
-    return std::any_of(records.begin(), records.end(), [&](const PathRecord& record) {
-        return record.Location == type && record.Type == epoch;
-    });
-}
-
-}  // namespace
-
 void OpenCalibChoice(CalibChoice& choice) {
     choice = {};
     choice.Calibrations = ReadCalibRecords();

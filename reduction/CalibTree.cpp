@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reduction/CalibTree.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "core/Drives.h"
@@ -77,6 +78,12 @@ Known LookThrough(const List1<PathRecord>& records, const PathRecord& record) {
 
 }  // namespace
 
+bool IsRegistered(const List1<PathRecord>& records, const std::string& type, const std::string& epoch) {
+    return std::any_of(records.begin(), records.end(), [&](const PathRecord& record) {
+        return record.Location == type && record.Type == epoch;
+    });
+}
+
 CalibRecords ReadCalibRecords() {
     CalibRecords calibrations;
     List1<std::string> parts;
@@ -123,10 +130,10 @@ void ChooseCalibFile(CalibTree& tree, const std::string& name) {
     tree.File = name;
 }
 
-void AddCalibration(CalibTree& tree, const CalibrationAnswer& answer) {
+bool AddCalibration(CalibTree& tree, const CalibrationAnswer& answer) {
     if (answer.Type.empty() || answer.Epoch.empty())
-        return;
-    Guarded("frmCalibTree-cmdAdd_Click", [&](Guard& guard) {
+        return false;
+    const bool complete = Guarded("frmCalibTree-cmdAdd_Click", [&](Guard& guard) {
         CalibRecords& calibrations = tree.Calibrations;
         PathRecord record;
         record.Root = calibrations.Structure.Name;
@@ -145,6 +152,8 @@ void AddCalibration(CalibTree& tree, const CalibrationAnswer& answer) {
             guard.Run([&] { Drives::CreateFolder(EpochFolder(record)); });
         }
     });
+    // The registry's writer reports its own failures, so the registry tells whether it holds the folder.
+    return complete && IsRegistered(ReadCalibRecords().Records, answer.Type, answer.Epoch);
 }
 
 }  // namespace Dorvane

@@ -26,6 +26,8 @@ struct CalibRecords {
 /// Reads structure and registry; nothing without a Calib_path. What is missing is silent.
 CalibRecords ReadCalibRecords();
 
+bool IsRegistered(const List1<PathRecord>& records, const std::string& type, const std::string& epoch);
+
 /// The screen "TARVEX Calibration Directory Tree".
 struct CalibTree {
     CalibRecords Calibrations;
@@ -49,6 +51,7 @@ void ChooseCalibFile(CalibTree& tree, const std::string& name);
 /// Registers a calibration folder, and gives its type and its epoch, as far as they are new, a node and a
 /// folder. Nothing happens when the answer lacks a name. A failure is reported as
 /// "frmCalibTree-cmdAdd_Click"; a folder that exists already is one, and what was done by then stays.
-void AddCalibration(CalibTree& tree, const CalibrationAnswer& answer);
+/// True when all of it was done.
+bool AddCalibration(CalibTree& tree, const CalibrationAnswer& answer);
 
 }  // namespace Dorvane

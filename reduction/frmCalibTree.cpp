@@ -131,8 +131,12 @@ void frmCalibTree::TakeAnswer(const CalibrationAnswer& answer) {
     Form->lblType->setText(ToScreen(answer.Type));
     Form->lblEpoch->setText(ToScreen(answer.Epoch));
     ShowModal();
-    AddCalibration(Tree, answer);
+    const bool added = AddCalibration(Tree, answer);
     ShowNodes();
+    ShowFiles();
+    if (!answer.Type.empty())
+        FilesPanel->setText(ToScreen(answer.Type + " " + answer.Epoch +
+                                     (added ? " was added" : " was not added as a whole")));
     Form->trvDirectory->Expand({Global().Calib_path + answer.Type + "\\"});
 }
 

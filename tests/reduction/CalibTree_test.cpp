@@ -134,7 +134,7 @@ TEST_F(CalibTreeTest, ListsNothingForATypeWithoutFolder) {
 
 TEST_F(CalibTreeTest, AddsANewTypeWithItsFirstEpoch) {
     Open();
-    AddCalibration(Tree, {"EDM", "C2607"});
+    EXPECT_TRUE(AddCalibration(Tree, {"EDM", "C2607"}));
     EXPECT_EQ(FileContent(Registry),
               " *       CALIB     STAFF     C2601\r\n"
               " *       CALIB     STAFF     C2607\r\n"
@@ -178,9 +178,9 @@ TEST_F(CalibTreeTest, MakesTheRegistryWithTheFirstCalibration) {
 TEST_F(CalibTreeTest, AddsNothingWhileANameIsMissing) {
     Open();
     const std::string registry = FileContent(Registry);
-    AddCalibration(Tree, {"EDM", ""});
-    AddCalibration(Tree, {"", "C2601"});
-    AddCalibration(Tree, {});
+    EXPECT_FALSE(AddCalibration(Tree, {"EDM", ""}));
+    EXPECT_FALSE(AddCalibration(Tree, {"", "C2601"}));
+    EXPECT_FALSE(AddCalibration(Tree, {}));
     EXPECT_EQ(FileContent(Registry), registry);
     EXPECT_EQ(Keys().size(), 4U);
 }
@@ -189,9 +189,18 @@ TEST_F(CalibTreeTest, ReportsAFolderThatExistsAlready) {
     MakeFolders("D:\\TARVEX\\CALIB\\STAFF\\C2701\\");
     Open();
     ExpectAccessError("D:\\TARVEX\\CALIB\\STAFF\\C2701", "frmCalibTree-cmdAdd_Click");
-    AddCalibration(Tree, {"STAFF", "C2701"});
+    EXPECT_FALSE(AddCalibration(Tree, {"STAFF", "C2701"}));
     EXPECT_EQ(Keys().size(), 5U);
     EXPECT_EQ(FileLines(Registry).size(), 3U);
+}
+
+TEST_F(CalibTreeTest, ClaimsNoAdditionThatTheRegistryDoesNotHold) {
+    Open();
+    Drives::DeleteFile(Registry);
+    MakeFolders(std::string(Registry) + "\\");
+    Desktop.ExpectMessageTitled("Program Error");
+    EXPECT_FALSE(AddCalibration(Tree, {"STAFF", "C2701"}));
+    EXPECT_TRUE(IsFolder("D:\\TARVEX\\CALIB\\STAFF\\C2701"));
 }
 
 TEST_F(CalibTreeTest, LeavesTheEpochWhenTheFolderOfANewTypeExists) {

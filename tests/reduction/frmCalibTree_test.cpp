@@ -171,6 +171,9 @@ TEST_F(FrmCalibTree, AddsWhatTheDialogAnswers) {
     EXPECT_TRUE(IsFolder(Calib + "EDM\\C2607"));
     EXPECT_TRUE(Tree().topLevelItem(0)->child(1)->isExpanded());
     EXPECT_EQ(TextOf(screen, "lblDirectory"), Calib);
+    EXPECT_EQ(TextOf(screen, "sbrCalibTreePanel1"), "EDM C2607 was added");
+    ClickNode("Calibration Drive");
+    EXPECT_EQ(TextOf(screen, "sbrCalibTreePanel1"), "0 files");
 }
 
 TEST_F(FrmCalibTree, AddsNothingAfterACancelledDialog) {
@@ -182,6 +185,7 @@ TEST_F(FrmCalibTree, AddsNothingAfterACancelledDialog) {
     EXPECT_TRUE(screen.isVisible());
     EXPECT_EQ(Captions().size(), 4U);
     EXPECT_EQ(FileLines(Registry).size(), 2U);
+    EXPECT_EQ(TextOf(screen, "sbrCalibTreePanel1"), "No folder selected");
 }
 
 TEST_F(FrmCalibTree, ReportsAFolderThatExistsAlreadyAndShowsItsNode) {
@@ -193,6 +197,7 @@ TEST_F(FrmCalibTree, ReportsAFolderThatExistsAlreadyAndShowsItsNode) {
     HandleEvents();
     EXPECT_TRUE(screen.isVisible());
     EXPECT_EQ(Captions().back(), "Calibration Drive/Levels and staffs/January 2027");
+    EXPECT_EQ(TextOf(screen, "sbrCalibTreePanel1"), "STAFF C2701 was not added as a whole");
 }
 
 TEST_F(FrmCalibTree, ReportsAFullDiskAndComesBack) {
