@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reduction/ReduceTabs.h"
 
+#include "core/Drives.h"
 #include "core/Globals.h"
 #include "core/ProfileStore.h"
 #include "core/ReportError.h"
+#include "core/Text.h"
+#include "core/basGeneral.h"
 #include "datatree/Sorter.h"
 #include "datatree/basRead.h"
 #include "upload/DataTypes.h"
@@ -14,6 +17,8 @@ namespace {
 
 constexpr int ControlLoadedAlready = 360;
 constexpr const char* NoEpoch = "none";
+constexpr const char* Memory = "dv_tarvex.ini";
+constexpr const char* MemorySection = "Reduction Tabs";
 
 // The tab definition of an extension in one section; the five keys are never mixed between sections. False
 // when the section gives the extension no name.
@@ -29,6 +34,9 @@ bool ReadTab(const std::string& section, const std::string& extension, ReduceTab
     tab.ReduceList = key("_Reduce");
     tab.RunTip = key("_RedTip");
     tab.RunPicture = key("_RedIcon");
+    List1<std::string> errorFile;
+    if (ParseFields(errorFile, key("_RedError")) > 0)
+        tab.ErrorFile = errorFile[1];
     return true;
 }
 
@@ -96,13 +104,33 @@ bool SetupReduceTabs(const std::string& folder, ReduceState& state) {
         ReadPthFile(calibrations, Global().Init_path, "CALIB.PTH", lstSort);
         for (ReduceTab& tab : state.Tabs)
             FillEpochs(calibrations, tab);
-        for (ReduceTab& tab : state.Tabs) {
-            DataIconSetup(folder, tab.Extension, state.ExtraExtension, tab.Data);
-            ReduceIconSetup(folder, tab.Reduction, tab.ReduceList, tab.Extension, state.ExtraExtension);
+        for (int i = 1; i <= count; ++i) {
+            DataIconSetup(folder, state.Tabs[i].Extension, state.ExtraExtension, state.Tabs[i].Data);
+            ShowReduced(state, i);
         }
         ready = true;
     });
     return ready;
+}
+
+int LastUsedTab(const ReduceState& state) {
+    const std::string extension = IniReadString(Memory, MemorySection, state.DataTypeName);
+    for (int i = 1; i <= state.Tabs.Count(); ++i)
+        if (EqualIgnoringCase(state.Tabs[i].Extension, extension))
+            return i;
+    return 1;
+}
+
+void RememberTab(const ReduceState& state, int tab) {
+    IniWriteString(Memory, MemorySection, state.DataTypeName, state.Tabs[tab].Extension);
+}
+
+void ShowReduced(ReduceState& state, int tab) {
+    ReduceTab& own = state.Tabs[tab];
+    ReduceIconSetup(state.Folder, own.Reduction, own.ReduceList, own.Extension, state.ExtraExtension);
+    Drives::Entry file;
+    own.TellsErrors = !own.ErrorFile.empty() && Drives::Find(state.Folder + own.ErrorFile, file) &&
+                      !file.IsFolder && file.Size > 0;
 }
 
 }  // namespace Dorvane

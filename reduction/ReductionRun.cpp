@@ -13,12 +13,14 @@ namespace Dorvane {
 
 namespace {
 
+void DeleteFileIfThere(const std::string& path, Guard& guard) {
+    if (FileExists(path))
+        guard.Run([&] { Drives::DeleteFile(path); });
+}
+
 void DeleteResults(const std::string& folder, const List1<std::string>& reduceTokens, Guard& guard) {
-    for (int i = 2; i <= reduceTokens.Count(); ++i) {
-        const std::string path = folder + reduceTokens[i];
-        if (FileExists(path))
-            guard.Run([&] { Drives::DeleteFile(path); });
-    }
+    for (int i = 2; i <= reduceTokens.Count(); ++i)
+        DeleteFileIfThere(folder + reduceTokens[i], guard);
 }
 
 // False after a message when there is no such program.
@@ -33,27 +35,37 @@ bool RunProgram(const std::string& program, Guard& guard) {
     return true;
 }
 
+// From the deletion of the old results to the end of the program. Own.Run says how far it came.
+void RunTab(const ReduceState& state, ReduceTab& own, const std::string& surveyIndexName, Guard& guard) {
+    own.Run = LastRun::Stopped;
+    List1<std::string> reduceTokens;
+    ParseFields(reduceTokens, own.ReduceList);
+    DeleteResults(state.Folder, reduceTokens, guard);
+    if (!own.ErrorFile.empty())
+        DeleteFileIfThere(state.Folder + own.ErrorFile, guard);
+    List1<std::string> paramTokens;
+    ParseFields(paramTokens, ReadTypeKey(state.DataTypeName, own.Extension, "_Param"));
+    if (!WriteParamFile(state.Folder, paramTokens, reduceTokens, surveyIndexName, own.CalibrationType,
+                        own.Epochs[own.Epoch]))
+        return;
+    own.Run = RunProgram(reduceTokens[1], guard) ? LastRun::Ended : LastRun::NoProgram;
+}
+
 }  // namespace
 
 bool RunReduction(ReduceState& state, int tab) {
+    const char* const procedure = "frmReduce-cmdReduce_Click";
     bool redraw = false;
-    Guarded("frmReduce-cmdReduce_Click", [&](Guard& guard) {
+    Guarded(procedure, [&](Guard&) {
         ReduceTab& own = state.Tabs[tab];
         std::string surveyIndexName;
         if (!InitReduce(state.Folder, surveyIndexName, state.DataTypeName, own.Extension))
             return;
-        List1<std::string> reduceTokens;
-        ParseFields(reduceTokens, own.ReduceList);
-        DeleteResults(state.Folder, reduceTokens, guard);
-        List1<std::string> paramTokens;
-        ParseFields(paramTokens, ReadTypeKey(state.DataTypeName, own.Extension, "_Param"));
-        if (!WriteParamFile(state.Folder, paramTokens, reduceTokens, surveyIndexName, own.CalibrationType,
-                            own.Epochs[own.Epoch]))
-            return;
-        if (!RunProgram(reduceTokens[1], guard))
-            return;
-        ReduceIconSetup(state.Folder, own.Reduction, own.ReduceList, own.Extension, state.ExtraExtension);
-        redraw = true;
+        Guarded(procedure, [&](Guard& run) { RunTab(state, own, surveyIndexName, run); });
+        // A missing program alone leaves the tab as it was, which is meant.
+        redraw = own.Run != LastRun::NoProgram;
+        if (redraw)
+            ShowReduced(state, tab);
     });
     return redraw;
 }

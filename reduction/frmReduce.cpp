@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reduction/frmReduce.h"
 
-#include <fmt/format.h>
-
 #include <QLabel>
+#include <QScopedValueRollback>
 #include <QShortcut>
 
 #include "core/Globals.h"
@@ -15,6 +14,7 @@
 #include "core/widgets/ScreenText.h"
 #include "core/widgets/StatusPanels.h"
 #include "core/widgets/WaitCursor.h"
+#include "reduction/ReductionEnd.h"
 #include "reduction/ReductionRun.h"
 #include "reduction/ResultFiles.h"
 #include "reduction/TabPages.h"
@@ -27,14 +27,6 @@ namespace {
 
 constexpr int DesignedTabsPerRow = 3;
 constexpr int InputErrand = 5;
-
-std::string ResultsText(const ReductionState& state) {
-    if (state.Picture.Tag == "0")
-        return "Not reduced yet";
-    const int count = state.ResultFiles.Count();
-    return fmt::format("{} result file{}, {}", count, count == 1 ? "" : "s",
-                       state.Picture.Tag == "1" ? "up to date" : "older than the data");
-}
 
 }  // namespace
 
@@ -62,7 +54,7 @@ void frmReduce::LoadForm() {
 }
 
 void frmReduce::ConnectCommands() {
-    connect(Form->sstabReduction, &TabPages::CurrentChanged, this, &frmReduce::ShowStatus);
+    connect(Form->sstabReduction, &TabPages::CurrentChanged, this, &frmReduce::sstabReduction_Click);
     connect(Form->cmdChangeDir, &QPushButton::clicked, this, &frmReduce::cmdChangeDir_Click);
     connect(Form->cmdInputCreator, &QPushButton::clicked, this, [this] {
         Guarded("frmReduce-cmdInputCreator_Click", [&](Guard&) {
@@ -104,7 +96,13 @@ void frmReduce::ShowTabs() {
         Pages[static_cast<std::size_t>(i) - 1]->ShowTab(State.Tabs[i]);
         captions.append(ToCaption(State.Tabs[i].Name));
     }
-    Form->sstabReduction->SetTabs(captions, State.TabsPerRow == 0 ? DesignedTabsPerRow : State.TabsPerRow);
+    {
+        const QScopedValueRollback<bool> settingUp(SettingUp, true);
+        Form->sstabReduction->SetTabs(captions,
+                                      State.TabsPerRow == 0 ? DesignedTabsPerRow : State.TabsPerRow);
+        if (!State.Tabs.Empty())
+            Form->sstabReduction->SetCurrent(LastUsedTab(State) - 1);
+    }
     OrderStops();
     Form->sstabReduction->FocusTabs();
     TypePanel->setText(ToScreen(State.DataTypeName));
@@ -121,24 +119,38 @@ void frmReduce::OrderStops() {
         setTabOrder(stops[i - 1], stops[i]);
 }
 
+// A tab that the operator chose is proposed when the screen opens again.
+void frmReduce::sstabReduction_Click(int tab) {
+    ShowStatus();
+    if (!SettingUp)
+        Guarded("frmReduce-sstabReduction_Click", [&](Guard&) { RememberTab(State, tab + 1); });
+}
+
 void frmReduce::ShowStatus() {
     const int current = Form->sstabReduction->Current();
     StatePanel->setText(current < 0 ? QStringLiteral("Nothing to reduce")
-                                    : ToScreen(ResultsText(State.Tabs[current + 1].Reduction)));
+                                    : ToScreen(ReductionStatus(State.Tabs[current + 1])));
 }
 
 void frmReduce::cmdReduce_Click(int page) {
-    Guarded("frmReduce-cmdReduce_Click", [&](Guard&) {
-        ReducePage& tab = *Pages[static_cast<std::size_t>(page)];
-        State.Tabs[page + 1].Epoch = tab.Epoch();
-        const WaitCursor wait;
-        // Painted at once, since nothing is painted while the program runs.
-        StatePanel->setText(QStringLiteral("Running the reduction program ..."));
-        StatePanel->repaint();
-        if (RunReduction(State, page + 1))
-            tab.ShowReduction(State.Tabs[page + 1].Reduction);
-        ShowStatus();
-    });
+    bool ran = false;
+    Guarded("frmReduce-cmdReduce_Click", [&](Guard&) { ran = RunTab(page); });
+    ShowStatus();
+    if (ran)
+        TellReductionEnd(State, page + 1);
+}
+
+bool frmReduce::RunTab(int page) {
+    ReducePage& tab = *Pages[static_cast<std::size_t>(page)];
+    State.Tabs[page + 1].Epoch = tab.Epoch();
+    const WaitCursor wait;
+    // Painted at once, since nothing is painted while the program runs.
+    StatePanel->setText(QStringLiteral("Running the reduction program ..."));
+    StatePanel->repaint();
+    if (!RunReduction(State, page + 1))
+        return false;
+    tab.ShowReduction(State.Tabs[page + 1].Reduction);
+    return true;
 }
 
 void frmReduce::cmdEdit_Click(int page) {

@@ -37,8 +37,11 @@ class frmReduce : public Screen {
     void AddPage();
     void ShowTabs();
     void OrderStops();
+    void sstabReduction_Click(int tab);
     void ShowStatus();
     void cmdReduce_Click(int page);
+    /// False when there is nothing new to show or to tell.
+    bool RunTab(int page);
     void cmdEdit_Click(int page);
     void cmdPrint_Click(int page);
     void cmdChangeDir_Click();
@@ -52,6 +55,7 @@ class frmReduce : public Screen {
     StatePictures Pictures;
     std::vector<ReducePage*> Pages;  // counted from 0, as their controls are
     ReduceState State;
+    bool SettingUp = false;
 };
 
 }  // namespace Dorvane

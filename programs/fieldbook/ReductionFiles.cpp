@@ -29,6 +29,64 @@ void WriteLines(const std::string& path, const std::vector<std::string>& lines) 
     writer.Close();
 }
 
+std::string Beside(const std::string& resultPath, const std::string& extension) {
+    std::string folder;
+    std::string file;
+    SplitFolderFile(resultPath, folder, file);
+    return folder + BeforeFirstPoint(file) + extension;
+}
+
+bool TryToWrite(const std::string& what, const std::string& path, const std::vector<std::string>& lines,
+                std::vector<std::string>& errors) {
+    try {
+        WriteLines(path, lines);
+        return true;
+    } catch (const RunTimeError& error) {
+        errors.push_back("the " + what + " " + path + " cannot be written: " + error.Description);
+        return false;
+    }
+}
+
+void DeleteOld(const std::string& path, std::vector<std::string>& errors) {
+    try {
+        if (FileExists(path))
+            Drives::DeleteFile(path);
+    } catch (const RunTimeError& error) {
+        errors.push_back("the old file " + path + " cannot be deleted: " + error.Description);
+    }
+}
+
+// False when there is no result; an old one goes then, so that it does not pass for new.
+bool WriteResult(const RunOutput& output, std::vector<std::string>& errors) {
+    if (output.Result.empty() && errors.empty())
+        errors.push_back("nothing could be reduced, there is no result");
+    if (!output.Result.empty() && TryToWrite("result file", output.ResultPath, output.Result, errors))
+        return true;
+    DeleteOld(output.ResultPath, errors);
+    return false;
+}
+
+std::vector<std::string> ErrorFile(const RunOutput& output, bool hasResult,
+                                   const std::vector<std::string>& errors) {
+    constexpr std::size_t mostLines = 5;
+    std::vector<std::string> lines = errors;
+    const std::size_t named = std::min(output.Unreadable.size(), mostLines);
+    const auto first = output.Unreadable.begin();
+    for (const std::string& line : RemarkLines({first, first + static_cast<std::ptrdiff_t>(named)}))
+        lines.push_back(Trim(line));
+    if (named < output.Unreadable.size())
+        lines.push_back("and " + Counted(static_cast<long>(output.Unreadable.size() - named), "line") +
+                        " more that cannot be read");
+    lines.emplace_back();
+    if (hasResult) {
+        lines.push_back("The protocol is " + output.ProtocolPath);
+        return lines;
+    }
+    const std::vector<std::string> protocol = output.Protocol(errors);
+    lines.insert(lines.end(), protocol.begin(), protocol.end());
+    return lines;
+}
+
 }  // namespace
 
 ReductionFiles ReadReductionFiles(const std::string& name, std::size_t wanted) {
@@ -73,35 +131,23 @@ std::vector<std::string> ListFieldFiles(const ReductionFiles& files,
 }
 
 std::string ProtocolPath(const std::string& resultPath) {
-    std::string folder;
-    std::string file;
-    SplitFolderFile(resultPath, folder, file);
-    return folder + BeforeFirstPoint(file) + ".PRO";
+    return Beside(resultPath, ".PRO");
 }
 
-void WriteResult(const std::string& path, const std::vector<std::string>& lines,
-                 std::vector<std::string>& errors) {
-    try {
-        if (!lines.empty()) {
-            WriteLines(path, lines);
-            return;
-        }
-        if (errors.empty())
-            errors.push_back("nothing could be reduced, there is no result");
-        if (FileExists(path))
-            Drives::DeleteFile(path);
-    } catch (const RunTimeError& error) {
-        errors.push_back("the result file " + path + " cannot be written: " + error.Description);
-    }
+std::string ErrorPath(const std::string& resultPath) {
+    return Beside(resultPath, ".ERR");
 }
 
-void WriteProtocol(const std::string& path, const std::vector<std::string>& lines,
-                   std::vector<std::string>& errors) {
-    try {
-        WriteLines(path, lines);
-    } catch (const RunTimeError& error) {
-        errors.push_back("the protocol " + path + " cannot be written: " + error.Description);
-    }
+void WriteRunOutput(const RunOutput& output, std::vector<std::string>& errors) {
+    const std::string errorPath = ErrorPath(output.ResultPath);
+    DeleteOld(errorPath, errors);
+    const bool hasResult = WriteResult(output, errors);
+    if (hasResult)
+        TryToWrite("protocol", output.ProtocolPath, output.Protocol(errors), errors);
+    else
+        DeleteOld(output.ProtocolPath, errors);
+    if (!errors.empty())
+        TryToWrite("error file", errorPath, ErrorFile(output, hasResult, errors), errors);
 }
 
 int RunProgram(const std::string& program, const std::function<std::vector<std::string>()>& work) {

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "programs/fieldbook/ProtocolText.h"
+
 // What every reduction program does: it is started without an argument, finds its parameter file in the
 // folder `Param_path` of dv_tarvex.ini, and takes its field files from the survey index that the parameter
 // file names.
@@ -31,17 +33,27 @@ ReductionFiles ReadReductionFiles(const std::string& name, std::size_t wanted);
 std::vector<std::string> ListFieldFiles(const ReductionFiles& files,
                                         const std::vector<std::string>& extensions);
 
-/// The file beside a result file that tells how it came about: its name with the extension PRO.
+/// The files beside a result file, with its name: the protocol (extension PRO) that tells how the result came
+/// about, and the error file (extension ERR).
 std::string ProtocolPath(const std::string& resultPath);
+std::string ErrorPath(const std::string& resultPath);
 
-/// Writes a result file. Without any line there is none: an old one of that name goes too, so that nothing
-/// false stands beside the protocol, and the errors tell it unless they have told a reason.
-void WriteResult(const std::string& path, const std::vector<std::string>& lines,
-                 std::vector<std::string>& errors);
+/// What a run leaves. The system takes any file of its reduce list for a result, so a protocol stands there
+/// only beside a result; a run without one leaves the error file alone, which that list does not name.
+struct RunOutput {
+    std::string ResultPath;
+    std::string ProtocolPath;
+    std::vector<std::string> Result;  // lines; none: there is no result
+    std::vector<Remark> Unreadable;   // lines of the field files
+    /// Makes the protocol with the errors so far.
+    std::function<std::vector<std::string>(const std::vector<std::string>& errors)> Protocol;
+};
 
-/// Writes a protocol; that it could not be written is an error more.
-void WriteProtocol(const std::string& path, const std::vector<std::string>& lines,
-                   std::vector<std::string>& errors);
+/// Writes result and protocol. With errors it writes the error file too: first the errors and the first
+/// unreadable lines, then a blank line, then the protocol, or where it stands. Without a result the errors
+/// say so at least, and neither an old result nor an old protocol stays; without errors no old error file
+/// does. What cannot be written or deleted is an error more.
+void WriteRunOutput(const RunOutput& output, std::vector<std::string>& errors);
 
 /// Runs a program's work. Its failures, and the errors that it returns, go to the standard error output, a
 /// line each behind the program's name. The result is the exit code: 0 when there were none, else 1.

@@ -86,12 +86,14 @@ std::vector<std::string> RunLevelReduction() {
     LevelBook book;
     ReadFieldFiles(files, correction, book, errors);
     const LevelResult result = ReduceLevelBook(book);
-    const std::vector<std::string> lines = LevelResLines(result);
-    WriteResult(files.Line(3), lines, errors);
 
+    RunOutput output{files.Line(3), files.Line(4), LevelResLines(result), book.Unreadable, {}};
     const LevelProtocolHead head{Host::Now(), files.Folder(), FileOf(files.Index()), FileOf(files.Line(3)),
-                                 static_cast<long>(lines.size())};
-    WriteProtocol(files.Line(4), LevelProtocol(head, correction, book, result, errors), errors);
+                                 static_cast<long>(output.Result.size())};
+    output.Protocol = [&](const std::vector<std::string>& told) {
+        return LevelProtocol(head, correction, book, result, told);
+    };
+    WriteRunOutput(output, errors);
     return errors;
 }
 

@@ -20,8 +20,8 @@ StaffCorrection ReadStaffCorrection(const std::string& collimationPath, const st
 /// The levelling reduction from its parameter file LEVEL.PAR to the result file of line 3 and the protocol of
 /// line 4. Line 5 names the list of inverted points, lines 7 and 8 the calibrations of the level and of the
 /// staff. The field files are those with the extensions LEV (plain) and GSI in the survey index. Returns the
-/// errors; each stands in the protocol too. A run without any result leaves no result file, not even an old
-/// one. Raises what keeps it from knowing where its protocol belongs.
+/// errors; each stands in the protocol too. A run without any result leaves the error file alone, not even
+/// an old result. Raises what keeps it from knowing where its protocol belongs.
 std::vector<std::string> RunLevelReduction();
 
 }  // namespace Dorvane

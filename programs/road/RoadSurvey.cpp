@@ -9,6 +9,7 @@
 #include "datatree/basTree.h"
 #include "programs/road/RoadWalk.h"
 #include "reduction/ReduceTabs.h"
+#include "reduction/ReductionEnd.h"
 #include "reduction/ReductionRun.h"
 #include "upload/DataTypes.h"
 #include "upload/SurveyIndex.h"
@@ -107,12 +108,11 @@ void ReduceTheBook(Walk& walk) {
         if (state.Tabs[i].Extension == UpperCase(BehindFirstPoint(walk.FieldFile)))
             tab = i;
     walk.Need(tab != 0, "no tab has the extension of " + walk.FieldFile);
-    RunReduction(state, tab);
+    if (RunReduction(state, tab))
+        TellReductionEnd(state, tab);
     const ReductionState& result = state.Tabs[tab].Reduction;
     walk.Say("tab " + state.Tabs[tab].Name + ": state picture " + result.Picture.Picture);
-    // The protocol is listed among the results, and a run that failed leaves it alone.
-    walk.Need(result.Picture.Tag == "1" && FileExists(walk.SurveyFolder + "*.RES"),
-              "the program left no results; see its protocol in " + walk.SurveyFolder);
+    walk.Need(result.Picture.Tag == "1", "the program left no results");
     walk.Done();
 }
 

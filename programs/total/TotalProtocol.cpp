@@ -10,8 +10,8 @@ namespace Dorvane {
 namespace {
 
 void AddHead(Lines& lines, const TotalProtocolHead& head) {
-    lines.push_back("TOTAL STATION REDUCTION");
-    lines.push_back("=======================");
+    lines.push_back(head.Title);
+    lines.push_back(std::string(head.Title.size(), '='));
     lines.emplace_back();
     lines.push_back("Reduced          " + GeneralDate(head.Moment));
     lines.push_back("Survey folder    " + head.Folder);

@@ -11,6 +11,7 @@ namespace Dorvane {
 
 /// What the protocol's head tells.
 struct TotalProtocolHead {
+    std::string Title;  // "ANGLE REDUCTION"
     DateTime Moment;
     std::string Folder;
     std::string Index;   // of the survey, without folder

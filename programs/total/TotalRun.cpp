@@ -44,12 +44,15 @@ std::vector<std::string> RunBookReduction(const BookProgram& program) {
     std::vector<std::string> errors;
     ReadFieldFiles(files, book, errors);
     const TotalResult result = ReduceBook(book, program.Kind);
-    const std::vector<std::string> lines = ResultLines(result, program.Kind);
-    WriteResult(resultPath, lines, errors);
 
-    const TotalProtocolHead head{Host::Now(), files.Folder(), FileOf(files.Index()), FileOf(resultPath),
-                                 static_cast<long>(lines.size())};
-    WriteProtocol(protocolPath, TotalProtocol(head, book, result, errors), errors);
+    RunOutput output{resultPath, protocolPath, ResultLines(result, program.Kind), book.Unreadable, {}};
+    const TotalProtocolHead head{program.Title,      Host::Now(),
+                                 files.Folder(),     FileOf(files.Index()),
+                                 FileOf(resultPath), static_cast<long>(output.Result.size())};
+    output.Protocol = [&](const std::vector<std::string>& told) {
+        return TotalProtocol(head, book, result, told);
+    };
+    WriteRunOutput(output, errors);
     return errors;
 }
 

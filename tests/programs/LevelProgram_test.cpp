@@ -71,7 +71,8 @@ TEST(LevelProgram, FailsWithoutAResult) {
     EXPECT_EQ(end.ExitCode, 1);
     EXPECT_THAT(end.Errors, HasSubstr("nothing could be reduced"));
     EXPECT_FALSE(FileExists(site.Folder + "HDIFF.RES"));
-    EXPECT_THAT(FileContent(site.Folder + "HDIFF.PRO"), HasSubstr("line 1: no entry of a levelling book"));
+    EXPECT_FALSE(FileExists(site.Folder + "HDIFF.PRO"));
+    EXPECT_THAT(FileContent(site.Folder + "HDIFF.ERR"), HasSubstr("line 1: no entry of a levelling book"));
 }
 
 TEST(LevelProgram, FailsWithoutAParameterFile) {

@@ -14,6 +14,7 @@
 #include "core/basGeneral.h"
 #include "datatree/basRead.h"
 #include "datatree/basTree.h"
+#include "programs/fieldbook/ReductionFiles.h"
 #include "programs/total/TotalRun.h"
 #include "tests/programs/ChildProgram.h"
 #include "tests/support/ScriptedDesktop.h"
@@ -155,6 +156,10 @@ TEST_F(ShippedSite, GivesEachDataTypeATabWhoseProgramIsThere) {
             const List1<std::string> reduce = Words(Key(type, extension, "_Reduce"));
             ASSERT_GE(reduce.Count(), 2) << type.Name;
             EXPECT_TRUE(fs::exists(fs::path(DORVANE_PROGRAMS_FOLDER) / reduce[1])) << reduce[1];
+            // The list must not name the error file: any file that it names passes for a result.
+            const std::string errorFile = Key(type, extension, "_RedError");
+            EXPECT_EQ("X:\\" + errorFile, ErrorPath("X:\\" + reduce[2])) << type.Name;
+            EXPECT_FALSE(ContainsIgnoringCase(Key(type, extension, "_Reduce"), errorFile)) << type.Name;
         }
     }
 }

@@ -70,19 +70,86 @@ TEST(ListFieldFiles, RaisesAMissingAndACutIndex) {
 TEST(ProtocolPath, LiesBesideTheResultFile) {
     EXPECT_EQ(ProtocolPath("D:\\A\\TOTAL.RES"), "D:\\A\\TOTAL.PRO");
     EXPECT_EQ(ProtocolPath("D:\\A.B\\TOTAL"), "D:\\A.B\\TOTAL.PRO");
+    EXPECT_EQ(ErrorPath("D:\\A\\TOTAL.RES"), "D:\\A\\TOTAL.ERR");
 }
 
-TEST(WriteResult, LeavesNoOldResultWhereThereIsNone) {
-    ReductionSite site("TOTAL");
-    const std::string path = site.Folder + "TOTAL.RES";
-    PutFile(path, "old\r\n");
-    std::vector<std::string> errors;
-    WriteResult(path, {}, errors);
-    EXPECT_FALSE(FileExists(path));
-    EXPECT_THAT(errors, ElementsAre("nothing could be reduced, there is no result"));
-    WriteResult(path, {"one", "two"}, errors);
-    EXPECT_EQ(FileContent(path), "one\r\ntwo\r\n");
-    EXPECT_EQ(errors.size(), 1U);
+/// What a run has to write, into the survey folder of a site.
+struct OutputSite : ReductionSite {
+    OutputSite() : ReductionSite("TOTAL") {
+        Output.ResultPath = Folder + "TOTAL.RES";
+        Output.ProtocolPath = Folder + "TOTAL.PRO";
+        Output.Protocol = [](const std::vector<std::string>& errors) {
+            return std::vector<std::string>{"protocol", std::to_string(errors.size())};
+        };
+    }
+    std::vector<std::string> Written() const {
+        std::vector<std::string> names = AllFiles(Folder);
+        std::erase(names, "SRV01.IDX");
+        return names;
+    }
+    RunOutput Output;
+    std::vector<std::string> Errors;
+};
+
+TEST(WriteRunOutput, WritesResultAndProtocol) {
+    OutputSite site;
+    PutFile(site.Folder + "TOTAL.ERR", "of the run before");
+    site.Output.Result = {"one", "two"};
+    WriteRunOutput(site.Output, site.Errors);
+    EXPECT_THAT(site.Written(), ElementsAre("TOTAL.PRO", "TOTAL.RES"));
+    EXPECT_EQ(FileContent(site.Output.ResultPath), "one\r\ntwo\r\n");
+    EXPECT_EQ(FileContent(site.Output.ProtocolPath), "protocol\r\n0\r\n");
+    EXPECT_TRUE(site.Errors.empty());
+}
+
+TEST(WriteRunOutput, LeavesTheErrorFileAloneWithoutAResult) {
+    OutputSite site;
+    PutFile(site.Output.ResultPath, "old");
+    PutFile(site.Output.ProtocolPath, "old");
+    WriteRunOutput(site.Output, site.Errors);
+    EXPECT_THAT(site.Errors, ElementsAre("nothing could be reduced, there is no result"));
+    EXPECT_THAT(site.Written(), ElementsAre("TOTAL.ERR"));
+    EXPECT_EQ(FileContent(site.Folder + "TOTAL.ERR"),
+              "nothing could be reduced, there is no result\r\n\r\nprotocol\r\n1\r\n");
+}
+
+TEST(WriteRunOutput, KeepsTheReasonThatWasTold) {
+    OutputSite site;
+    site.Errors = {"no book"};
+    WriteRunOutput(site.Output, site.Errors);
+    EXPECT_THAT(site.Errors, ElementsAre("no book"));
+}
+
+TEST(WriteRunOutput, NamesTheFirstFiveUnreadableLinesInTheErrorFile) {
+    OutputSite site;
+    for (long line = 1; line <= 5; ++line)
+        site.Output.Unreadable.push_back({"A.GSI", line, "rubbish"});
+    WriteRunOutput(site.Output, site.Errors);
+    EXPECT_EQ(FileLines(site.Folder + "TOTAL.ERR").at(5), "A.GSI, line 5: rubbish");
+    EXPECT_EQ(FileLines(site.Folder + "TOTAL.ERR").at(6), "");
+    site.Output.Unreadable.push_back({"A.GSI", 6, "rubbish"});
+    WriteRunOutput(site.Output, site.Errors);
+    EXPECT_EQ(FileLines(site.Folder + "TOTAL.ERR").at(6), "and 1 line more that cannot be read");
+}
+
+TEST(WriteRunOutput, TellsTheErrorsBesideAResultAndWhereTheProtocolIs) {
+    OutputSite site;
+    site.Output.Result = {"one"};
+    site.Errors = {"a book is missing"};
+    WriteRunOutput(site.Output, site.Errors);
+    EXPECT_THAT(site.Written(), ElementsAre("TOTAL.ERR", "TOTAL.PRO", "TOTAL.RES"));
+    EXPECT_THAT(FileLines(site.Folder + "TOTAL.ERR"),
+                ElementsAre("a book is missing", "", "The protocol is " + site.Output.ProtocolPath));
+}
+
+TEST(WriteRunOutput, LeavesNoProtocolBesideAResultThatCannotBeWritten) {
+    OutputSite site;
+    site.Output.Result = {"one"};
+    MakeFolders(site.Output.ResultPath + "\\");
+    PutFile(site.Output.ProtocolPath, "old");
+    WriteRunOutput(site.Output, site.Errors);
+    EXPECT_THAT(site.Errors, ElementsAre(testing::HasSubstr("TOTAL.RES cannot be written")));
+    EXPECT_THAT(site.Written(), ElementsAre("TOTAL.ERR"));
 }
 
 TEST(Fixed, FillsItsFieldAndShowsAHyphenForNothing) {

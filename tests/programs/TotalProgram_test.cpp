@@ -10,8 +10,10 @@
 namespace Dorvane {
 namespace {
 
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
+using testing::StartsWith;
 using namespace Testing;
 
 const std::string Book =
@@ -37,6 +39,7 @@ TEST(TotalProgram, ReducesABookThroughItsParameterFile) {
               "P1               P2                 100.000000   100.000000     50.00000\r\n"
               "P1               P3                 200.000000   100.000000     40.00000\r\n");
     const std::string protocol = FileContent(site.Folder + "TOTAL.PRO");
+    EXPECT_THAT(protocol, StartsWith("TOTAL STATION REDUCTION\r\n=======================\r\n"));
     EXPECT_THAT(protocol, HasSubstr("DAM.GSI, line 4: the first word is no word of 8 characters"));
     EXPECT_THAT(protocol, HasSubstr("Station P1, 1 round"));
     EXPECT_THAT(protocol, HasSubstr("1 set-up on 1 station, 4 sights, 2 station-target pairs"));
@@ -88,7 +91,8 @@ TEST(TotalProgram, FailsWhenTheIndexListsNoBook) {
     EXPECT_EQ(end.ExitCode, 1);
     EXPECT_THAT(end.Errors, HasSubstr("lists no GSI file"));
     EXPECT_FALSE(FileExists(site.Folder + "TOTAL.RES")) << "an old result must not pass for a new one";
-    EXPECT_THAT(FileContent(site.Folder + "TOTAL.PRO"), HasSubstr("lists no GSI file"));
+    EXPECT_FALSE(FileExists(site.Folder + "TOTAL.PRO")) << "a protocol stands beside a result alone";
+    EXPECT_THAT(FileLines(site.Folder + "TOTAL.ERR").at(0), HasSubstr("lists no GSI file"));
 }
 
 TEST(TotalProgram, NamesAMissingBookAndReducesTheRest) {
@@ -102,6 +106,9 @@ TEST(TotalProgram, NamesAMissingBookAndReducesTheRest) {
     EXPECT_THAT(end.Errors, HasSubstr("GONE.GSI cannot be read"));
     EXPECT_EQ(FileLines(site.Folder + "TOTAL.RES").size(), 2U);
     EXPECT_THAT(FileContent(site.Folder + "TOTAL.PRO"), HasSubstr("GONE.GSI cannot be read"));
+    EXPECT_THAT(FileLines(site.Folder + "TOTAL.ERR"),
+                ElementsAre(HasSubstr("GONE.GSI cannot be read"), HasSubstr("DAM.GSI, line 4"), "",
+                            "The protocol is " + site.Folder + "TOTAL.PRO"));
 }
 
 TEST(TotalProgram, LivesThroughBinaryAndEmptyBooks) {
@@ -116,7 +123,8 @@ TEST(TotalProgram, LivesThroughBinaryAndEmptyBooks) {
     EXPECT_EQ(end.ExitCode, 1);
     EXPECT_THAT(end.Errors, HasSubstr("nothing could be reduced"));
     EXPECT_FALSE(FileExists(site.Folder + "TOTAL.RES"));
-    const std::string protocol = FileContent(site.Folder + "TOTAL.PRO");
+    EXPECT_FALSE(FileExists(site.Folder + "TOTAL.PRO"));
+    const std::string protocol = FileContent(site.Folder + "TOTAL.ERR");
     EXPECT_THAT(protocol, HasSubstr("Unreadable lines"));
     EXPECT_THAT(protocol, Not(HasSubstr(std::string(1, '\0'))));
 }
@@ -128,7 +136,7 @@ TEST(TotalProgram, SaysWhenTheResultCannotBeWritten) {
     const ChildEnd end = RunChild(site.Site, "TOTRED.EXE");
     EXPECT_EQ(end.ExitCode, 1);
     EXPECT_THAT(end.Errors, HasSubstr("the result file D:\\NOWHERE\\TOTAL.RES cannot be written"));
-    EXPECT_THAT(end.Errors, HasSubstr("the protocol D:\\NOWHERE\\TOTAL.PRO cannot be written"));
+    EXPECT_THAT(end.Errors, HasSubstr("the error file D:\\NOWHERE\\TOTAL.ERR cannot be written"));
 }
 
 TEST(AngleProgram, WritesAnglesAlone) {
@@ -139,7 +147,7 @@ TEST(AngleProgram, WritesAnglesAlone) {
     EXPECT_EQ(FileContent(site.Folder + "ANGLE.RES"),
               "P1               P2                 100.000000   100.000000\r\n"
               "P1               P3                 200.000000   100.000000\r\n");
-    EXPECT_TRUE(FileExists(site.Folder + "ANGLE.PRO"));
+    EXPECT_THAT(FileContent(site.Folder + "ANGLE.PRO"), StartsWith("ANGLE REDUCTION\r\n===============\r\n"));
 }
 
 TEST(DistanceProgram, WritesDistancesAlone) {
@@ -153,7 +161,8 @@ TEST(DistanceProgram, WritesDistancesAlone) {
     EXPECT_EQ(FileContent(site.Folder + "DIST.RES"),
               "P1               P2                   50.00000\r\n"
               "P1               P3                   40.00000\r\n");
-    EXPECT_TRUE(FileExists(site.Folder + "DIST.PRO"));
+    EXPECT_THAT(FileContent(site.Folder + "DIST.PRO"),
+                StartsWith("DISTANCE REDUCTION\r\n==================\r\n"));
 }
 
 }  // namespace

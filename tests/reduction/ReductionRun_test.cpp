@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "core/basGeneral.h"
+#include "reduction/ReductionEnd.h"
 #include "tests/reduction/ReductionSite.h"
 
 namespace Dorvane::Testing {
@@ -136,15 +137,102 @@ TEST_F(RunReductionTest, SaysWhenTheProgramIsNotThere) {
     EXPECT_FALSE(FileExists(Folder + "ONE.RES"));
     EXPECT_TRUE(FileExists("C:\\TARVEX\\PARAM\\FAKE.PAR"));
     EXPECT_EQ(reduction.ResultFiles, Words{"ONE.RES"});  // the tab is not redrawn
+    EXPECT_EQ(ReductionStatus(State.Tabs[1]),
+              "The reduction program is missing, the old results are deleted");
+    TellReductionEnd(State, 1);
+    EXPECT_EQ(Desktop.Shown.size(), 1U);
     EXPECT_EQ(Global().CurrentDrive, 'D');
 }
 
-TEST_F(RunReductionTest, IsSilentAboutAProgramThatCannotBeStarted) {
+TEST_F(RunReductionTest, TellsOnlyTheLackOfResultsOfAProgramThatCannotBeStarted) {
     PutFile("P:\\DORVANE\\Programs\\BROKEN.EXE", "no program");
     Configure("angle fake.par", "broken.exe one.res two.res");
     Put("ONE.RES", "old");
     EXPECT_EQ(Reduced().Picture.Tag, "0");
     EXPECT_TRUE(Desktop.Shown.empty());
+    Desktop.ExpectMessage("No Reduction Results",
+                          "BROKEN.EXE has left no results in " + Folder +
+                              " .\r\n\r\nIt tells no reason.  It was perhaps not started, or it broke off.");
+    TellReductionEnd(State, 1);
+    EXPECT_EQ(Desktop.Shown[0].Picture, Icon::Exclamation);
+    EXPECT_EQ(ReductionStatus(State.Tabs[1]), "The last reduction left no results");
+}
+
+TEST_F(RunReductionTest, TellsNothingOfAGoodRunOrOfNone) {
+    Reduced();
+    TellReductionEnd(State, 1);
+    EXPECT_EQ(ReductionStatus(State.Tabs[1]), "2 result files, up to date");
+    EXPECT_TRUE(SetupReduceTabs(Folder, State));
+    TellReductionEnd(State, 1);
+    EXPECT_TRUE(Desktop.Shown.empty());
+}
+
+/// A program of another house, which tells its errors in OWN.TXT.
+struct ToldErrors : RunReductionTest {
+    ToldErrors() {
+        Configure("angle fake.par", "fakered.exe one.res two.res\r\nLEV_RedError=own.txt");
+        Put("OWN.TXT", "of the run before");
+    }
+    // A run that leaves no results, or some, and this error file.
+    void Run(const std::string& errors, bool results = false) {
+        if (!results)
+            Put("FAIL.TXT", "");
+        Desktop.OnRun = [=](const std::string&) {
+            EXPECT_FALSE(FileExists(Folder + "OWN.TXT"));
+            Put("OWN.TXT", errors);
+        };
+        Reduced();
+        Desktop.ExpectMessageTitled(results ? "Reduction Errors" : "No Reduction Results");
+        TellReductionEnd(State, 1);
+        const std::string& text = Desktop.Shown.back().Text;
+        const std::string end = "\r\nAll of it stands in " + Folder + "OWN.TXT";
+        ASSERT_TRUE(text.ends_with(end)) << text;
+        const std::size_t start = text.find("\r\n\r\n") + 4;
+        Told = text.substr(start, text.size() - end.size() - start);
+    }
+    std::string Told;
+};
+
+TEST_F(ToldErrors, AreShownUpToTheFirstBlankLine) {
+    Run("\r\nno staff\r\nno level\r\n\r\nmore\r\n");
+    EXPECT_EQ(Told, "no staff\r\nno level\r\n");
+    EXPECT_EQ(ReductionStatus(State.Tabs[1]), "The last reduction left no results, see OWN.TXT");
+}
+
+TEST_F(ToldErrors, AreCutAtTenLinesOfAHundredAndFiftyCharacters) {
+    std::string lines;
+    for (int i = 1; i <= 11; ++i)
+        lines += std::to_string(i) + std::string(i == 2 ? 150 : 1, '\x01') + "\n";
+    Run(lines);
+    EXPECT_EQ(Told, "1.\r\n2" + std::string(149, '.') +
+                        " ...\r\n3.\r\n4.\r\n5.\r\n6.\r\n7.\r\n8.\r\n9.\r\n10.\r\n");
+}
+
+TEST_F(ToldErrors, AreShownBesideResultsToo) {
+    Run("one book is missing\n", true);
+    EXPECT_EQ(Told, "one book is missing\r\n");
+    EXPECT_EQ(ReductionStatus(State.Tabs[1]), "2 result files, up to date, with errors, see OWN.TXT");
+}
+
+TEST_F(ToldErrors, AreStillNamedWhenTheFolderIsOpenedAnew) {
+    Run("no staff\n");
+    EXPECT_TRUE(SetupReduceTabs(Folder, State));
+    EXPECT_EQ(ReductionStatus(State.Tabs[1]), "The last reduction left no results, see OWN.TXT");
+    Put("OWN.TXT", "");
+    EXPECT_TRUE(SetupReduceTabs(Folder, State));
+    EXPECT_EQ(ReductionStatus(State.Tabs[1]), "Not reduced yet");
+}
+
+TEST_F(RunReductionTest, ShowsThatTheOldResultsAreGoneWhenTheParameterFileFails) {
+    Configure("");
+    Put("ONE.RES", "old");
+    Desktop.ExpectMessageTitled("Program Error");
+    EXPECT_EQ(Reduced().Picture, (StatePicture{"X.ICO", "0"}));
+    EXPECT_TRUE(State.Tabs[1].Reduction.ResultFiles.Empty());
+    EXPECT_EQ(ReductionStatus(State.Tabs[1]),
+              "The reduction was stopped before its program, there are no results");
+    TellReductionEnd(State, 1);
+    EXPECT_EQ(Desktop.Shown.size(), 1U);
 }
 
 TEST_F(RunReductionTest, RunsNothingWithoutAParameterFile) {

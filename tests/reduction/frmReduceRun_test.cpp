@@ -61,6 +61,8 @@ TEST_F(ReductionRunScreen, TakesTheEpochThatIsChosenOnTheTab) {
                "LEV_Param=level fake.par p3.dat p4.dat"});
     Desktop.RunsPrograms = false;
     frmReduce& screen = Open();
+    Desktop.ExpectMessageTitled("No Reduction Results");
+    Desktop.ExpectMessageTitled("No Reduction Results");
     Click(screen, "cmdReduce0");
     EXPECT_EQ(FileLines("C:\\TARVEX\\PARAM\\FAKE.PAR")[5], "D:\\TARVEX\\CALIB\\STAFF\\E2026\\");
     Control<QComboBox>(screen, "cmbCalibEpoch0").setCurrentIndex(0);
@@ -90,6 +92,7 @@ TEST_F(ReductionRunScreen, ShowsAProgramThatLeavesNothingAsNoResults) {
     Put("FAIL.TXT", "");
     frmReduce& screen = Open();
     EXPECT_EQ(TagOf(screen, "imgReduction0"), "1");
+    Desktop.ExpectMessageTitled("No Reduction Results");
     Click(screen, "cmdReduce0");
     EXPECT_EQ(TagOf(screen, "imgReduction0"), "0");
     EXPECT_TRUE(Items(screen, "lstReductionResults0").empty());
@@ -104,6 +107,7 @@ TEST_F(ReductionRunScreen, ShowsAProgramThatCrashesAsNoResults) {
     Configure({"LEV_Reduce=crash.exe one.res", "LEV_Param=total fake.par"});
     Put("ONE.RES", "old");
     frmReduce& screen = Open();
+    Desktop.ExpectMessageTitled("No Reduction Results");
     Click(screen, "cmdReduce0");
     EXPECT_EQ(Desktop.Started, Texts{"P:\\DORVANE\\Programs\\CRASH.EXE"});
     EXPECT_EQ(TagOf(screen, "imgReduction0"), "0");
@@ -115,6 +119,7 @@ TEST_F(ReductionRunScreen, ShowsAProgramThatCannotBeStartedAsNoResults) {
     Configure({"LEV_Reduce=broken.exe one.res", "LEV_Param=total fake.par"});
     Put("ONE.RES", "old");
     frmReduce& screen = Open();
+    Desktop.ExpectMessageTitled("No Reduction Results");
     Click(screen, "cmdReduce0");
     EXPECT_EQ(TagOf(screen, "imgReduction0"), "0");
 }
@@ -141,6 +146,8 @@ TEST_F(ReductionRunScreen, SaysWhenTheProgramIsMissingAndDoesNotDrawTheTabAnew) 
     EXPECT_EQ(TagOf(screen, "imgReduction0"), "1");
     EXPECT_EQ(Items(screen, "lstReductionResults0"), Texts{"ONE.RES"});
     EXPECT_EQ(Control<QListWidget>(screen, "lstReductionResults0").selectedItems().size(), 1);
+    EXPECT_EQ(TextOf(screen, "sbrReducePanel1"),
+              "The reduction program is missing, the old results are deleted");
 }
 
 TEST_F(ReductionRunScreen, TouchesNothingWhenTheIndexIsRefused) {
@@ -165,15 +172,48 @@ TEST_F(ReductionRunScreen, TouchesNothingWhenTheIndexListsNoFiles) {
     EXPECT_EQ(Items(screen, "lstReductionResults0"), Texts{"ONE.RES"});
 }
 
-TEST_F(ReductionRunScreen, ReportsAMissingParameterKeyAndShowsTheTabAsItWas) {
+TEST_F(ReductionRunScreen, DrawsTheTabBeforeItTellsThatThereAreNoResults) {
+    Put("ONE.RES", "old");
+    Put("FAIL.TXT", "");
+    frmReduce& screen = Open();
+    std::string tag;
+    bool waiting = true;
+    Desktop.ExpectMessageTitled("No Reduction Results");
+    Desktop.OnMessage = [&] {
+        tag = TagOf(screen, "imgReduction0");
+        waiting = QGuiApplication::overrideCursor() != nullptr;
+    };
+    Click(screen, "cmdReduce0");
+    EXPECT_EQ(tag, "0");
+    EXPECT_FALSE(waiting);
+    EXPECT_EQ(TextOf(screen, "sbrReducePanel1"), "The last reduction left no results");
+}
+
+TEST_F(ReductionRunScreen, TellsTheEndOfARunOnce) {
+    Put("FAIL.TXT", "");
+    frmReduce& screen = Open();
+    Desktop.ExpectMessageTitled("No Reduction Results");
+    Click(screen, "cmdReduce0");
+    Put(Index, IndexHead);
+    Desktop.ExpectMessageTitled("No Files Exist");
+    Click(screen, "cmdReduce0");
+    EXPECT_EQ(Desktop.Shown.size(), 2U);
+    EXPECT_EQ(TextOf(screen, "sbrReducePanel1"), "The last reduction left no results");
+}
+
+TEST_F(ReductionRunScreen, ReportsAMissingParameterKeyAndShowsThatTheResultsAreGone) {
     Configure({"LEV_Reduce=fakered.exe one.res"});
+    Put("ONE.RES", "old");
     frmReduce& screen = Open();
     Desktop.ExpectMessageTitled("Program Error");
     Click(screen, "cmdReduce0");
     EXPECT_TRUE(Tells(Desktop.Shown[0], "Error : 9"));
     EXPECT_TRUE(Tells(Desktop.Shown[0], "-basReduce-WriteParamFile"));
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-    EXPECT_EQ(TextOf(screen, "sbrReducePanel1"), "Not reduced yet");
+    EXPECT_EQ(TagOf(screen, "imgReduction0"), "0");
+    EXPECT_TRUE(Items(screen, "lstReductionResults0").empty());
+    EXPECT_EQ(TextOf(screen, "sbrReducePanel1"),
+              "The reduction was stopped before its program, there are no results");
 }
 
 TEST_F(ReductionRunScreen, SurvivesAFolderThatVanishes) {
@@ -182,6 +222,7 @@ TEST_F(ReductionRunScreen, SurvivesAFolderThatVanishes) {
     frmReduce& screen = Open();
     std::filesystem::remove_all(Drives::HostPath(Folder));
     Desktop.ExpectMessageTitled("Missing Survey Index File", Answer::No);
+    Desktop.ExpectMessageTitled("No Reduction Results");
     Click(screen, "cmdReduce0");
     EXPECT_TRUE(screen.isVisible());
     EXPECT_EQ(TagOf(screen, "imgReduction0"), "0");

@@ -60,6 +60,29 @@ TEST_F(frmReduceWays, DoesNothingForAnyOtherPathType) {
     EXPECT_TRUE(Navigator.Calls.empty());
 }
 
+TEST_F(frmReduceWays, ProposesTheTabThatWasUsedLastForTheDataType) {
+    ConfigureTabs(3);
+    frmReduce& screen = Open();
+    EXPECT_EQ(Tabs(screen).Current(), 0);
+    EXPECT_EQ(IniReadString("dv_tarvex.ini", "Reduction Tabs", "LEVEL"), "") << "nothing was chosen yet";
+    Click(screen, "tab2");
+    EXPECT_EQ(IniReadString("dv_tarvex.ini", "Reduction Tabs", "LEVEL"), "E3");
+    screen.Unload();
+    HandleEvents();
+    frmReduce& again = Open();
+    EXPECT_EQ(Tabs(again).Current(), 2);
+    EXPECT_TRUE(IsShown(again, "cmdReduce2"));
+    EXPECT_EQ(IniReadString("dv_tarvex.ini", "Reduction Tabs", "LEVEL"), "E3");
+}
+
+TEST_F(frmReduceWays, ProposesTheFirstTabWhereTheMemoryNamesNone) {
+    ConfigureTabs(3);
+    IniWriteString("dv_tarvex.ini", "Reduction Tabs", "LEVEL", "GONE");
+    IniWriteString("dv_tarvex.ini", "Reduction Tabs", "TOTAL", "E3");
+    EXPECT_EQ(Tabs(Open()).Current(), 0);
+    EXPECT_EQ(IniReadString("dv_tarvex.ini", "Reduction Tabs", "LEVEL"), "GONE");
+}
+
 struct ByHand : frmReduceTest {
     ByHand() {
         Global().Path_type = 2;
