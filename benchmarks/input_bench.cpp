@@ -54,7 +54,7 @@ void CreateInputOf30000Observations(benchmark::State& state) {
     MakeFolders(Job);
     Global().Path_type = 1;
     InputServices services;
-    services.PickFolder = [](const std::string&, const std::string&, std::string& folder) { folder = Job; };
+    services.PickFolder = [](const std::string&, const std::string&) { return Job; };
     InputScreen screen;
     {
         ScriptedDesktop desktop;

@@ -17,6 +17,8 @@ namespace Dorvane {
 
 namespace {
 
+constexpr const char* NotWritten = "Input file NOT written";
+
 bool MayOverwrite(const std::string& name) {
     const Message question{
         .Text = "File " + name + ".INP already exists in the choosen path!  Do you wish to overwrite?",
@@ -27,25 +29,30 @@ bool MayOverwrite(const std::string& name) {
     return TheDesktop().ShowMessage(question) == Answer::Yes;
 }
 
-// Writes the input file, its master and the summary under a name in the chosen folder. False when their
-// headers could not be written, which has been told.
+// Composes the four files under a name in the chosen folder and puts them in their places together; only then
+// they are the files in hand. False when one could not be written, which has been told.
 bool WriteFiles(Guard& guard, InputScreen& screen, const InputServices& services,
                 const std::string& inputName) {
     const std::string& folder = screen.lblDirectory;
+    const std::string name = BeforeFirstPoint(inputName);
     const ObservationModel& model = screen.Model;
-    const std::string orgName = BeforeFirstPoint(inputName) + ".ORG";
     InputFiles files;
-    if (!WriteInputHeader(files, folder, inputName, orgName, screen.txtProject, screen.txtTask)) {
+    if (!WriteInputHeader(files, folder, inputName, name + ".ORG", screen.txtProject, screen.txtTask)) {
         services.ShowStatus("Error writing header to input file");
         ShowWarning("Problem writing header to input file.  Can not continue.", "Error Writing Input File");
         return false;
     }
-    WriteSummaryHeader(folder, inputName, model.Points, screen.txtProject, screen.txtTask);
+    if (!WriteSummaryHeader(files, folder, inputName, model.Points, screen.txtProject, screen.txtTask)) {
+        services.ShowStatus(NotWritten);
+        return false;
+    }
     TheDesktop().YieldEvents();
-    screen.lblFileName = inputName;
     WriteInputSections(files, model);
+    WriteVersionSkeleton(files, folder + name + ".VER");
     TheDesktop().YieldEvents();
     CloseInputFiles(guard, files);
+    screen.lblFileName = inputName;
+    screen.FileFolder = folder;
     return true;
 }
 
@@ -62,22 +69,26 @@ void Create(Guard& guard, InputScreen& screen, const InputServices& services) {
     const std::string inputName = GetInputFileName(screen.lblDirectory);
     if (inputName.empty())
         return;  // the animation stays on; meant
-    if (!WriteFiles(guard, screen, services, inputName))
-        return;
+    const bool written = WriteFiles(guard, screen, services, inputName);
     services.ShowAnimation(false);
+    if (!written)
+        return;
     services.ShowHourglass(false);
     services.ShowStatus("Input file completed");
     ShowInformation("Input file completed", "Input File Creation");
     screen.cmdEditEnabled = true;
     screen.cmdPrintEnabled = screen.cmdPrintEnabled || Global().PrinterPresent;
-    const std::string versionPath = screen.lblDirectory + BeforeFirstPoint(inputName) + ".VER";
-    guard.Run([&] { WriteVersionSkeleton(versionPath); });
 }
 
 }  // namespace
 
 void CreateInputFile(InputScreen& screen, const InputServices& services) {
-    Guarded("frmInput-cmdCreate_Click", [&](Guard& guard) { Create(guard, screen, services); });
+    const bool ended =
+        Guarded("frmInput-cmdCreate_Click", [&](Guard& guard) { Create(guard, screen, services); });
+    if (!ended) {
+        services.ShowAnimation(false);
+        services.ShowStatus(NotWritten);
+    }
     services.ShowHourglass(false);
     EmptyModel(screen.Model);
 }
@@ -93,17 +104,12 @@ bool SetupCreateInput(InputScreen& screen, const InputServices& services, std::i
             return;
         }
         services.ShowStatus("Creating VARN input file");
-        const std::string caption = "VARN input file location";
-        if (Global().Path_type == 1) {
-            const std::string lastPath = LastTreePath();
-            services.PickFolder(caption, ProposePath(lastPath, "ADJUST"), screen.lblDirectory);
-        } else {
-            const std::string lastPath = LastManualPath();
-            const std::string folder = BrowseForFolder(lastPath, "VarnInput", caption);
-            if (!folder.empty())
-                screen.lblDirectory = folder;
-        }
-        ready = !screen.lblDirectory.empty();
+        const std::optional<std::string> folder = ChooseFolder(
+            services, "VARN input file location", ProposePath(LastTreePath(), "ADJUST"), "VarnInput");
+        if (!folder)
+            return;  // the folder shown may be one of reduced data, where no input belongs
+        screen.lblDirectory = *folder;
+        ready = !folder->empty();
     });
     return ready;
 }

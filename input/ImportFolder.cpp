@@ -49,20 +49,16 @@ ResDates CompareListed(const std::string& folder, const List1<std::string>& word
 // Asks for the folder and puts it into lblDirectory. False when the operator gave none.
 bool AskFolder(InputScreen& screen, const InputServices& services, const InputType& type,
                const List1<std::string>& locations) {
-    const std::string caption = "Input " + type.Name + " field data from";
-    if (Global().Path_type == 1) {
-        std::string path = LastTreePath();
-        if (locations.Count() == 1)
-            path = ProposePath(path, locations[1]);
-        services.PickFolder(caption, path, screen.lblDirectory);
-        return !screen.lblDirectory.empty();
-    }
-    std::string folder = BrowseForFolder(LastManualPath(), "RES", caption);
-    if (folder.empty())
+    std::string path = LastTreePath();
+    if (locations.Count() == 1)
+        path = ProposePath(path, locations[1]);
+    std::optional<std::string> folder =
+        ChooseFolder(services, "Input " + type.Name + " field data from", path, "RES");
+    if (!folder)
         return false;
-    if (FolderExists(folder))
-        StoreLastManualPath(folder);
-    screen.lblDirectory = folder;
+    if (Global().Path_type != 1 && FolderExists(*folder))
+        StoreLastManualPath(*folder);
+    screen.lblDirectory = *folder;
     return true;
 }
 
@@ -127,6 +123,14 @@ std::string ProposePath(const std::string& lastPath, const std::string& word) {
     List1<std::string> parts;
     const std::int16_t count = SplitPathParts(lastPath, parts);
     return count >= 5 ? ReplaceFirst(lastPath, parts[count - 1], word) : lastPath;
+}
+
+std::optional<std::string> ChooseFolder(const InputServices& services, const std::string& caption,
+                                        const std::string& treePath, const std::string& proposedName) {
+    if (Global().Path_type == 1)
+        return services.PickFolder(caption, treePath);
+    const std::string folder = BrowseForFolder(LastManualPath(), proposedName, caption);
+    return folder.empty() ? std::nullopt : std::optional(folder);
 }
 
 void ImportFolder(InputScreen& screen, const InputServices& services) {

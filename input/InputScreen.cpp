@@ -91,6 +91,10 @@ std::vector<ListEntry> CoordDirectoryEntries(const List1<PathRecord>& records) {
     return entries;
 }
 
+std::string FileInHand(const InputScreen& screen) {
+    return screen.lblFileName.empty() ? "" : screen.FileFolder + screen.lblFileName;
+}
+
 void ClickInputNode(InputScreen& screen, const std::string& key) {
     Guarded("frmInput-trvInput_NodeClick", [&](Guard&) {
         std::string folder = key;
@@ -106,15 +110,15 @@ void ClickInputNode(InputScreen& screen, const std::string& key) {
 
 void EditInputFile(const InputScreen& screen) {
     Guarded("frmInput-cmdEdit_Click", [&](Guard& guard) {
-        const std::string path = screen.lblDirectory + screen.lblFileName;
-        if (!screen.lblFileName.empty() && FileExists(path))
+        const std::string path = FileInHand(screen);
+        if (FileExists(path))
             guard.Run([&] { TheDesktop().StartProgram(ReadGeneralEditor().Program() + " " + path); });
     });
 }
 
 void PrintInputFile(const InputScreen& screen) {
     if (!screen.lblFileName.empty())
-        PrintGenFile(screen.lblDirectory, screen.lblFileName, screen.lblDirectory);
+        PrintGenFile(screen.FileFolder, screen.lblFileName, screen.FileFolder);
 }
 
 }  // namespace Dorvane

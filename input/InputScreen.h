@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,7 @@ struct InputScreen {
     std::string txtTask;
     std::string lblDirectory;  // the folder chosen last
     std::string lblFileName;   // the input file in hand
+    std::string FileFolder;    // where the input file in hand lies
     bool cmdEditEnabled = false;
     bool cmdPrintEnabled = false;
 };
@@ -47,10 +49,9 @@ struct InputServices {
     /// Shows a text in panel 1 of the status bar.
     std::function<void(const std::string& text)> ShowStatus = [](const std::string&) {};
 
-    /// Shows the folder tree under a caption, modally, opened at a path. Its OK puts the chosen folder into
-    /// the label, its Cancel empties the label.
-    std::function<void(const std::string& caption, const std::string& path, std::string& lblDirectory)>
-        PickFolder;
+    /// Shows the folder tree under a caption, modally, opened at a path. The folder that its OK chose; nothing
+    /// after its Cancel.
+    std::function<std::optional<std::string>(const std::string& caption, const std::string& path)> PickFolder;
 
     MakeCoordinateSource MakeSource;
 
@@ -66,6 +67,10 @@ void OpenInputScreen(InputScreen& screen, const List1<PathRecord>& records, cons
 /// The entries of lstCoordDirectorys: "User Defined", then root, backslash and location of the first record
 /// and of each whose location differs from that of the record before it.
 std::vector<ListEntry> CoordDirectoryEntries(const List1<PathRecord>& records);
+
+/// The path of the input file in hand, which stays that of the file that was made when another folder is
+/// chosen; empty when there is none.
+std::string FileInHand(const InputScreen& screen);
 
 /// The click of a node of trvInput. On a folder it offers to edit the folder's *.RES files, one after another
 /// in the general editor, or to remove the folder; on an input type it selects the type. Reports as

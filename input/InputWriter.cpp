@@ -2,8 +2,7 @@
 #include "input/InputWriter.h"
 
 #include "core/Globals.h"
-#include "core/LineWriter.h"
-#include "core/ReplaceFiles.h"
+#include "core/ReportError.h"
 #include "input/InputRows.h"
 
 namespace Dorvane {
@@ -11,10 +10,6 @@ namespace Dorvane {
 namespace {
 
 constexpr const char* SectionEnd = "END";
-
-void AddLine(std::string& text, std::string_view line) {
-    text.append(line).append("\r\n");
-}
 
 std::string HeaderText(const std::string& project, const std::string& task) {
     std::string text;
@@ -29,43 +24,38 @@ std::string HeaderText(const std::string& project, const std::string& task) {
     return text;
 }
 
-// Opening for output fails at once where a file could not be written; dropped, it leaves nothing behind.
-void TestOpening(const std::string& path) {
-    const LineWriter opened(path);
-}
-
 void AddStation(InputFiles& files, const ObsStation& station) {
     const bool placed = station.HasCoords != SwitchOff;
-    AddLine(files.InpText,
+    AddLine(files.Inp.Content,
             placed ? InpCoordinates(station.Name, station.X, station.Y, station.Z) : InpName(station.Name));
-    AddLine(files.OrgText, placed ? OrgCoordinates("STA", station.Name, station.X, station.Y, station.Z)
-                                  : OrgName("STA", station.Name));
+    AddLine(files.Org.Content, placed ? OrgCoordinates("STA", station.Name, station.X, station.Y, station.Z)
+                                      : OrgName("STA", station.Name));
 }
 
 void AddStations(InputFiles& files, const ObservationModel& model) {
-    AddLine(files.InpText, "Theodolite Stations");
+    AddLine(files.Inp.Content, "Theodolite Stations");
     for (const bool placed : {true, false})
         for (const ObsStation& station : model.Stations)
             if (station.Use != SwitchOff && (station.HasCoords != SwitchOff) == placed)
                 AddStation(files, station);
-    AddLine(files.InpText, SectionEnd);
+    AddLine(files.Inp.Content, SectionEnd);
 }
 
 void AddPoint(InputFiles& files, const ObsPoint& point) {
     const bool placed = point.CoordSource != 0;
-    AddLine(files.InpText,
+    AddLine(files.Inp.Content,
             placed ? InpCoordinates(point.Name, point.X, point.Y, point.Z) : InpName(point.Name));
-    AddLine(files.OrgText, placed ? OrgCoordinates("PTS", point.Name, point.X, point.Y, point.Z)
-                                  : OrgName("PTS", point.Name));
+    AddLine(files.Org.Content, placed ? OrgCoordinates("PTS", point.Name, point.X, point.Y, point.Z)
+                                      : OrgName("PTS", point.Name));
 }
 
 void AddPoints(InputFiles& files, const ObservationModel& model) {
-    AddLine(files.InpText, "Object Points");
+    AddLine(files.Inp.Content, "Object Points");
     for (const int source : {4, 3, 2, 1, 0})
         for (const ObsPoint& point : model.Points)
             if (point.CoordSource == source && point.Switch1 != SwitchOff && point.Switch2 != SwitchOff)
                 AddPoint(files, point);
-    AddLine(files.InpText, SectionEnd);
+    AddLine(files.Inp.Content, SectionEnd);
 }
 
 // What each kind of observation gives to a section. A polar observation has its one row of the master at the
@@ -74,8 +64,8 @@ template <class Polar>
 void AddPolarDistance(InputFiles& files, const Polar& observation) {
     if (observation.UseD == SwitchOff)
         return;
-    AddLine(files.InpText, InpDistance(observation));
-    AddLine(files.OrgText, OrgRow(observation));
+    AddLine(files.Inp.Content, InpDistance(observation));
+    AddLine(files.Org.Content, OrgRow(observation));
 }
 void AddDistance(InputFiles& files, const TotalObs& observation) {
     AddPolarDistance(files, observation);
@@ -86,8 +76,8 @@ void AddDistance(InputFiles& files, const TrackerObs& observation) {
 void AddDistance(InputFiles& files, const DistanceObs& observation) {
     if (observation.Use == SwitchOff)
         return;
-    AddLine(files.InpText, InpDistance(observation));
-    AddLine(files.OrgText, OrgRow(observation));
+    AddLine(files.Inp.Content, InpDistance(observation));
+    AddLine(files.Org.Content, OrgRow(observation));
 }
 void AddDistance(InputFiles&, const AngleObs&) {}
 void AddDistance(InputFiles&, const HeightObs&) {}
@@ -95,25 +85,25 @@ void AddDistance(InputFiles&, const HeightObs&) {}
 void AddHeight(InputFiles& files, const HeightObs& observation) {
     if (observation.Use == SwitchOff)
         return;
-    AddLine(files.InpText, InpHeight(observation));
-    AddLine(files.OrgText, OrgRow(observation));
+    AddLine(files.Inp.Content, InpHeight(observation));
+    AddLine(files.Org.Content, OrgRow(observation));
 }
 template <class Other>
 void AddHeight(InputFiles&, const Other&) {}
 
 void AddAngles(InputFiles& files, const TotalObs& observation) {
     if (observation.UseH != SwitchOff)
-        AddLine(files.InpText, InpAngles(observation));
+        AddLine(files.Inp.Content, InpAngles(observation));
 }
 void AddAngles(InputFiles& files, const TrackerObs& observation) {
     if (observation.UseH != SwitchOff)
-        AddLine(files.InpText, InpAngles(observation));
+        AddLine(files.Inp.Content, InpAngles(observation));
 }
 void AddAngles(InputFiles& files, const AngleObs& observation) {
     if (observation.UseH == SwitchOff)
         return;
-    AddLine(files.InpText, InpAngles(observation));
-    AddLine(files.OrgText, OrgRow(observation));
+    AddLine(files.Inp.Content, InpAngles(observation));
+    AddLine(files.Org.Content, OrgRow(observation));
 }
 void AddAngles(InputFiles&, const DistanceObs&) {}
 void AddAngles(InputFiles&, const HeightObs&) {}
@@ -122,13 +112,13 @@ void AddAngles(InputFiles&, const HeightObs&) {}
 template <class AddRows>
 void AddObservations(InputFiles& files, const ObservationModel& model, const char* title,
                      const AddRows& addRows) {
-    AddLine(files.InpText, title);
+    AddLine(files.Inp.Content, title);
     for (const InputType& type : model.Types)
         VisitObsSet(model, type, [&](const auto& set, const auto&) {
             for (const auto& observation : set)
                 addRows(observation);
         });
-    AddLine(files.InpText, SectionEnd);
+    AddLine(files.Inp.Content, SectionEnd);
 }
 
 }  // namespace
@@ -136,11 +126,11 @@ void AddObservations(InputFiles& files, const ObservationModel& model, const cha
 bool WriteInputHeader(InputFiles& files, const std::string& folder, const std::string& inputName,
                       const std::string& orgName, const std::string& project, const std::string& task) {
     return Guarded("basWrite-WriteInputHeader", [&](Guard& guard) {
-        files.InpPath = folder + inputName;
-        files.OrgPath = folder + orgName;
-        guard.Run([&] { TestOpening(files.InpPath); });
-        guard.Run([&] { TestOpening(files.OrgPath); });
-        files.InpText = files.OrgText = HeaderText(project, task);
+        files.Inp.Path = folder + inputName;
+        files.Org.Path = folder + orgName;
+        guard.Run([&] { TestOpening(files.Inp.Path); });
+        guard.Run([&] { TestOpening(files.Org.Path); });
+        files.Inp.Content = files.Org.Content = HeaderText(project, task);
     });
 }
 
@@ -153,24 +143,19 @@ void WriteInputSections(InputFiles& files, const ObservationModel& model) {
                     [&](const auto& observation) { AddHeight(files, observation); });
     AddObservations(files, model, "Observations",
                     [&](const auto& observation) { AddAngles(files, observation); });
-    AddLine(files.InpText, "Control Information");
-    AddLine(files.InpText, "Fixed Coordinates");
-    AddLine(files.InpText, SectionEnd);
-    AddLine(files.InpText, "Relative error point pairs");
-    AddLine(files.InpText, SectionEnd);
-    AddLine(files.OrgText, SectionEnd);
+    AddLine(files.Inp.Content, "Control Information");
+    AddLine(files.Inp.Content, "Fixed Coordinates");
+    AddLine(files.Inp.Content, SectionEnd);
+    AddLine(files.Inp.Content, "Relative error point pairs");
+    AddLine(files.Inp.Content, SectionEnd);
+    AddLine(files.Org.Content, SectionEnd);
 }
 
-void CloseInputFiles(Guard& guard, const InputFiles& files) {
-    guard.Run([&] { ReplaceInOrder({{files.InpPath, files.InpText}, {files.OrgPath, files.OrgText}}); });
-}
-
-void WriteVersionSkeleton(const std::string& path) {
-    LineWriter file(path);
+void WriteVersionSkeleton(InputFiles& files, const std::string& path) {
+    files.Ver = {path, ""};
     for (const char* section :
          {"[Stations]", "[Points]", "[Tracker]", "[Total]", "[Angle]", "[Distance]", "[Height]", "[Gyro]"})
-        file.Line(section);
-    file.Close();
+        AddLine(files.Ver.Content, section);
 }
 
 }  // namespace Dorvane

@@ -3,7 +3,6 @@
 
 #include "core/ColumnLine.h"
 #include "core/Globals.h"
-#include "core/LineWriter.h"
 #include "core/Pattern.h"
 #include "core/ReportError.h"
 #include "core/Text.h"
@@ -14,27 +13,29 @@ namespace {
 
 constexpr int CountWidth = 5;
 
-void WriteSummary(const std::string& folder, const std::string& inputName, const List1<ObsPoint>& points,
-                  const std::string& project, const std::string& task) {
-    LineWriter file(folder + BeforeFirstPoint(inputName) + ".SUM");
-    file.Line("PROJECT = " + project);
-    file.Line("TASK = " + task);
-    file.Line("DATE = " + GeneralDate(TheDesktop().Now()));
-    file.Line();
-    file.Line("Number of observations to each point in : " + folder + inputName);
-    file.Line("Name           Hang  Zang  Sdst  Lhgt");
-    file.Line();
+std::string SummaryText(const std::string& inputPath, const List1<ObsPoint>& points,
+                        const std::string& project, const std::string& task) {
+    std::string text;
+    AddLine(text, "PROJECT = " + project);
+    AddLine(text, "TASK = " + task);
+    AddLine(text, "DATE = " + GeneralDate(TheDesktop().Now()));
+    AddLine(text, "");
+    AddLine(text, "Number of observations to each point in : " + inputPath);
+    AddLine(text, "Name           Hang  Zang  Sdst  Lhgt");
+    AddLine(text, "");
     for (const ObsPoint& point : points)
-        file.Line(SummaryRow(point));
-    file.Close();
+        AddLine(text, SummaryRow(point));
+    return text;
 }
 
 }  // namespace
 
-bool WriteSummaryHeader(const std::string& folder, const std::string& inputName,
+bool WriteSummaryHeader(InputFiles& files, const std::string& folder, const std::string& inputName,
                         const List1<ObsPoint>& points, const std::string& project, const std::string& task) {
     return Guarded("basWrite-WriteSummaryHeader", [&](Guard& guard) {
-        guard.Run([&] { WriteSummary(folder, inputName, points, project, task); });
+        files.Sum.Path = folder + BeforeFirstPoint(inputName) + ".SUM";
+        guard.Run([&] { TestOpening(files.Sum.Path); });
+        files.Sum.Content = SummaryText(folder + inputName, points, project, task);
     });
 }
 

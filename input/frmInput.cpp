@@ -212,8 +212,9 @@ void frmInput::ConnectMenus() {
 InputServices frmInput::Services() {
     InputServices services;
     services.ShowStatus = [this](const std::string& text) { ShowStatus(text); };
-    services.PickFolder = [this](const std::string& caption, const std::string& path,
-                                 std::string& /*lblDirectory*/) { PickFolder(caption, path); };
+    services.PickFolder = [this](const std::string& caption, const std::string& path) {
+        return PickFolder(caption, path);
+    };
     services.MakeSource = MakeSource;
     services.ShowHourglass = [this](bool on) { on ? setCursor(Qt::WaitCursor) : unsetCursor(); };
     services.ShowAnimation = [this](bool on) { ShowAnimation(on); };
@@ -221,6 +222,9 @@ InputServices frmInput::Services() {
 }
 
 void frmInput::SetDirectory(const std::string& folder) {
+    if (folder.empty())
+        return;
+    Picked = folder;
     State.lblDirectory = folder;
     Form->lblDirectory->setText(ToScreen(folder));
 }
@@ -242,11 +246,13 @@ void frmInput::ShowAnimation(bool on) {
 
 // The folder picker sets lblDirectory and shows this screen again. Should it be left in any other way, the
 // screen comes back all the same.
-void frmInput::PickFolder(const std::string& caption, const std::string& path) {
+std::optional<std::string> frmInput::PickFolder(const std::string& caption, const std::string& path) {
+    Picked.reset();
     hide();
     Nav.OpenTreeAndWait(caption, path);
     if (!isVisible())
         ShowModal();
+    return Picked;
 }
 
 void frmInput::trvInput_NodeClick(const std::string& key) {
@@ -271,9 +277,9 @@ void frmInput::WeightsAnswered(bool saved) {
 }
 
 void frmInput::cmdVarn_Click() {
-    const bool inHand = !State.lblDirectory.empty() && !State.lblFileName.empty();
+    const std::string file = FileInHand(State);
     Unload();
-    Nav.OpenAdjustment(inHand ? State.lblDirectory + State.lblFileName : "");
+    Nav.OpenAdjustment(file);
 }
 
 void frmInput::GoHome() {

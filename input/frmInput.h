@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,7 +32,8 @@ class frmInput : public Screen {
     frmInput(Navigator& navigator, MakeCoordinateSource makeSource);
     ~frmInput() override;
 
-    /// What the folder picker does with its answer: sets lblDirectory; empty after its Cancel.
+    /// What the folder picker does with its answer: sets lblDirectory. An empty one is its Cancel, and
+    /// lblDirectory stays as it was.
     void SetDirectory(const std::string& folder);
 
   protected:
@@ -54,7 +56,7 @@ class frmInput : public Screen {
     InputServices Services();
     void ShowStatus(const std::string& text);
     void ShowAnimation(bool on);
-    void PickFolder(const std::string& caption, const std::string& path);
+    std::optional<std::string> PickFolder(const std::string& caption, const std::string& path);
 
     void trvInput_NodeClick(const std::string& key);
     void mnuObservationWeights_Click();
@@ -74,6 +76,7 @@ class frmInput : public Screen {
     QLabel* StatusPanel = nullptr;
     TypePictures imlInput{"frmInput-Form_Load"};
     InputScreen State;
+    std::optional<std::string> Picked;  // by the folder picker that is open
     std::vector<TreeNode> ShownNodes;
     bool Running = false;
 };

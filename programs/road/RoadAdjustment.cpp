@@ -80,9 +80,11 @@ void CreateTheInput(Walk& walk, const std::string& name, bool fromDatabase) {
     InputServices services;
     services.ShowStatus = [&walk](const std::string& text) { walk.Say(text); };
     services.MakeSource = [] { return std::make_unique<CoordinateRetriever>(); };
-    services.PickFolder = [&walk](const std::string& caption, const std::string&, std::string& directory) {
-        directory = caption == "VARN input file location" ? walk.ProjectFolder : walk.SurveyFolder;
-        walk.Say(caption + ": " + directory);
+    services.PickFolder = [&walk](const std::string& caption, const std::string&) {
+        const std::string& folder =
+            caption == "VARN input file location" ? walk.ProjectFolder : walk.SurveyFolder;
+        walk.Say(caption + ": " + folder);
+        return folder;
     };
     InputScreen screen;
     OpenInputScreen(screen, Global().PathRecords, services);

@@ -177,6 +177,25 @@ TEST_F(CreateInput, ACancelledTreeEndsWithNoData) {
     EXPECT_EQ(Screen.Model.Points.Count(), 0);
 }
 
+// The folder shown may be one of reduced data, left there by an import.
+TEST_F(CreateInput, ACancelledFolderChoiceWritesNothingAndKeepsWhatIsShown) {
+    AddFolder();
+    Screen.lblDirectory = Survey;
+    Screen.lblFileName = "OLD.INP";
+    for (const std::int16_t pathType : {1, 2}) {
+        Global().Path_type = pathType;
+        Picked = "";
+        if (pathType == 2)
+            Desktop.ExpectFile("VARN input file location", std::nullopt);
+        Create();
+        EXPECT_EQ(Status.back(), "No data");
+        EXPECT_EQ(AllFiles(Survey), (std::vector<std::string>{"TOTAL.RES"}));
+        EXPECT_EQ(Screen.lblDirectory, Survey);
+        EXPECT_EQ(Screen.lblFileName, "OLD.INP");
+        EXPECT_EQ(Signs.back(), "pointer");
+    }
+}
+
 TEST_F(CreateInput, InManualModeTheFolderComesFromADialog) {
     AddFolder();
     Global().Path_type = 2;
@@ -196,7 +215,7 @@ TEST_F(CreateInput, ACancelledDialogLeavesTheFolderAsItWas) {
     EXPECT_FALSE(SetupCreateInput(Screen, Services(), 1, 0));
     Screen.lblDirectory = Job;
     Desktop.ExpectFile("VARN input file location", std::nullopt);
-    EXPECT_TRUE(SetupCreateInput(Screen, Services(), 0, 1));
+    EXPECT_FALSE(SetupCreateInput(Screen, Services(), 0, 1));
     EXPECT_EQ(Screen.lblDirectory, Job);
 }
 
@@ -294,7 +313,7 @@ TEST_F(CreateInput, AFullDiskLeavesTheFormerFilesWholeAndTheModelEmpty) {
         EXPECT_EQ(LastReport(), "61 Dorvane-frmInput-cmdCreate_Click");
         EXPECT_TRUE(FileContent(Job + "NET.INP") == "former input");
         EXPECT_TRUE(FileContent(Job + "NET.ORG") == "former master");
-        EXPECT_EQ(AllFiles(Job), (std::vector<std::string>{"NET.INP", "NET.ORG", "NET.SUM"}));
+        EXPECT_EQ(AllFiles(Job), (std::vector<std::string>{"NET.INP", "NET.ORG"}));
         EXPECT_EQ(Screen.Model.Points.Count(), 0);
         EXPECT_FALSE(Screen.cmdEditEnabled);
     });

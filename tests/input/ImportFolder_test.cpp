@@ -212,8 +212,10 @@ TEST_F(ImportFolderTest, ALocationWithoutExtensionsIsTold) {
 TEST_F(ImportFolderTest, ACancelledTreeStops) {
     PutResult(10);
     Picked = "";
+    Screen.lblDirectory = "D:\\SHOWN\\";
     Import();
     EXPECT_FALSE(IsListed());
+    EXPECT_EQ(Screen.lblDirectory, "D:\\SHOWN\\");
 }
 
 TEST_F(ImportFolderTest, InManualModeTheFolderComesFromADialogAndIsKept) {

@@ -126,27 +126,31 @@ TEST_F(InputScreenCreate, ACancelledTreeEndsWithNoData) {
     Picked = "";
     Click(*Screen, "cmdCreate");
     EXPECT_EQ(Status(), "No data");
-    EXPECT_EQ(TextOf(*Screen, "lblDirectory"), "");
+    EXPECT_EQ(TextOf(*Screen, "lblDirectory"), Survey);
+    EXPECT_THAT(AllFiles(Job), IsEmpty());
+    EXPECT_EQ(AllFiles(Survey), (Texts{"DAY1.GSI", "TOTAL.RES"}));
     EXPECT_TRUE(Screen->isVisible());
     EXPECT_FALSE(Waits());
 }
 
-TEST_F(InputScreenCreate, ACancelledDialogKeepsTheFolderThatStoodThere) {
+TEST_F(InputScreenCreate, ACancelledDialogWritesNothingAndKeepsWhatIsShown) {
     Global().Path_type = 2;
     Open();
     Desktop.ExpectFile("Input Laser field data from", Survey + "RES");
     Click(*Screen, "cmdImport");
-    Screen->SetDirectory(Job);
-    Desktop.ExpectFile("VARN input file location", std::nullopt);
+    Desktop.ExpectFile("VARN input file location", Job + "VarnInput");
     ExpectName("NET");
     ExpectCompleted();
     Click(*Screen, "cmdCreate");
     EXPECT_EQ(Desktop.Dialogs.back().FileName, "VarnInput");
-    EXPECT_EQ(TextOf(*Screen, "lblFileName"), "NET.INP");
-    Screen->SetDirectory("");
+    const std::string former = FileContent(Job + "NET.INP");
     Desktop.ExpectFile("VARN input file location", std::nullopt);
     Click(*Screen, "cmdCreate");
     EXPECT_EQ(Status(), "No data");
+    EXPECT_EQ(TextOf(*Screen, "lblDirectory"), Job);
+    EXPECT_EQ(TextOf(*Screen, "lblFileName"), "NET.INP");
+    EXPECT_EQ(AllFiles(Job).size(), 4U);
+    EXPECT_EQ(FileContent(Job + "NET.INP"), former);
 }
 
 TEST_F(InputScreenCreate, WithoutANameNothingIsWrittenAndTheGearsStayOn) {
@@ -287,6 +291,7 @@ TEST_F(InputScreenCreate, AReadOnlyFolderIsToldAndLeavesTheScreenUsable) {
         const std::string& report = Desktop.Shown.at(0).Text;
         EXPECT_NE(report.find("Source : Dorvane-basWrite-WriteInputHeader"), std::string::npos) << report;
         EXPECT_EQ(Status(), "Error writing header to input file");
+        EXPECT_FALSE(IsShown(*Screen, "aniInput"));
         EXPECT_FALSE(IsEnabled(*Screen, "cmdEdit"));
         EXPECT_FALSE(Waits());
         EXPECT_THAT(AllFiles(Job), IsEmpty());
@@ -309,13 +314,15 @@ TEST_F(InputScreenCreate, AFullDiskIsReportedAndLeavesTheFormerFile) {
         ExpectName("NET");
         Desktop.ExpectMessageTitled("File Exists", Answer::Yes);
         Desktop.ExpectMessageTitled("Program Error", Answer::No);
-        Desktop.ExpectMessageTitled("Program Error", Answer::No);
         Click(*Screen, "cmdCreate");
         EXPECT_EQ(LastReport(), "61 Dorvane-frmInput-cmdCreate_Click");
         EXPECT_EQ(FileContent(Job + "NET.INP"), "former");
         EXPECT_FALSE(Waits());
         EXPECT_FALSE(IsEnabled(*Screen, "cmdEdit"));
-        EXPECT_NE(Status(), "Input file completed");
+        EXPECT_EQ(Status(), "Input file NOT written");
+        EXPECT_FALSE(IsShown(*Screen, "aniInput"));
+        EXPECT_EQ(TextOf(*Screen, "lblFileName"), "");
+        EXPECT_EQ(AllFiles(Job), (Texts{"FILLER.BIN", "NET.INP"}));
     });
 }
 

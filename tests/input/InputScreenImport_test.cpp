@@ -31,11 +31,11 @@ TEST_F(InputScreenImport, OpensTheTreeOnTheTypesOwnFolder) {
                                           "D:\\TARVEX\\DAM\\NORTH\\LEVEL\\SRV12\\"));
 }
 
-TEST_F(InputScreenImport, ACancelledTreeEmptiesTheLabelAndAddsNothing) {
+TEST_F(InputScreenImport, ACancelledTreeKeepsTheLabelAndAddsNothing) {
     frmInput& screen = Open();
     screen.SetDirectory(Job);
     Import("");
-    EXPECT_EQ(TextOf(screen, "lblDirectory"), "");
+    EXPECT_EQ(TextOf(screen, "lblDirectory"), Job);
     EXPECT_THAT(Folders(), IsEmpty());
     EXPECT_TRUE(screen.isVisible());
     EXPECT_THAT(Desktop.Shown, IsEmpty());

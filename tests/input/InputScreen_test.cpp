@@ -105,7 +105,7 @@ TEST_F(InputScreenTest, ATypeNodeSelectsItsType) {
 TEST_F(InputScreenTest, TheInputFileInHandIsEditedWithoutWaiting) {
     InputScreen screen = OpenScreen();
     EditInputFile(screen);
-    screen.lblDirectory = Folder;
+    screen.FileFolder = Folder;
     screen.lblFileName = "NET.INP";
     EditInputFile(screen);
     EXPECT_TRUE(Desktop.Started.empty());
@@ -119,7 +119,7 @@ TEST_F(InputScreenTest, TheInputFileInHandIsPrinted) {
     PrintInputFile(screen);
     EXPECT_TRUE(Desktop.PrintedLines.empty());
     PutLines(Folder + "NET.INP", {"first"});
-    screen.lblDirectory = Folder;
+    screen.FileFolder = Folder;
     screen.lblFileName = "NET.INP";
     PrintInputFile(screen);
     EXPECT_EQ(

@@ -97,11 +97,10 @@ InputScreen InputSite::OpenScreen(const List1<PathRecord>& records) {
 InputServices InputSite::Services() {
     InputServices services;
     services.ShowStatus = [this](const std::string& text) { Status.push_back(text); };
-    services.PickFolder = [this](const std::string& caption, const std::string& path,
-                                 std::string& lblDirectory) {
+    services.PickFolder = [this](const std::string& caption, const std::string& path) {
         Captions.push_back(caption);
         Paths.push_back(path);
-        lblDirectory = Picked;
+        return Picked.empty() ? std::nullopt : std::optional(Picked);
     };
     services.MakeSource = Database.Maker();
     services.ShowHourglass = [this](bool on) { Signs.push_back(on ? "hourglass" : "pointer"); };

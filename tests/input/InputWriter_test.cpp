@@ -33,6 +33,8 @@ class InputWriter : public InputSite {
         ASSERT_TRUE(WriteInputHeader(files, "D:\\JOB\\", "A.INP", "A.ORG", "North dam", "Epoch 12"));
         Guarded("test-Write", [&](Guard& guard) {
             WriteInputSections(files, Model);
+            files.Sum.Path = "D:\\JOB\\A.SUM";
+            WriteVersionSkeleton(files, "D:\\JOB\\A.VER");
             CloseInputFiles(guard, files);
         });
     }
@@ -255,9 +257,11 @@ TEST_F(InputWriter, ARetryAfterAFullDiskWritesEveryRowOnce) {
 }
 
 TEST_F(InputWriter, TheVersionSkeletonHasItsEightSections) {
-    WriteVersionSkeleton("D:\\JOB\\A.VER");
+    InputFiles files;
+    WriteVersionSkeleton(files, "D:\\JOB\\A.VER");
+    EXPECT_EQ(files.Ver.Path, "D:\\JOB\\A.VER");
     EXPECT_EQ(
-        FileContent("D:\\JOB\\A.VER"),
+        files.Ver.Content,
         "[Stations]\r\n[Points]\r\n[Tracker]\r\n[Total]\r\n[Angle]\r\n[Distance]\r\n[Height]\r\n[Gyro]\r\n");
 }
 

@@ -42,11 +42,14 @@ TEST(SummaryRow, AnOverlongNameBreaksTheRow) {
 
 class SummaryFile : public InputSite {};
 
-TEST_F(SummaryFile, IsWrittenByteForByte) {
+TEST_F(SummaryFile, IsComposedByteForByte) {
     MakeFolders("D:\\JOB\\");
     const List1<ObsPoint> points{Counted("B", 2, 2, 2, 0), Counted("A", 0, 0, 0, 1)};
-    EXPECT_TRUE(WriteSummaryHeader("D:\\JOB\\", "NET.INP", points, "North dam", "Epoch 12"));
-    EXPECT_EQ(FileContent("D:\\JOB\\NET.SUM"),
+    InputFiles files;
+    EXPECT_TRUE(WriteSummaryHeader(files, "D:\\JOB\\", "NET.INP", points, "North dam", "Epoch 12"));
+    EXPECT_EQ(files.Sum.Path, "D:\\JOB\\NET.SUM");
+    EXPECT_TRUE(AllFiles("D:\\JOB\\").empty());
+    EXPECT_EQ(files.Sum.Content,
               "PROJECT = North dam\r\n"
               "TASK = Epoch 12\r\n"
               "DATE = 11/20/2026 9:05:07 AM\r\n"
@@ -61,8 +64,9 @@ TEST_F(SummaryFile, IsWrittenByteForByte) {
 TEST_F(SummaryFile, AFailureIsReportedAndLeavesTheFormerOne) {
     PutFile("D:\\JOB\\NET.SUM", "former");
     AsNobody([this] {
+        InputFiles files;
         Desktop.ExpectMessageTitled("Program Error", Answer::Cancel);
-        EXPECT_FALSE(WriteSummaryHeader("D:\\JOB\\", "NET.INP", {}, "", ""));
+        EXPECT_FALSE(WriteSummaryHeader(files, "D:\\JOB\\", "NET.INP", {}, "", ""));
         EXPECT_NE(LastReport().find(" Dorvane-basWrite-WriteSummaryHeader"), std::string::npos);
         EXPECT_EQ(FileContent("D:\\JOB\\NET.SUM"), "former");
     });
