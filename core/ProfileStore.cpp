@@ -84,9 +84,10 @@ void SetKey(std::vector<std::string>& lines, std::string_view section, std::stri
     lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(behindLastText), setting);
 }
 
-std::string FindValue(const std::string& path, std::string_view section, std::string_view key) {
+std::optional<std::string> FindValue(const std::string& path, std::string_view section,
+                                     std::string_view key) {
     if (!FileExists(path))
-        return "";
+        return std::nullopt;
     LineReader reader(path);
     bool inside = false;
     std::string value;
@@ -94,22 +95,29 @@ std::string FindValue(const std::string& path, std::string_view section, std::st
         const std::string_view line = reader.ReadLine();
         if (IsAnySection(line)) {
             if (inside)
-                return "";
+                return std::nullopt;
             inside = IsSection(line, section);
         } else if (inside && IsKey(line, key, value)) {
             return WithoutQuotes(value);
         }
     }
-    return "";
+    return std::nullopt;
 }
 
 }  // namespace
 
 std::string IniReadString(std::string_view file, std::string_view section, std::string_view key) {
+    return IniFindString(file, section, key).value_or("");
+}
+
+std::optional<std::string> IniFindString(std::string_view file, std::string_view section,
+                                         std::string_view key) {
     try {
-        return StripAtNul(Left(FindValue(GetWindowsPath() + std::string(file), section, key), LongestValue));
+        const std::optional<std::string> value =
+            FindValue(GetWindowsPath() + std::string(file), section, key);
+        return value ? std::optional(StripAtNul(Left(*value, LongestValue))) : std::nullopt;
     } catch (const RunTimeError&) {
-        return "";  // the profile layer reports nothing: what cannot be read is absent
+        return std::nullopt;  // the profile layer reports nothing: what cannot be read is absent
     }
 }
 

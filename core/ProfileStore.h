@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,10 @@ namespace Dorvane {
 /// part of it. At most 127 characters arrive, cut at the first NUL; what is absent reads as empty. Raises
 /// nothing.
 std::string IniReadString(std::string_view file, std::string_view section, std::string_view key);
+
+/// The same value, and nothing when the key is absent: what tells an absent key from one with an empty text.
+std::optional<std::string> IniFindString(std::string_view file, std::string_view section,
+                                         std::string_view key);
 
 /// Sets a key, adding it, its section or the file when absent; all other lines stay as they are. Raises
 /// nothing: a profile that cannot be written keeps what it held.

@@ -80,7 +80,7 @@ class Import {
             Combine();
         if (CurrentCount < 1)
             return;
-        VisitObsSet(Model, type, [this](auto& set, const auto& weight) { AppendCurrent(set, weight); });
+        VisitWeightedSet(Model, type, [this](auto& set, const auto& weight) { AppendCurrent(set, weight); });
     }
 
     void Combine() {

@@ -114,7 +114,7 @@ void AddObservations(InputFiles& files, const ObservationModel& model, const cha
                      const AddRows& addRows) {
     AddLine(files.Inp.Content, title);
     for (const InputType& type : model.Types)
-        VisitObsSet(model, type, [&](const auto& set, const auto&) {
+        VisitObsSet(model, type, [&](const auto& set) {
             for (const auto& observation : set)
                 addRows(observation);
         });

@@ -182,20 +182,35 @@ struct ObservationModel {
     List1<ObsStation> Stations;
 };
 
-/// Calls `visit(set, weight)` with the set and the weight record of an input type; not at all for a kind that
-/// has none. Error 9 when the arrays are shorter than the type's Number.
+/// Calls `visit(sets, weights)` with the two arrays of an input type's kind; not at all for a kind that has
+/// none.
+template <class Model, class Visitor>
+void VisitKind(Model& model, const InputType& type, const Visitor& visit) {
+    if (type.Type == "Tracker")
+        visit(model.TrackerSets, model.TrackerWeights);
+    else if (type.Type == "Total")
+        visit(model.TotalSets, model.TotalWeights);
+    else if (type.Type == "Height")
+        visit(model.HeightSets, model.HeightWeights);
+    else if (type.Type == "Angle")
+        visit(model.AngleSets, model.AngleWeights);
+    else if (type.Type == "Distance")
+        visit(model.DistanceSets, model.DistanceWeights);
+}
+
+/// Calls `visit(set)` with the observations of an input type. Error 9 when the array is shorter than the
+/// type's Number.
 template <class Model, class Visitor>
 void VisitObsSet(Model& model, const InputType& type, const Visitor& visit) {
-    if (type.Type == "Tracker")
-        visit(model.TrackerSets[type.Number], model.TrackerWeights[type.Number]);
-    else if (type.Type == "Total")
-        visit(model.TotalSets[type.Number], model.TotalWeights[type.Number]);
-    else if (type.Type == "Height")
-        visit(model.HeightSets[type.Number], model.HeightWeights[type.Number]);
-    else if (type.Type == "Angle")
-        visit(model.AngleSets[type.Number], model.AngleWeights[type.Number]);
-    else if (type.Type == "Distance")
-        visit(model.DistanceSets[type.Number], model.DistanceWeights[type.Number]);
+    VisitKind(model, type, [&](auto& sets, auto&) { visit(sets[type.Number]); });
+}
+
+/// Calls `visit(set, weight)` with the observations and the weight record of an input type. Error 9 when one
+/// of the arrays is shorter than the type's Number.
+template <class Model, class Visitor>
+void VisitWeightedSet(Model& model, const InputType& type, const Visitor& visit) {
+    VisitKind(model, type,
+              [&](auto& sets, auto& weights) { visit(sets[type.Number], weights[type.Number]); });
 }
 
 }  // namespace Dorvane

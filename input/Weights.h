@@ -10,8 +10,8 @@
 namespace Dorvane {
 
 /// Fills the weights of each kind from the profile, one record per input type of the kind. A kind without
-/// types leaves its array alone. An absent value is 0; a value that is not a number is error 13, reported as
-/// "basRead-ReadIniWeights", and what was not read yet keeps what it held.
+/// types leaves its array alone. An absent value is 0. A text that is not a number, an empty one too, is
+/// error 13, reported once as "basRead-ReadIniWeights" for the first of them; all other weights are read.
 void ReadIniWeights(List1<DistanceWeight>& distanceWeights, List1<AngleWeight>& angleWeights,
                     List1<TotalWeight>& totalWeights, List1<TrackerWeight>& trackerWeights,
                     List1<HeightWeight>& heightWeights);
@@ -19,6 +19,7 @@ void ReadIniWeights(List1<DistanceWeight>& distanceWeights, List1<AngleWeight>& 
 /// Gives an observation its standard errors. The distance's is SDist. With LinAngle 1 an angle's is the
 /// angle, in gons, under which the linear error appears at the observation's own slope distance, atan(L /
 /// SDist) * 200 / 3.141592654; a slope distance of 0 is then error 11. Otherwise it is HAngle or ZAngle.
+/// Error 13 when a weight that is needed was no number.
 void WeightAssignment(TrackerObs& observation, const TrackerWeight& weight);
 void WeightAssignment(TotalObs& observation, const TotalWeight& weight);
 void WeightAssignment(AngleObs& observation, const AngleWeight& weight);

@@ -36,6 +36,15 @@ TEST_F(ProfileStore, GivesTheEmptyTextForWhatIsAbsent) {
     EXPECT_EQ(IniReadString("dv_test.ini", "A", "empty"), "");
 }
 
+TEST_F(ProfileStore, TellsAnAbsentKeyFromOneWithAnEmptyText) {
+    EXPECT_EQ(IniFindString("none.ini", "A", "K"), std::nullopt);
+    PutFile(Path, "[A]\r\nempty=\r\nK=1\r\n[B]\r\nL=2\r\n");
+    EXPECT_EQ(IniFindString("dv_test.ini", "A", "empty"), "");
+    EXPECT_EQ(IniFindString("dv_test.ini", "A", "K"), "1");
+    EXPECT_EQ(IniFindString("dv_test.ini", "A", "L"), std::nullopt);
+    EXPECT_EQ(IniFindString("dv_test.ini", "B", "M"), std::nullopt);
+}
+
 TEST_F(ProfileStore, CutsAValueAt127Characters) {
     PutFile(Path, "[User Database]\r\nNames1=" + std::string(126, 'P') + " 1\r\n");
     const std::string value = IniReadString("dv_test.ini", "User Database", "Names1");

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "input/CreateInput.h"
 
+#include <algorithm>
+
 #include "core/Drives.h"
 #include "core/ProfileStore.h"
 #include "input/TreeFolders.h"
@@ -252,6 +254,32 @@ TEST_F(CreateInput, AnExistingNameIsAskedAgainWithItselfAsDefault) {
     ExpectName("OLD");
     Desktop.ExpectMessageTitled("File Exists", Answer::Yes);
     EXPECT_EQ(GetInputFileName(Job), "OLD.INP");
+}
+
+TEST_F(CreateInput, AWeightThatIsNoNumberStopsNoJobThatDoesNotUseIt) {
+    IniWriteString("dv_input.ini", "Distance", "SDist1", "0,005");
+    Desktop.ExpectMessageTitled("Program Error");
+    Screen = OpenScreen({Located("NORTH")});
+    EXPECT_EQ(LastReport(), "13 Dorvane-basRead-ReadIniWeights");
+    AddFolder();
+    ExpectName("NET");
+    ExpectCompleted();
+    Create();
+    const std::vector<std::string> lines = FileLines(Job + "NET.INP");
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "ST1       P8              3.00000   0.00010   T"), 1);
+}
+
+TEST_F(CreateInput, AWeightThatIsNoNumberStopsTheJobThatUsesIt) {
+    IniWriteString("dv_input.ini", "Tracker", "SDist1", "");
+    Desktop.ExpectMessageTitled("Program Error");
+    Screen = OpenScreen({Located("NORTH")});
+    AddFolder();
+    Desktop.ExpectMessageTitled("Program Error");
+    Desktop.ExpectMessageTitled("No Observation Data");
+    Create();
+    EXPECT_NE(Desktop.Shown[1].Text.find("Error : 13"), std::string::npos) << Desktop.Shown[1].Text;
+    EXPECT_NE(Desktop.Shown[1].Text.find("basInput-AppendTrackerObs"), std::string::npos);
+    EXPECT_TRUE(AllFiles(Job).empty());
 }
 
 TEST_F(CreateInput, OnlyHeightsGiveNoStations) {

@@ -73,11 +73,6 @@ class InputWriter : public InputSite {
         Model.HeightSets.Resize(1);
         Model.AngleSets.Resize(1);
         Model.DistanceSets.Resize(1);
-        Model.TrackerWeights.Resize(1);
-        Model.TotalWeights.Resize(1);
-        Model.HeightWeights.Resize(1);
-        Model.AngleWeights.Resize(1);
-        Model.DistanceWeights.Resize(1);
     }
 
     ObservationModel Model;

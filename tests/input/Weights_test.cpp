@@ -81,6 +81,52 @@ TEST_F(Weights, ATextThatIsNoNumberIsReported) {
     EXPECT_EQ(LastReport(), "13 Dorvane-basRead-ReadIniWeights");
 }
 
+TEST_F(Weights, AnEmptyTextIsReportedWhereAnAbsentKeyIsZero) {
+    PutProfile("dv_input.ini", {"[Height]", "Number=1", "HDiff1="});
+    Desktop.ExpectMessageTitled("Program Error");
+    Read();
+    EXPECT_EQ(LastReport(), "13 Dorvane-basRead-ReadIniWeights");
+    EXPECT_NE(Desktop.Shown[0].Text.find("[Height] HDiff1="), std::string::npos) << Desktop.Shown[0].Text;
+}
+
+TEST_F(Weights, OneThatIsNoNumberKeepsNoOtherFromBeingRead) {
+    PutProfile("dv_input.ini", {"[Distance]", "Number=2", "SDist1=0,5", "SDist2=0.6", "[Angle]", "Number=1",
+                                "HAngle1=?", "ZAngle1=0.7", "[Total]", "Number=1", "HAngle1=1", "[Tracker]",
+                                "Number=1", "ZAngle1=2", "[Height]", "Number=1", "HDiff1=3"});
+    Desktop.ExpectMessageTitled("Program Error");  // one for all
+    Read();
+    EXPECT_EQ(Model.DistanceWeights[2].SDist, 0.6);
+    EXPECT_EQ(Model.AngleWeights[1].ZAngle, 0.7);
+    EXPECT_EQ(Model.TotalWeights[1].HAngle, 1);
+    EXPECT_EQ(Model.TrackerWeights[1].ZAngle, 2);
+    EXPECT_EQ(Model.HeightWeights[1].HDiff, 3);
+}
+
+// Calls a weighting and tells the number of its error; 0 when there is none.
+template <class Observation, class Weight>
+int ErrorOf(Observation observation, const Weight& weight) {
+    try {
+        WeightAssignment(observation, weight);
+        return 0;
+    } catch (const RunTimeError& error) {
+        return error.Number;
+    }
+}
+
+TEST_F(Weights, OneThatIsNoNumberIsTakenByNoObservation) {
+    PutProfile("dv_input.ini",
+               {"[Distance]", "Number=1", "SDist1=x", "[Angle]", "Number=1", "ZAngle1=x", "[Total]",
+                "Number=3", "SDist1=x", "LHAngle2=x", "LinAngle3=x", "[Height]", "Number=1", "HDiff1=x"});
+    Desktop.ExpectMessageTitled("Program Error");
+    Read();
+    EXPECT_EQ(ErrorOf(DistanceObs(), Model.DistanceWeights[1]), TypeMismatch);
+    EXPECT_EQ(ErrorOf(AngleObs(), Model.AngleWeights[1]), TypeMismatch);
+    EXPECT_EQ(ErrorOf(HeightObs(), Model.HeightWeights[1]), TypeMismatch);
+    EXPECT_EQ(ErrorOf(TotalObs(), Model.TotalWeights[1]), TypeMismatch);
+    EXPECT_EQ(ErrorOf(TotalObs(), Model.TotalWeights[2]), 0);  // the linear error is not used
+    EXPECT_EQ(ErrorOf(TotalObs(), Model.TotalWeights[3]), TypeMismatch);
+}
+
 TEST_F(Weights, AFlagThatIsNoNumberIsReportedToo) {
     PutProfile("dv_input.ini", {"[Total]", "Number=1", "LinAngle1=1x"});
     Desktop.ExpectMessageTitled("Program Error");
