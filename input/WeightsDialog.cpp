@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "input/WeightsDialog.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <vector>
 
+#include "core/Globals.h"
 #include "core/ProfileStore.h"
 #include "core/ReportError.h"
 #include "core/Text.h"
@@ -17,13 +19,14 @@ namespace Dorvane {
 namespace {
 
 constexpr int FieldCount = 5;
+constexpr double SmallestWritten = 0.000005;  // below, an input file shows zeros alone
+constexpr std::size_t MostTold = 12;          // fields, so that the message fits the desk
 
 // A stored value. What is no number, which was told, stands as it was typed, so that it can be put right
 // here.
 std::string StoredText(const InputType& entry, const char* key) {
-    const std::string text = IniReadString(InputProfile, entry.Type, key + std::to_string(entry.Number));
-    if (text.empty())
-        return "0";
+    const std::string text =
+        IniFindString(InputProfile, entry.Type, key + std::to_string(entry.Number)).value_or("0");
     return IsNumeric(text) ? PlainDecimal(StrictNumber(text)) : text;
 }
 
@@ -86,7 +89,81 @@ void AddPolar(TabSettings& settings, const WeightsTab& tab) {
     settings.Add("LinAngle", tab.Linear ? "1" : "0");
 }
 
+// Whether the click of OK writes a field. The distance of a polar kind is always written.
+bool IsWritten(const WeightsTab& tab, int field) {
+    if (tab.Fields[field].Title.empty())
+        return false;
+    return !tab.HasLinear || field == 3 || (field > 3) == tab.Linear;
+}
+
+// Linear errors are told apart: they become angles only with the length of a sight.
+bool IsLinearError(const WeightsTab& tab, int field) {
+    return tab.HasLinear && field > 3;
+}
+
+// A text that would be a number with a point in the place of its comma.
+bool HasDecimalComma(std::string text) {
+    const std::size_t comma = text.find(',');
+    if (comma == std::string::npos)
+        return false;
+    text[comma] = '.';
+    return IsNumeric(text);
+}
+
+std::string WhyNoPositiveNumber(const std::string& text) {
+    if (Trim(text).empty())
+        return "is empty";
+    if (HasDecimalComma(text))
+        return "has a decimal comma where a point is needed";
+    if (!IsNumeric(text))
+        return "is not a number";
+    const double value = StrictNumber(text);
+    if (value < 0)
+        return "is below zero";
+    return value == 0 ? "is zero, which an adjustment refuses" : "";
+}
+
 }  // namespace
+
+std::string WhyNoWeight(const WeightsTab& tab, int field) {
+    if (!IsWritten(tab, field))
+        return "";
+    const std::string& text = tab.Fields[field].Text;
+    const std::string reason = WhyNoPositiveNumber(text);
+    if (!reason.empty() || IsLinearError(tab, field))
+        return reason;
+    return StrictNumber(text) < SmallestWritten ? "is 0.00000 with the five decimals of an input file" : "";
+}
+
+std::vector<DoubtfulWeight> DoubtfulWeights(const List1<WeightsTab>& tabs) {
+    std::vector<DoubtfulWeight> doubtful;
+    for (int tab = 1; tab <= tabs.Count(); ++tab)
+        for (int field = 1; field <= FieldCount; ++field)
+            if (const std::string reason = WhyNoWeight(tabs[tab], field); !reason.empty())
+                doubtful.push_back({tab, field, reason});
+    return doubtful;
+}
+
+bool MaySave(const List1<WeightsTab>& tabs) {
+    const std::vector<DoubtfulWeight> doubtful = DoubtfulWeights(tabs);
+    if (doubtful.empty())
+        return true;
+    std::string text = "No standard error above zero :\r\n";
+    for (std::size_t i = 0; i < std::min(doubtful.size(), MostTold); ++i) {
+        const WeightsTab& tab = tabs[doubtful[i].Tab];
+        const WeightField& field = tab.Fields[doubtful[i].Field];
+        text +=
+            "\r\n" + tab.Entry.Name + ", " + field.Title + " : \"" + field.Text + "\" " + doubtful[i].Reason;
+    }
+    if (doubtful.size() > MostTold)
+        text += "\r\nand " + std::to_string(doubtful.size() - MostTold) + " more";
+    const Message question{.Text = text + "\r\n\r\nDo you wish to save the weights all the same?",
+                           .Title = "Doubtful Weights",
+                           .Picture = Icon::Exclamation,
+                           .Choices = Buttons::YesNo,
+                           .Default = Answer::No};
+    return TheDesktop().ShowMessage(question) == Answer::Yes;
+}
 
 List1<WeightsTab> OpenWeightsDialog() {
     List1<WeightsTab> tabs;

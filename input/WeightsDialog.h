@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "input/ObservationModel.h"
 
@@ -32,6 +33,24 @@ List1<WeightsTab> OpenWeightsDialog();
 /// The click of the box: with it on the linear errors and the distance are available, otherwise the angular
 /// errors and the distance.
 void ClickLinear(WeightsTab& tab, bool on);
+
+/// A field whose text the click of OK would write, and that is no weight.
+struct DoubtfulWeight {
+    int Tab = 0;    // from 1
+    int Field = 0;  // from 1
+    std::string Reason;
+};
+
+/// Why the text of a field is no weight: it is no number above zero, or too small for the five decimals of
+/// the input file. Empty for a weight, and for a field that OK does not write.
+std::string WhyNoWeight(const WeightsTab& tab, int field);
+
+/// All of them, tab by tab.
+std::vector<DoubtfulWeight> DoubtfulWeights(const List1<WeightsTab>& tabs);
+
+/// Names the doubtful fields and asks whether they are to be saved all the same. True when they are, or when
+/// there are none.
+bool MaySave(const List1<WeightsTab>& tabs);
 
 /// The click of OK: writes the texts as typed, without a check, tab by tab. Fields that are not available
 /// keep their old values in the profile.

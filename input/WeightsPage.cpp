@@ -36,6 +36,17 @@ QString TipOf(const std::string& title) {
     return QStringLiteral("Standard error, in meters");
 }
 
+// The paper of a field takes a tint of red, which shows an empty one too, and leaves the text legible on
+// light and dark desktops.
+QPalette Doubtful(QPalette palette) {
+    const QColor paper = palette.color(QPalette::Active, QPalette::Base);
+    const QColor red(0xd9, 0x48, 0x3b);
+    palette.setColor(QPalette::Base,
+                     QColor((paper.red() * 3 + red.red()) / 4, (paper.green() * 3 + red.green()) / 4,
+                            (paper.blue() * 3 + red.blue()) / 4));
+    return palette;
+}
+
 }  // namespace
 
 WeightsPage::WeightsPage(WeightsTab& tab, QWidget* parent)
@@ -72,7 +83,6 @@ void WeightsPage::AddField(QGridLayout& grid, int number, int row) {
     value->setObjectName(QStringLiteral("txtValue%1").arg(number));
     value->setMinimumWidth(value->fontMetrics().averageCharWidth() * 20);
     value->setCursorPosition(0);
-    value->setToolTip(TipOf(field.Title));
     title->setBuddy(value);
     title->setHidden(field.Title.empty());
     value->setHidden(field.Title.empty());
@@ -80,8 +90,10 @@ void WeightsPage::AddField(QGridLayout& grid, int number, int row) {
     grid.addWidget(value, row, 1);
     Titles[place] = title;
     Values[place] = value;
-    connect(value, &QLineEdit::textChanged, this,
-            [this, number](const QString& text) { Tab.Fields[number].Text = FromScreen(text); });
+    connect(value, &QLineEdit::textChanged, this, [this, number](const QString& text) {
+        Tab.Fields[number].Text = FromScreen(text);
+        ShowDoubts();
+    });
 }
 
 void WeightsPage::ShowAvailable() {
@@ -90,6 +102,24 @@ void WeightsPage::ShowAvailable() {
         Titles[place]->setEnabled(Tab.Fields[number].Available);
         Values[place]->setEnabled(Tab.Fields[number].Available);
     }
+    ShowDoubts();
+}
+
+// What would be saved and is no weight stands out, and tells why.
+void WeightsPage::ShowDoubts() {
+    for (int number = 1; number <= FieldCount; ++number) {
+        QLineEdit& value = *Values[static_cast<std::size_t>(number)];
+        const std::string reason = WhyNoWeight(Tab, number);
+        value.setPalette(reason.empty() ? QPalette() : Doubtful(palette()));
+        value.setToolTip(reason.empty() ? TipOf(Tab.Fields[number].Title)
+                                        : ToTip("\"" + Tab.Fields[number].Text + "\" " + reason));
+    }
+}
+
+void WeightsPage::GoTo(int field) {
+    QLineEdit& value = *Values[static_cast<std::size_t>(field)];
+    value.selectAll();
+    (value.isEnabled() ? static_cast<QWidget&>(value) : *Linear).setFocus();
 }
 
 QLineEdit* WeightsPage::FirstField() const {

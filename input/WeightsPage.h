@@ -25,6 +25,8 @@ class WeightsPage : public QWidget {
 
     /// The first field that the keyboard may go to; nothing when there is none.
     QLineEdit* FirstField() const;
+    /// Takes the keyboard to a field (from 1), or to the box that opens it when it is not available.
+    void GoTo(int field);
     /// The last field, shown or not, behind which the tab order goes on.
     QLineEdit* LastField() const { return Values.back(); }
 
@@ -33,6 +35,7 @@ class WeightsPage : public QWidget {
 
     void AddField(QGridLayout& grid, int number, int row);
     void ShowAvailable();
+    void ShowDoubts();
 
     WeightsTab& Tab;
     std::array<QLabel*, FieldCount + 1> Titles{};  // from 1

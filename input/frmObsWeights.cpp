@@ -74,8 +74,19 @@ void frmObsWeights::EnterTab() {
     field->selectAll();
 }
 
+void frmObsWeights::GoToTheFirstDoubt() {
+    const DoubtfulWeight first = DoubtfulWeights(Tabs).front();
+    Form->sstabWeights->setCurrentIndex(first.Tab - 1);
+    if (auto* page = qobject_cast<WeightsPage*>(Form->sstabWeights->currentWidget()))
+        page->GoTo(first.Field);
+}
+
 void frmObsWeights::cmdOK_Click() {
     Guarded("frmObsWeights-cmdOK_Click", [&](Guard&) {
+        if (!MaySave(Tabs)) {
+            GoToTheFirstDoubt();
+            return;
+        }
         SaveWeights(Tabs);
         IsSaved = true;
         Unload();

@@ -31,6 +31,7 @@ class frmObsWeights : public ScreenDialog {
     void LoadPictures();
     void FitTabs();
     void EnterTab();
+    void GoToTheFirstDoubt();
     void cmdOK_Click();
 
     std::unique_ptr<Ui::frmObsWeights> Form;

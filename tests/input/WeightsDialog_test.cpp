@@ -118,6 +118,87 @@ TEST_F(WeightsDialog, WritesUnderTheEntrysOwnNumber) {
     EXPECT_EQ(Read("Distance", "SDist2"), "0.25");
 }
 
+// The reason why a text is no weight, on a tab with one field that the click of OK writes.
+std::string ReasonOf(const std::string& text) {
+    WeightsTab tab;
+    tab.Entry.Type = "Height";
+    tab.Fields.Resize(5);
+    tab.Fields[1] = {"Height Diff", text, true};
+    return WhyNoWeight(tab, 1);
+}
+
+TEST(WhyNoWeight, TellsWhatIsNoNumberAboveZero) {
+    EXPECT_EQ(ReasonOf(""), "is empty");
+    EXPECT_EQ(ReasonOf("  "), "is empty");
+    EXPECT_EQ(ReasonOf("0,005"), "has a decimal comma where a point is needed");
+    EXPECT_EQ(ReasonOf("1,2,3"), "is not a number");
+    EXPECT_EQ(ReasonOf("small"), "is not a number");
+    EXPECT_EQ(ReasonOf("0.005 m"), "is not a number");
+    EXPECT_EQ(ReasonOf("-0.005"), "is below zero");
+    EXPECT_EQ(ReasonOf("0"), "is zero, which an adjustment refuses");
+    EXPECT_EQ(ReasonOf("0.000"), "is zero, which an adjustment refuses");
+    EXPECT_EQ(ReasonOf("0.0000049"), "is 0.00000 with the five decimals of an input file");
+    EXPECT_EQ(ReasonOf("1e999"), "is not a number");
+    for (const char* weight : {"0.000005", "0.0003", " 1.5e-3 ", "2", "+1"})
+        EXPECT_EQ(ReasonOf(weight), "") << weight;
+}
+
+TEST_F(WeightsDialog, OnlyFieldsThatOkWritesAreDoubtful) {
+    PutProfile("dv_input.ini", {"[Tracker]", "Number=1", "HAngle1=0,1", "ZAngle1=1", "SDist1=1", "LHAngle1=x",
+                                "LZAngle1=0.000001", "[Gyro]", "Number=1"});
+    Desktop.ExpectMessageTitled("Program Error");
+    List1<WeightsTab> tabs = OpenWeightsDialog();
+    ASSERT_EQ(DoubtfulWeights(tabs).size(), 1u);
+    EXPECT_EQ(DoubtfulWeights(tabs)[0].Field, 1);
+    ClickLinear(tabs[1], true);
+    ASSERT_EQ(DoubtfulWeights(tabs).size(), 1u);
+    EXPECT_EQ(DoubtfulWeights(tabs)[0].Field, 4);
+    tabs[1].Fields[4].Text = "0.0001";
+    EXPECT_TRUE(DoubtfulWeights(tabs).empty());
+    tabs[1].Fields[3].Text = "";
+    ASSERT_EQ(DoubtfulWeights(tabs).size(), 1u);
+    EXPECT_EQ(DoubtfulWeights(tabs)[0].Field, 3);
+}
+
+TEST_F(WeightsDialog, DoubtfulWeightsAreNamedBeforeTheyAreSaved) {
+    PutProfiles();
+    List1<WeightsTab> tabs = OpenWeightsDialog();
+    EXPECT_TRUE(MaySave(tabs));
+    tabs[2].Fields[2].Text = "0,002";
+    tabs[5].Fields[1].Text = "";
+    const std::string text =
+        "No standard error above zero :\r\n\r\nTotalstation, Zenith Angle : \"0,002\" has a decimal comma "
+        "where "
+        "a point is needed\r\nDistances, Distance : \"\" is empty\r\n\r\nDo you wish to save the weights all "
+        "the "
+        "same?";
+    Desktop.ExpectMessage("Doubtful Weights", text, Answer::No);
+    EXPECT_FALSE(MaySave(tabs));
+    EXPECT_EQ(Desktop.Shown.back().Default, Answer::No);
+    Desktop.ExpectMessage("Doubtful Weights", text, Answer::Yes);
+    EXPECT_TRUE(MaySave(tabs));
+}
+
+TEST_F(WeightsDialog, ShowsTheWeightsOfTheEntrysOwnNumber) {
+    PutProfile("dv_input.ini", {"[Tracker]", "Number=2", "HAngle1=1", "LinAngle1=0", "HAngle2=2",
+                                "LinAngle2=1", "[Height]", "Number=2", "HDiff1=3", "HDiff2=4"});
+    const List1<WeightsTab> tabs = OpenWeightsDialog();
+    EXPECT_EQ(tabs[1].Fields[1].Text, "1");
+    EXPECT_EQ(tabs[2].Fields[1].Text, "2");
+    EXPECT_FALSE(tabs[1].Linear);
+    EXPECT_TRUE(tabs[2].Linear);
+    EXPECT_EQ(tabs[3].Fields[1].Text, "3");
+    EXPECT_EQ(tabs[4].Fields[1].Text, "4");
+}
+
+TEST_F(WeightsDialog, AnEmptyTextStaysEmptyWhereAnAbsentOneShowsZero) {
+    PutProfile("dv_input.ini", {"[Angle]", "Number=1", "HAngle1="});
+    Desktop.ExpectMessageTitled("Program Error");
+    const List1<WeightsTab> tabs = OpenWeightsDialog();
+    EXPECT_EQ(tabs[1].Fields[1].Text, "");
+    EXPECT_EQ(tabs[1].Fields[2].Text, "0");
+}
+
 TEST(PlainDecimal, HasNoExponent) {
     EXPECT_EQ(PlainDecimal(0.00001), "0.00001");
     EXPECT_EQ(PlainDecimal(0.001), "0.001");

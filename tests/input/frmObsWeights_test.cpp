@@ -119,6 +119,7 @@ TEST_F(FrmObsWeights, OkSavesWhatWasTypedAsItWasTyped) {
     ClickLinear(1);
     Control<QLineEdit>(Page(1), "txtValue4").setText(QStringLiteral(" 0.0001 m"));
     Control<QLineEdit>(Page(3), "txtValue1").setText(QStringLiteral("0.5"));
+    Desktop.ExpectMessageTitled("Doubtful Weights", Answer::Yes);
     Click(*Dialog, "cmdOK");
     EXPECT_TRUE(Dialog.isNull());
     EXPECT_EQ(Saved, true);
@@ -217,6 +218,7 @@ TEST_F(FrmObsWeights, StaysOnTheDeskHoweverManyTabsThereAre) {
     EXPECT_LE(Dialog->width(), Dialog->screen()->availableGeometry().width());
     Tabs().setCurrentIndex(199);
     Control<QLineEdit>(Page(200), "txtValue3").setText(QStringLiteral("7"));
+    Desktop.ExpectMessageTitled("Doubtful Weights", Answer::Yes);
     Click(*Dialog, "cmdOK");
     EXPECT_EQ(Key("Tracker", "SDist200"), "7");
 }
@@ -249,6 +251,58 @@ TEST_F(FrmObsWeights, AMistypedValueIsReportedShownAndPutRight) {
     Click(*Dialog, "cmdOK");
     EXPECT_EQ(Key("Distance", "SDist1"), "0.005");
     EXPECT_EQ(Key("Tracker", "HAngle1"), "0.0005");
+}
+
+TEST_F(FrmObsWeights, AFieldThatIsNoWeightIsMarkedWhileItIsTyped) {
+    OpenDialog();
+    auto& field = Control<QLineEdit>(Page(1), "txtValue1");
+    const QColor paper = field.palette().color(QPalette::Base);
+    const QString tip = field.toolTip();
+    field.selectAll();
+    QTest::keyClicks(&field, QStringLiteral("0,5"));
+    EXPECT_NE(field.palette().color(QPalette::Base), paper);
+    EXPECT_EQ(field.toolTip(), ToTip("\"0,5\" has a decimal comma where a point is needed"));
+    EXPECT_EQ(Control<QLineEdit>(Page(1), "txtValue2").palette().color(QPalette::Base), paper);
+    QTest::keyClick(&field, Qt::Key_Home);
+    QTest::keyClick(&field, Qt::Key_Right);
+    QTest::keyClick(&field, Qt::Key_Delete);
+    QTest::keyClicks(&field, QStringLiteral("."));
+    EXPECT_EQ(field.palette().color(QPalette::Base), paper);
+    EXPECT_EQ(field.toolTip(), tip);
+}
+
+TEST_F(FrmObsWeights, TheBoxMovesTheMarkToTheFieldsThatCount) {
+    OpenDialog();
+    const auto marked = [&](const char* name) {
+        auto& field = Control<QLineEdit>(Page(1), name);
+        return field.palette().color(QPalette::Active, QPalette::Base) !=
+               Dialog->palette().color(QPalette::Active, QPalette::Base);
+    };
+    Control<QLineEdit>(Page(1), "txtValue1").setText(QStringLiteral("x"));
+    EXPECT_TRUE(marked("txtValue1"));
+    EXPECT_FALSE(marked("txtValue4"));
+    ClickLinear(1);
+    EXPECT_FALSE(marked("txtValue1"));
+    EXPECT_TRUE(marked("txtValue4"));  // 0
+}
+
+TEST_F(FrmObsWeights, NoGoesBackToTheDoubtfulFieldAndSavesNothing) {
+    const std::string former = FileContent("C:\\WINDOWS\\dv_input.ini");
+    OpenDialog();
+    Control<QLineEdit>(Page(4), "txtValue2").setText(QStringLiteral("-1"));
+    Desktop.ExpectMessage("Doubtful Weights",
+                          "No standard error above zero :\r\n\r\nDirections, Zenith Angle : \"-1\" is below "
+                          "zero\r\n\r\nDo you wish to save the weights all the same?",
+                          Answer::No);
+    Click(*Dialog, "cmdOK");
+    ASSERT_FALSE(Dialog.isNull());
+    EXPECT_EQ(Tabs().currentIndex(), 3);
+    EXPECT_EQ(Dialog->focusWidget(), &Control<QWidget>(Page(4), "txtValue2"));
+    EXPECT_EQ(FileContent("C:\\WINDOWS\\dv_input.ini"), former);
+    Desktop.ExpectMessageTitled("Doubtful Weights", Answer::Yes);
+    Click(*Dialog, "cmdOK");
+    EXPECT_TRUE(Dialog.isNull());
+    EXPECT_EQ(Key("Angle", "ZAngle1"), "-1");
 }
 
 TEST_F(FrmObsWeights, OpensEmptyWithoutInputTypes) {
