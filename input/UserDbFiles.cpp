@@ -15,9 +15,14 @@ namespace Dorvane {
 namespace {
 
 constexpr const char* Section = "User Database";
+constexpr std::size_t LongestValue = 127;  // of a profile
 
 std::string KeyOf(int number) {
     return "Names" + std::to_string(number);
+}
+
+std::string ValueOf(const ListEntry& entry) {
+    return Trim(entry.Text + (entry.Selected ? " 1" : " 0"));
 }
 
 // The entry of a key; an empty text when the value is none.
@@ -54,10 +59,18 @@ void SaveUserDbList(const std::vector<ListEntry>& list) {
     std::vector<IniSetting> settings;
     int number = 0;
     for (const ListEntry& entry : list)
-        settings.push_back({Section, KeyOf(++number), Trim(entry.Text + (entry.Selected ? " 1" : " 0"))});
+        settings.push_back({Section, KeyOf(++number), ValueOf(entry)});
     while (number < MostUserFiles)
         settings.push_back({Section, KeyOf(++number), " "});
     IniWriteSettings(InputProfile, settings);
+}
+
+std::string WhyNotKept(const std::string& path) {
+    const std::string value = ValueOf({path, true});
+    List1<std::string> words;
+    if (ParseFields(words, value) != 2)
+        return "Its path holds a blank, a comma or a tab";
+    return value.size() > LongestValue ? "Its path has more than 125 characters" : "";
 }
 
 void BrowseUserDbFile(std::vector<ListEntry>& list) {
@@ -72,6 +85,12 @@ void BrowseUserDbFile(std::vector<ListEntry>& list) {
         const std::optional<std::string> file = TheDesktop().AskFile(dialog);
         if (!file || file->empty())
             return;
+        if (const std::string reason = WhyNotKept(*file); !reason.empty()) {
+            ShowWarning("File " + *file + " can not be added.  " + reason +
+                            ", and the list of user files would lose it.",
+                        "File Not Added");
+            return;
+        }
         const bool listed = std::any_of(list.begin(), list.end(), [&](const ListEntry& entry) {
             return EqualIgnoringCase(entry.Text,
                                      *file);  // the list comes back from the profile in upper case

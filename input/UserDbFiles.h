@@ -23,8 +23,12 @@ std::vector<ListEntry> LoadUserDbList();
 /// Writes the list to the profile, one blank for each unused key.
 void SaveUserDbList(const std::vector<ListEntry>& list);
 
-/// The click of cmdBrowse: adds a file of the operator's choice, checked, and saves the list. A full list, or
-/// a file that is listed already, is told. Reports as "frmInput-cmdBrowse_Click".
+/// Why the profile could not keep a file of this path; empty when it can.
+std::string WhyNotKept(const std::string& path);
+
+/// The click of cmdBrowse: adds a file of the operator's choice, checked, and saves the list. A full list, a
+/// file that is listed already, or one that the profile could not keep, is told. Reports as
+/// "frmInput-cmdBrowse_Click".
 void BrowseUserDbFile(std::vector<ListEntry>& list);
 
 /// The click of cmdDelete: removes the entry under the cursor (from 0) and saves the list; nothing happens

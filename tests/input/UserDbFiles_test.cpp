@@ -59,6 +59,30 @@ TEST_F(UserDbFiles, AFileThatIsListedIsToldAndNotAdded) {
     EXPECT_EQ(Desktop.Shown.back().Picture, Icon::Exclamation);
 }
 
+TEST_F(UserDbFiles, AFileThatTheProfileWouldLoseIsRefusedWithTheReason) {
+    const std::string longest = "D:\\" + std::string(122, 'A');
+    const std::string blank = "Its path holds a blank, a comma or a tab";
+    const std::vector<std::pair<std::string, std::string>> refused = {
+        {"D:\\MY POINTS.TXT", blank},
+        {"D:\\MY FOLDER\\A.TXT", blank},
+        {"D:\\A,B.TXT", blank},
+        {"D:\\A\tB.TXT", blank},
+        {longest + "A", "Its path has more than 125 characters"}};
+    for (const auto& [file, reason] : refused) {
+        std::vector<ListEntry> list;
+        Desktop.ExpectFile("", file);
+        Desktop.ExpectMessage("File Not Added", "File " + file + " can not be added.  " + reason +
+                                                    ", and the list of user files would lose it.");
+        BrowseUserDbFile(list);
+        EXPECT_TRUE(list.empty()) << file;
+        EXPECT_EQ(Desktop.Shown.back().Picture, Icon::Exclamation);
+    }
+    std::vector<ListEntry> list;
+    Desktop.ExpectFile("", longest);
+    BrowseUserDbFile(list);
+    EXPECT_EQ(ReadUserFiles(), (List1<std::string>{longest}));
+}
+
 TEST_F(UserDbFiles, AFullListAsksForNoFile) {
     std::vector<ListEntry> list(16, ListEntry{"D:\\A.TXT", false});
     Desktop.ExpectMessage("List Full",
