@@ -80,6 +80,66 @@ TEST_F(GatherDataTest, AnEmptyResultFileAddsNothingAndSaysNothing) {
     EXPECT_EQ(Model().TrackerSets[1].Count(), 0);
 }
 
+TEST_F(GatherDataTest, AnEmptyResultFileBehindAFullOneAddsNothing) {
+    PutLines(Folder + "TOTAL.RES", {"ST1 P7 1 2 3"});
+    PutFile("D:\\TWO\\TOTAL.RES", "");
+    PutFile("D:\\TWO\\REDIR.RES", "");
+    PutFile("D:\\TWO\\ZENITH.RES", "");
+    Add("Laser");
+    Add("Laser", "D:\\TWO\\");
+    Add("Directions", "D:\\THREE\\");
+    PutFile("D:\\THREE\\REDIR.RES", "");
+    PutFile("D:\\THREE\\ZENITH.RES", "");
+    Gather();
+    EXPECT_EQ(Model().TrackerSets[1].Count(), 1);
+    EXPECT_EQ(Model().AngleSets[1].Count(), 0);
+    EXPECT_EQ(Model().Points[1].HangCount, 1);
+}
+
+// Two input types of each kind, all of which read what is put into their folders.
+TEST_F(GatherDataTest, TwoEntriesOfAKindKeepTheirObservationsAndWeightsApart) {
+    std::vector<std::string> lines = {"[TPS]", "3dResFile=TOTALRES TOTAL.RES"};
+    for (const char* kind : {"Tracker", "Total", "Height", "Angle", "Distance"}) {
+        const std::string name = kind;
+        for (const std::string& line :
+             {"[" + name + "]", std::string("Number=2"), "Name1=" + name + " A", "Name2=" + name + " B",
+              std::string("Location1=TPS"), std::string("Location2=TPS"), std::string("HAngle1=0.1"),
+              std::string("HAngle2=0.2"), std::string("ZAngle1=0.3"), std::string("ZAngle2=0.4"),
+              std::string("SDist1=0.5"), std::string("SDist2=0.6"), std::string("HDiff1=0.7"),
+              std::string("HDiff2=0.8")})
+            lines.push_back(line);
+    }
+    PutProfile("dv_input.ini", lines);
+    Screen = OpenScreen();
+    for (const char* kind : {"Tracker", "Total", "Height", "Angle", "Distance"}) {
+        for (const char* entry : {"A", "B"}) {
+            const std::string folder = std::string("D:\\") + kind + entry + "\\";
+            PutLines(folder + "TOTAL.RES", {std::string("S ") + entry + " 1 2 3"});
+            Add(std::string(kind) + " " + entry, folder);
+        }
+    }
+    Gather();
+    const auto expect = [](const auto& sets, const auto& errorOf, double first, double second) {
+        ASSERT_EQ(sets.Count(), 2);
+        ASSERT_EQ(sets[1].Count(), 1);
+        ASSERT_EQ(sets[2].Count(), 1);
+        EXPECT_EQ(sets[1][1].Target, "A");
+        EXPECT_EQ(sets[2][1].Target, "B");
+        EXPECT_EQ(errorOf(sets[1][1]), first);
+        EXPECT_EQ(errorOf(sets[2][1]), second);
+    };
+    expect(
+        Model().TrackerSets, [](const auto& one) { return one.SDistError; }, 0.5, 0.6);
+    expect(
+        Model().TotalSets, [](const auto& one) { return one.HAngleError; }, 0.1, 0.2);
+    expect(
+        Model().HeightSets, [](const auto& one) { return one.HDiffError; }, 0.7, 0.8);
+    expect(
+        Model().AngleSets, [](const auto& one) { return one.ZAngleError; }, 0.3, 0.4);
+    expect(
+        Model().DistanceSets, [](const auto& one) { return one.DistError; }, 0.5, 0.6);
+}
+
 TEST_F(GatherDataTest, TakesTheFilesOfTheDimension) {
     PutLines(Folder + "LEVEL.RES", {"A B 1"});
     PutLines(Folder + "LEVEL1.RES", {"A B 2"});

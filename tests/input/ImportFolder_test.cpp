@@ -240,6 +240,36 @@ TEST_F(ImportFolderTest, ACancelledDialogLeavesTheScreenAsItWas) {
     EXPECT_EQ(Screen.lblDirectory, Folder);
 }
 
+TEST_F(ImportFolderTest, AnExtensionWithNothingToCompareLeavesTheOthersToDecide) {
+    for (const char* extensions : {"XYZ GSI", "GSI XYZ", "XYZ GSI XYZ"}) {
+        IniWriteString("dv_datatype.ini", "TPS", "Extension", extensions);
+        Screen = OpenScreen();
+        PutResult(10);
+        PutData(5);
+        Import();
+        EXPECT_TRUE(IsListed()) << extensions;
+    }
+}
+
+TEST_F(ImportFolderTest, EveryExtensionIsComparedAlsoBehindOneThatIsGood) {
+    IniWriteString("dv_datatype.ini", "TPS", "Extension", "ABC XYZ GSI");
+    IniWriteString("dv_datatype.ini", "TPS", "ABC_Reduce", "RED.EXE TOTAL.RES");
+    PutResult(10);
+    PutData(15);
+    Desktop.ExpectMessageTitled("No Data Files");
+    Desktop.ExpectMessageTitled("Newer Dates");
+    Import();
+    EXPECT_TRUE(IsListed());
+}
+
+TEST_F(ImportFolderTest, OnlyExtensionsWithNothingToCompareAreNoResults) {
+    IniWriteString("dv_datatype.ini", "TPS", "Extension", "XYZ UVW");
+    PutResult(10);
+    Desktop.ExpectMessage("No Reduction File(s)", NoResults);
+    Import();
+    EXPECT_FALSE(IsListed());
+}
+
 TEST_F(ImportFolderTest, WithoutATypeNothingHappens) {
     Screen.icmbInput = 0;
     Import();

@@ -10,6 +10,7 @@
 #include "adjustment/Package.h"
 #include "adjustment/basVarn.h"
 #include "core/Drives.h"
+#include "core/Text.h"
 #include "core/basGeneral.h"
 #include "input/CoordinateFiles.h"
 #include "programs/road/RoadWalk.h"
@@ -25,6 +26,7 @@ namespace {
 // Walks the road with the shipped program folder and field book, once for all tests of this process.
 class RoadTest : public testing::Test {
   protected:
+    static constexpr double LastDecimal = 0.00001;  // meters
     static constexpr const char* Project = "D:\\TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\";
 
     RoadTest() { setenv("DORVANE_DRIVES", (Site.HostFolder() + "site/drives").c_str(), 1); }
@@ -73,10 +75,18 @@ TEST_F(RoadTest, BringsTheDatabaseTheCoordinatesOfTheListing) {
     ASSERT_GT(count, 3);
     EXPECT_EQ(project, "ADJUST");
     EXPECT_EQ(task, "SRV01");
-    const std::string input = FileContent(std::string(Project) + "SECOND.INP");
-    for (const Dbs3DPoint& point : exported)
-        EXPECT_NE(input.find("\r\n" + point.Name + " "), std::string::npos)
-            << point.Name << " has no coordinates";
+    const std::vector<std::string> input = FileLines(std::string(Project) + "SECOND.INP");
+    for (const Dbs3DPoint& point : exported) {
+        // A row of coordinates is followed by that of its errors, which no row of observations is.
+        const auto row = std::adjacent_find(input.begin(), input.end(), [&](const auto& a, const auto& b) {
+            return a.starts_with(point.Name + " ") && b.starts_with("                1.00E+03");
+        });
+        ASSERT_NE(row, input.end()) << point.Name << " has no coordinates";
+        EXPECT_NEAR(LeadingNumber(Mid(*row, 10, 15)), point.X, LastDecimal) << *row;
+        EXPECT_NEAR(LeadingNumber(Mid(*row, 25, 15)), point.Y, LastDecimal) << *row;
+        EXPECT_NEAR(LeadingNumber(Mid(*row, 40, 15)), point.Z, LastDecimal) << *row;
+        EXPECT_NE(point.X, 0) << point.Name;
+    }
 }
 
 TEST_F(RoadTest, AllFourTypesOfTheRealPackageGiveResults) {
