@@ -7,6 +7,7 @@
 #include "core/basGeneral.h"
 #include "input/GatherData.h"
 #include "input/ImportFolder.h"
+#include "input/InputContents.h"
 #include "input/InputTypes.h"
 #include "input/InputWriter.h"
 #include "input/SummaryFile.h"
@@ -53,6 +54,7 @@ bool WriteFiles(Guard& guard, InputScreen& screen, const InputServices& services
     CloseInputFiles(guard, files);
     screen.lblFileName = inputName;
     screen.FileFolder = folder;
+    screen.Contents = DescribeInput(model, folder, inputName);
     return true;
 }
 

@@ -39,6 +39,8 @@ struct InputScreen {
     std::string lblDirectory;  // the folder chosen last
     std::string lblFileName;   // the input file in hand
     std::string FileFolder;    // where the input file in hand lies
+    std::string Contents;      // what the input file in hand holds, in words; empty when there is none
+    std::string SavedProject;  // the set-up as it was opened or saved last, in the form of a project file
     bool cmdEditEnabled = false;
     bool cmdPrintEnabled = false;
 };

@@ -340,3 +340,6 @@ void frmInput::ShowFile() {
 }
 
 }  // namespace Dorvane
+    Form->lblContents->setText(ToScreen(State.Contents));
+    Form->lblContents->setHidden(State.Contents.empty());
+    Form->lblContentsTitle->setHidden(State.Contents.empty());

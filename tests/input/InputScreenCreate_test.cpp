@@ -51,6 +51,19 @@ TEST_F(InputScreenCreate, WritesTheFilesUnderTheNameAndFolderGiven) {
     EXPECT_EQ(Folders(), (Texts{"Laser>" + Survey}));
 }
 
+TEST_F(InputScreenCreate, TellsWhatWasMadeAndWhere) {
+    OpenWithFolder();
+    EXPECT_FALSE(IsShown(*Screen, "lblContents"));
+    ExpectName("NET");
+    ExpectCompleted();
+    Click(*Screen, "cmdCreate");
+    EXPECT_TRUE(IsShown(*Screen, "lblContents"));
+    EXPECT_EQ(TextOf(*Screen, "lblContents"), "NET.INP, NET.ORG, NET.SUM and NET.VER in " + Job +
+                                                  "\r\nObservations : 1 tracker\r\n"
+                                                  "Points : 0 with coordinates, 1 without");
+    EXPECT_EQ(Status(), "Input file completed");
+}
+
 TEST_F(InputScreenCreate, WaitsAndShowsItsGearsWhileItWrites) {
     OpenWithFolder();
     PutFile(Job + "NET.INP", "");
