@@ -14,8 +14,8 @@ namespace Dorvane {
 /// "frmInput-cmdCreate_Click".
 void CreateInputFile(InputScreen& screen, const InputServices& services);
 
-/// Asks for the target folder, in the tree or by dialog, into lblDirectory; a cancel leaves it as it was. Says
-/// so when there is nothing to write. True when there is data and a folder was chosen. Reports as
+/// Asks for the target folder, in the tree or by dialog, into lblDirectory; a cancel leaves it as it was.
+/// Says so when there is nothing to write. True when there is data and a folder was chosen. Reports as
 /// "basInput-SetupCreateInput".
 bool SetupCreateInput(InputScreen& screen, const InputServices& services, std::int16_t pointCount,
                       std::int16_t stationCount);

@@ -8,6 +8,7 @@
 #include "core/Text.h"
 #include "core/basGeneral.h"
 #include "datatree/basTarvex.h"
+#include "input/InputTypes.h"
 #include "input/TreeFolders.h"
 #include "upload/DataTypes.h"
 #include "upload/Messages.h"
@@ -150,8 +151,11 @@ void ImportFolder(InputScreen& screen, const InputServices& services) {
                 "Extensions Not Found");
             return;
         }
-        if (ResultsAreGood(screen.lblDirectory, location, extensions))
-            AddTreeFolder(screen.trvInput, type.Name, screen.lblDirectory);
+        if (!ResultsAreGood(screen.lblDirectory, location, extensions))
+            return;
+        AddTreeFolder(screen.trvInput, type.Name, screen.lblDirectory);
+        IniWriteString(InputProfile, "Project", "Last Type", type.Name);
+        services.ShowStatus("Folder " + screen.lblDirectory + " added to " + type.Name);
     });
 }
 

@@ -28,14 +28,14 @@ ResDates CompareResDates(const std::string& folder, const std::string& location,
 /// ReplaceFirst, wherever it stands, and also when the path holds `word` already; both are meant.
 std::string ProposePath(const std::string& lastPath, const std::string& word);
 
-/// Asks for a folder: in the folder tree opened at `treePath`, or by dialog with a proposed file name. Nothing
-/// when the operator cancels, and then the screen keeps what it shows.
+/// Asks for a folder: in the folder tree opened at `treePath`, or by dialog with a proposed file name.
+/// Nothing when the operator cancels, and then the screen keeps what it shows.
 std::optional<std::string> ChooseFolder(const InputServices& services, const std::string& caption,
                                         const std::string& treePath, const std::string& proposedName);
 
 /// The click of cmdImport: asks for a folder of the selected input type, warns of missing or outdated result
-/// files, and adds the folder to the tree. Reports as "frmInput-cmdImport_Click"; error 35602 for a folder
-/// that stands in the tree already.
+/// files, and adds the folder to the tree; the type is proposed when the screen opens again. Reports as
+/// "frmInput-cmdImport_Click"; error 35602 for a folder that stands in the tree already.
 void ImportFolder(InputScreen& screen, const InputServices& services);
 
 }  // namespace Dorvane

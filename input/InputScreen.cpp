@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "input/InputScreen.h"
 
+#include "core/ProfileStore.h"
 #include "core/ReportError.h"
 #include "core/basGeneral.h"
 #include "core/basPrint.h"
 #include "datatree/basTarvex.h"
 #include "input/InputTypes.h"
+#include "input/ProjectLists.h"
+#include "input/TreeFolders.h"
 #include "input/UserDbFiles.h"
 #include "input/Weights.h"
 
@@ -13,19 +16,17 @@ namespace Dorvane {
 
 namespace {
 
-constexpr const char* RootKey = "Data Types";
-
 void AddTypeNodes(InputScreen& screen) {
     screen.trvInput.Clear();
-    screen.trvInput.Add({.Key = RootKey,
+    screen.trvInput.Add({.Key = TreeRoot,
                          .Parent = "",
-                         .Caption = RootKey,
+                         .Caption = TreeRoot,
                          .Image = "sclsfolder",
                          .ExpandedImage = "sopnfolder",
                          .Expanded = true});
     for (const InputType& type : screen.Model.Types)
         screen.trvInput.Add({.Key = type.Name,
-                             .Parent = RootKey,
+                             .Parent = TreeRoot,
                              .Caption = type.Name,
                              .Image = type.Icon,
                              .ExpandedImage = "",
@@ -40,33 +41,52 @@ void EditResultFiles(const std::string& folder) {
         RunAndWait(editor.Program() + " " + folder + file.Name);
 }
 
-bool Confirmed(const std::string& text, const std::string& title, Icon icon) {
-    const Message message{.Text = text, .Title = title, .Picture = icon, .Choices = Buttons::YesNo};
+bool Confirmed(const std::string& text, const std::string& title) {
+    const Message message{
+        .Text = text, .Title = title, .Picture = Icon::Exclamation, .Choices = Buttons::YesNo};
     return TheDesktop().ShowMessage(message) == Answer::Yes;
 }
 
-void ClickFolder(InputScreen& screen, const std::string& key, const std::string& folder) {
+void OfferRemoval(InputScreen& screen, const InputServices& services, const std::string& key) {
+    if (!Confirmed("Do you wish to remove the folder " + key + " from the input file?", "Remove Folder") ||
+        !Confirmed("Are you sure you wish to remove the folder " + key + "?", "Are You Sure"))
+        return;
+    screen.trvInput.Remove(key);
+    services.ShowStatus("Folder " + key + " removed");
+}
+
+void ClickFolder(InputScreen& screen, const InputServices& services, const std::string& key,
+                 const std::string& folder) {
     const Message question{.Text = "Do you wish to edit the *.RES files in folder " + key + "?",
                            .Title = "Edit Result File(s)",
-                           .Picture = Icon::Question,
+                           .Picture = Icon::Exclamation,
                            .Choices = Buttons::YesNoCancel};
     const Answer answer = TheDesktop().ShowMessage(question);
     if (answer == Answer::Yes)
         EditResultFiles(folder);
-    if (answer != Answer::No)
-        return;
-    if (Confirmed("Do you wish to remove the folder " + key + " from the input file?", "Remove Folder",
-                  Icon::Question) &&
-        Confirmed("Are you sure you wish to remove the folder " + key + "?", "Are You Sure",
-                  Icon::Exclamation))
-        screen.trvInput.Remove(key);
+    if (answer == Answer::No)
+        OfferRemoval(screen, services, key);
+}
+
+// The type of a name, from 1; 0 when there is none.
+std::int16_t TypeNamed(const List1<InputType>& types, const std::string& name) {
+    for (int i = 1; i <= types.Count(); ++i)
+        if (types[i].Name == name)
+            return static_cast<std::int16_t>(i);
+    return 0;
+}
+
+// The type that a folder was put under last, else the first one.
+std::int16_t ProposedType(const List1<InputType>& types) {
+    const std::int16_t last = TypeNamed(types, IniReadString(InputProfile, "Project", "Last Type"));
+    return last == 0 && !types.Empty() ? std::int16_t{1} : last;
 }
 
 }  // namespace
 
 void OpenInputScreen(InputScreen& screen, const List1<PathRecord>& records, const InputServices& services) {
     Guarded("frmInput-Form_Load", [&](Guard&) {
-        services.ShowStatus("Choose data type to import");
+        services.ShowStatus(IdleStatus);
         screen.lstCoordTypes = {{"3 Dimensional"}, {"Monuments"}, {"Benchmarks"}, {"Ideals"}};
         screen.lstCoordDirectorys = CoordDirectoryEntries(records);
         screen.lstUserDBFiles = LoadUserDbList();
@@ -77,7 +97,8 @@ void OpenInputScreen(InputScreen& screen, const List1<PathRecord>& records, cons
                        model.HeightWeights);
         EmptyModel(model);
         AddTypeNodes(screen);
-        screen.icmbInput = model.Types.Empty() ? std::int16_t{0} : std::int16_t{1};
+        screen.icmbInput = ProposedType(model.Types);
+        screen.SavedProject = ProjectText(screen);
     });
 }
 
@@ -95,16 +116,20 @@ std::string FileInHand(const InputScreen& screen) {
     return screen.lblFileName.empty() ? "" : screen.FileFolder + screen.lblFileName;
 }
 
-void ClickInputNode(InputScreen& screen, const std::string& key) {
+void ClickInputNode(InputScreen& screen, const InputServices& services, const std::string& key) {
     Guarded("frmInput-trvInput_NodeClick", [&](Guard&) {
         std::string folder = key;
         if (FolderExists(folder)) {
-            ClickFolder(screen, key, folder);
+            ClickFolder(screen, services, key, folder);
             return;
         }
-        for (int i = 1; i <= screen.Model.Types.Count(); ++i)
-            if (screen.Model.Types[i].Name == key)
-                screen.icmbInput = static_cast<std::int16_t>(i);
+        if (key == TreeRoot)
+            return;
+        const std::int16_t type = TypeNamed(screen.Model.Types, key);
+        if (type != 0)
+            screen.icmbInput = type;
+        else
+            OfferRemoval(screen, services, key);  // its folder has vanished from the disk
     });
 }
 

@@ -51,8 +51,8 @@ struct InputServices {
     /// Shows a text in panel 1 of the status bar.
     std::function<void(const std::string& text)> ShowStatus = [](const std::string&) {};
 
-    /// Shows the folder tree under a caption, modally, opened at a path. The folder that its OK chose; nothing
-    /// after its Cancel.
+    /// Shows the folder tree under a caption, modally, opened at a path. The folder that its OK chose;
+    /// nothing after its Cancel.
     std::function<std::optional<std::string>(const std::string& caption, const std::string& path)> PickFolder;
 
     MakeCoordinateSource MakeSource;
@@ -61,9 +61,12 @@ struct InputServices {
     std::function<void(bool on)> ShowAnimation = [](bool) {};  // AppPath + "graphics\gears.avi"
 };
 
+/// What panel 1 of the status bar shows when nothing is to be told.
+inline constexpr const char* IdleStatus = "Choose data type to import";
+
 /// Fills the screen as it opens: the coordinate lists from the path records, the user files, dimension 3,
-/// input types, weights and empty sets, and the tree with its root and a node per input type. Reports as
-/// "frmInput-Form_Load".
+/// input types, weights and empty sets, and the tree with its root and a node per input type. The selected
+/// type is the one that a folder was put under last, else the first. Reports as "frmInput-Form_Load".
 void OpenInputScreen(InputScreen& screen, const List1<PathRecord>& records, const InputServices& services);
 
 /// The entries of lstCoordDirectorys: "User Defined", then root, backslash and location of the first record
@@ -75,9 +78,9 @@ std::vector<ListEntry> CoordDirectoryEntries(const List1<PathRecord>& records);
 std::string FileInHand(const InputScreen& screen);
 
 /// The click of a node of trvInput. On a folder it offers to edit the folder's *.RES files, one after another
-/// in the general editor, or to remove the folder; on an input type it selects the type. Reports as
-/// "frmInput-trvInput_NodeClick".
-void ClickInputNode(InputScreen& screen, const std::string& key);
+/// in the general editor, or to remove the folder; on one that has vanished from the disk only to remove it;
+/// on an input type it selects the type. Reports as "frmInput-trvInput_NodeClick".
+void ClickInputNode(InputScreen& screen, const InputServices& services, const std::string& key);
 
 /// The click of cmdEdit: starts the general editor on the input file in hand, if it exists. Reports as
 /// "frmInput-cmdEdit_Click".

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "input/ProjectFile.h"
 
-#include "core/LineWriter.h"
+#include <algorithm>
+
+#include "core/Drives.h"
 #include "core/ProfileStore.h"
 #include "core/ReportError.h"
 #include "core/Text.h"
 #include "core/basGeneral.h"
 #include "datatree/GuardedReader.h"
 #include "input/InputTypes.h"
+#include "input/ProjectLists.h"
 #include "input/TreeFolders.h"
 #include "upload/Messages.h"
 
@@ -15,7 +18,7 @@ namespace Dorvane {
 
 namespace {
 
-constexpr const char* EndMark = "End";
+constexpr std::size_t MostTold = 12;  // lines of what will be lost, so that the message fits the desk
 constexpr int IndexOutOfBounds = 35600;
 constexpr std::int16_t DimensionCount = 3;
 
@@ -40,27 +43,30 @@ bool MayOverwrite(const std::string& path) {
     return TheDesktop().ShowMessage(question) == Answer::Yes;
 }
 
-void WriteSelected(LineWriter& file, const std::vector<ListEntry>& entries) {
-    for (const ListEntry& entry : entries)
-        if (entry.Selected)
-            file.Line(entry.Text);
-    file.Line(EndMark);
+// Asks before a project is written that an opening would not bring back whole.
+bool MayLose(const ProjectLists& lists) {
+    const std::vector<std::string> lost = Lost(lists);
+    if (lost.empty())
+        return true;
+    std::string text = "The letters \"End\" in " + FirstThatEndsAList(lists) +
+                       " end a list of the project when it is opened.  These will be lost then:\r\n";
+    for (std::size_t i = 0; i < std::min(lost.size(), MostTold); ++i)
+        text += "\r\n" + lost[i];
+    if (lost.size() > MostTold)
+        text += "\r\nand " + std::to_string(lost.size() - MostTold) + " more";
+    const Message question{.Text = text + "\r\n\r\nDo you wish to save the project all the same?",
+                           .Title = "Project Incomplete",
+                           .Picture = Icon::Exclamation,
+                           .Choices = Buttons::YesNo,
+                           .Default = Answer::No};
+    return TheDesktop().ShowMessage(question) == Answer::Yes;
 }
 
-void WriteProject(const InputScreen& screen, const std::string& path) {
-    List1<std::string> typeNames;
-    List1<std::string> folders;
-    const std::int16_t count = GetTreeFolders(screen.trvInput, screen.Model.Types, typeNames, folders);
-    LineWriter file(path);
-    file.Line(screen.txtProject);
-    file.Line(screen.txtTask);
-    file.Line(std::to_string(screen.icmbDimension));
-    for (int i = 1; i <= count; ++i)
-        file.Line(typeNames[i] + ">" + folders[i]);
-    file.Line(EndMark);
-    WriteSelected(file, screen.lstCoordDirectorys);
-    WriteSelected(file, screen.lstCoordTypes);
-    file.Close();
+// Nothing that is worth being asked about: no folder, no description and no selection.
+bool IsBlank(const InputScreen& screen) {
+    const ProjectLists lists = ListsOf(screen);
+    return screen.txtProject.empty() && screen.txtTask.empty() &&
+           std::all_of(lists.begin(), lists.end(), [](const auto& list) { return list.empty(); });
 }
 
 void ClearSelection(std::vector<ListEntry>& entries) {
@@ -91,7 +97,9 @@ void AddFolderLine(InputScreen& screen, const std::string& line) {
     const int mark = InStr(line, ">");
     if (mark == 0)
         throw RunTimeError(InvalidProcedureCall);
-    AddTreeFolder(screen.trvInput, Left(line, mark - 1), Mid(line, mark + 1));
+    // A folder that can not be added is left out, and those behind it are read.
+    Guarded("frmInput-mnuOpenProject",
+            [&](Guard&) { AddTreeFolder(screen.trvInput, Left(line, mark - 1), Mid(line, mark + 1)); });
 }
 
 void ReadProject(Guard& guard, InputScreen& screen, const std::string& path) {
@@ -107,23 +115,44 @@ void ReadProject(Guard& guard, InputScreen& screen, const std::string& path) {
 
 }  // namespace
 
-void SaveProject(const InputScreen& screen, const InputServices& services) {
+bool SaveProject(InputScreen& screen, const InputServices& services) {
+    bool saved = false;
     Guarded("frmInput-mnuSaveProject", [&](Guard& guard) {
         const std::optional<std::string> path = AskProject(FileDialog::Kind::Save);
         if (!path || path->empty())
             return;
-        if (FileExists(*path) && !MayOverwrite(*path)) {
+        if ((FileExists(*path) && !MayOverwrite(*path)) || !MayLose(ListsOf(screen))) {
             services.ShowStatus("Project " + *path + " NOT saved");
             return;
         }
-        guard.Run([&] { WriteProject(screen, *path); });
+        const std::string text = ProjectText(screen);
+        guard.Run([&] { Drives::WriteFile(*path, text); });
+        screen.SavedProject = text;
+        saved = true;
         services.ShowStatus("Project " + *path + " saved");
         IniWriteString(InputProfile, "Project", "Last", *path);
     });
+    return saved;
+}
+
+bool MayLeave(InputScreen& screen, const InputServices& services) {
+    if (IsBlank(screen) || ProjectText(screen) == screen.SavedProject)
+        return true;
+    const Message question{.Text =
+                               "The set-up of this adjustment is not saved.  It will be gone when you leave "
+                               "the screen.\r\n\r\nDo you wish to save it as a project?",
+                           .Title = "Project Not Saved",
+                           .Picture = Icon::Question,
+                           .Choices = Buttons::YesNoCancel};
+    switch (TheDesktop().ShowMessage(question)) {
+        case Answer::Yes: return SaveProject(screen, services);
+        case Answer::No: return true;
+        default: return false;
+    }
 }
 
 void OpenProject(InputScreen& screen, const InputServices& services) {
-    Guarded("frmInput-mnuOpenProject", [&](Guard& guard) {
+    Guarded("frmInput-mnuOpenProject", [&](Guard&) {
         const std::optional<std::string> path = AskProject(FileDialog::Kind::Open);
         if (!path || path->empty())
             return;
@@ -136,14 +165,15 @@ void OpenProject(InputScreen& screen, const InputServices& services) {
         ClearSelection(screen.lstCoordDirectorys);
         ClearSelection(screen.lstCoordTypes);
         ClearTreeFolders(screen.trvInput, screen.Model.Types.Count(), screen.Model.Types);
-        ReadProject(guard, screen, *path);
+        Guarded("frmInput-mnuOpenProject", [&](Guard& reading) { ReadProject(reading, screen, *path); });
+        screen.SavedProject = ProjectText(screen);
     });
 }
 
 bool TakeProjectLine(InputScreen& screen, std::int16_t& section, const std::string& line,
                      const std::string& path) {
     // Those letters end a section wherever they stand in the line, also in a folder named APPEND; meant.
-    const bool isEnd = ContainsIgnoringCase(line, EndMark);
+    const bool isEnd = EndsAList(line);
     switch (section) {
         case 1:
             screen.txtProject = Trim(line);

@@ -38,7 +38,9 @@ void ClearTreeFolders(TreeModel& tree, std::int16_t typeCount, const List1<Input
 }
 
 void AddTreeFolder(TreeModel& tree, const std::string& typeName, const std::string& folder) {
-    if (tree.Find(typeName) == nullptr) {
+    // Below another folder, or below the root, a folder would be shown and never be read.
+    const TreeNode* const type = tree.Find(typeName);
+    if (type == nullptr || type->Parent != TreeRoot) {
         RunTimeError error(ElementNotFound);
         error.Description = "Element not found";
         throw error;

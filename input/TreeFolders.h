@@ -11,6 +11,9 @@
 // Name.
 namespace Dorvane {
 
+/// Key and text of the node above the input types.
+inline constexpr const char* TreeRoot = "Data Types";
+
 /// Raised by a tree control for a key that it does not hold.
 constexpr int ElementNotFound = 35601;
 

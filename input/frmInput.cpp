@@ -68,6 +68,7 @@ frmInput::frmInput(Navigator& navigator, MakeCoordinateSource makeSource)
     ConnectButtons();
     ConnectLists();
     ConnectMenus();
+    ConnectChanges();
     Guarded("frmInput-Form_Load", [&](Guard&) { LoadForm(); });
 }
 
@@ -138,6 +139,7 @@ void frmInput::On(const char* event, const Body& body) {
     if (Running)
         return;
     ReadControls();
+    StatusPanel->setText(ToScreen(IdleStatus));
     Guarded(std::string("frmInput-") + event, body);
     ShowTree();
     ShowFile();
@@ -160,9 +162,9 @@ void frmInput::ConnectButtons() {
     connect(Form->cmdPrint, &QPushButton::clicked, this,
             [this] { On("cmdPrint_Click", [&](Guard&) { PrintInputFile(State); }); });
     connect(Form->cmdVarn, &QPushButton::clicked, this,
-            [this] { On("cmdVarn_Click", [&](Guard&) { cmdVarn_Click(); }); });
+            [this] { RunOn("cmdVarn_Click", [&](Guard&) { cmdVarn_Click(); }); });
     connect(Form->cmdHome, &QPushButton::clicked, this,
-            [this] { On("cmdHome_Click", [&](Guard&) { GoHome(); }); });
+            [this] { RunOn("cmdHome_Click", [&](Guard&) { GoHome(); }); });
     connect(Form->cmdBrowse, &QPushButton::clicked, this, [this] {
         RunOn("cmdBrowse_Click", [&](Guard&) {
             BrowseUserDbFile(State.lstUserDBFiles);
@@ -188,6 +190,21 @@ void frmInput::ConnectLists() {
     connect(remove, &QShortcut::activated, Form->cmdDelete, &QPushButton::click);
 }
 
+// What was told of a set-up no longer holds when the operator changes it.
+void frmInput::ForgetStatus() {
+    if (!Running)
+        StatusPanel->setText(ToScreen(IdleStatus));
+}
+
+void frmInput::ConnectChanges() {
+    for (const QLineEdit* field : {Form->txtProject, Form->txtTask})
+        connect(field, &QLineEdit::textEdited, this, &frmInput::ForgetStatus);
+    for (const QComboBox* combo : {Form->icmbInput, Form->icmbDimension})
+        connect(combo, &QComboBox::activated, this, &frmInput::ForgetStatus);
+    for (const QListWidget* list : {Form->lstCoordTypes, Form->lstCoordDirectorys})
+        connect(list, &QListWidget::itemSelectionChanged, this, &frmInput::ForgetStatus);
+}
+
 void frmInput::ConnectMenus() {
     connect(Form->mnuOpenProject, &QAction::triggered, this, [this] {
         RunOn("mnuOpenProject", [&](Guard&) {
@@ -200,12 +217,14 @@ void frmInput::ConnectMenus() {
     connect(Form->mnuPrinter, &QAction::triggered, this,
             [this] { On("mnuPrinter_Click", [&](Guard&) { PrinterSetup(); }); });
     connect(Form->mnuGoHome, &QAction::triggered, this,
-            [this] { On("mnuGoHome_Click", [&](Guard&) { GoHome(); }); });
+            [this] { RunOn("mnuGoHome_Click", [&](Guard&) { GoHome(); }); });
     connect(Form->mnuObservationWeights, &QAction::triggered, this,
             [this] { On("mnuObservationWeights_Click", [&](Guard&) { mnuObservationWeights_Click(); }); });
     connect(Form->mnuClearAllObs, &QAction::triggered, this, [this] {
-        On("mnuClearAllObs_Click",
-           [&](Guard&) { ClearTreeFolders(State.trvInput, State.Model.Types.Count(), State.Model.Types); });
+        On("mnuClearAllObs_Click", [&](Guard&) {
+            ClearTreeFolders(State.trvInput, State.Model.Types.Count(), State.Model.Types);
+            ShowStatus("All folders removed");
+        });
     });
 }
 
@@ -257,7 +276,7 @@ std::optional<std::string> frmInput::PickFolder(const std::string& caption, cons
 
 void frmInput::trvInput_NodeClick(const std::string& key) {
     RunOn("trvInput_NodeClick", [&](Guard&) {
-        ClickInputNode(State, key);
+        ClickInputNode(State, Services(), key);
         Form->icmbInput->setCurrentIndex(State.icmbInput - 1);
     });
 }
@@ -274,15 +293,21 @@ void frmInput::mnuObservationWeights_Click() {
 void frmInput::WeightsAnswered(bool saved) {
     ShowModal();
     ChangeObservationWeights(State.Model, [saved] { return std::string(saved ? "" : "0"); });
+    if (saved)
+        ShowStatus("Observation weights saved");
 }
 
 void frmInput::cmdVarn_Click() {
+    if (!MayLeave(State, Services()))
+        return;
     const std::string file = FileInHand(State);
     Unload();
     Nav.OpenAdjustment(file);
 }
 
 void frmInput::GoHome() {
+    if (!MayLeave(State, Services()))
+        return;
     Unload();
     Nav.ShowHome();
 }
@@ -335,11 +360,11 @@ void frmInput::ShowUserFiles() {
 void frmInput::ShowFile() {
     Form->lblDirectory->setText(ToScreen(State.lblDirectory));
     Form->lblFileName->setText(ToScreen(State.lblFileName));
+    Form->lblContents->setText(ToScreen(State.Contents));
+    Form->lblContents->setHidden(State.Contents.empty());
+    Form->lblContentsTitle->setHidden(State.Contents.empty());
     Form->cmdEdit->setEnabled(State.cmdEditEnabled);
     Form->cmdPrint->setEnabled(State.cmdPrintEnabled);
 }
 
 }  // namespace Dorvane
-    Form->lblContents->setText(ToScreen(State.Contents));
-    Form->lblContents->setHidden(State.Contents.empty());
-    Form->lblContentsTitle->setHidden(State.Contents.empty());

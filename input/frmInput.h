@@ -50,11 +50,13 @@ class frmInput : public Screen {
     void ConnectButtons();
     void ConnectLists();
     void ConnectMenus();
+    void ConnectChanges();
     void On(const char* event, const Body& body);
     void RunOn(const char* event, const Body& body);
 
     InputServices Services();
     void ShowStatus(const std::string& text);
+    void ForgetStatus();
     void ShowAnimation(bool on);
     std::optional<std::string> PickFolder(const std::string& caption, const std::string& path);
 

@@ -215,7 +215,14 @@ TEST_F(InputScreenCreate, TheFileInHandIsEditedPrintedAndTakenToTheAdjustment) {
     Click(*Screen, "cmdPrint");
     ASSERT_GE(Desktop.PrintedLines.size(), 2U);
     EXPECT_EQ(Desktop.PrintedLines[1], "     File Name : " + Job + "NET.INP");
+    Picked = Survey + "OTHER\\";
+    PutFile(Picked + "TOTAL.RES", "");
+    PutFile(Picked + "A.GSI", "");
+    SetTimeStamp(Picked + "A.GSI", {2020, 1, 1, 8, 0, 0});
+    Click(*Screen, "cmdImport");
+    EXPECT_EQ(TextOf(*Screen, "lblDirectory"), Picked);
     Picker.Calls.clear();
+    Desktop.ExpectMessageTitled("Project Not Saved", Answer::No);
     Click(*Screen, "cmdVarn");
     EXPECT_THAT(Picker.Calls, ElementsAre("OpenAdjustment " + Job + "NET.INP"));
     EXPECT_TRUE(Screen.isNull());
@@ -309,6 +316,7 @@ TEST_F(InputScreenCreate, AReadOnlyFolderIsToldAndLeavesTheScreenUsable) {
         EXPECT_FALSE(Waits());
         EXPECT_THAT(AllFiles(Job), IsEmpty());
         EXPECT_EQ(Folders(), (Texts{"Laser>" + Survey}));
+        Desktop.ExpectMessageTitled("Project Not Saved", Answer::No);
         Click(*Screen, "cmdHome");
     });
 }

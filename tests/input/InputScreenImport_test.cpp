@@ -151,15 +151,54 @@ TEST_F(InputScreenImport, DoesNothingWithoutADataType) {
     EXPECT_THAT(Picker.Calls, IsEmpty());
 }
 
-TEST_F(InputScreenImport, AFolderThatVanishedIsNoLongerAskedAbout) {
+TEST_F(InputScreenImport, AFolderThatVanishedIsAskedAboutOnlyToBeRemoved) {
     Open();
     Import(Survey);
     Drives::DeleteFile(Survey + "TOTAL.RES");
     Drives::DeleteFile(Survey + "DAY1.GSI");
     Drives::RenameFile("D:\\TARVEX\\DAM\\NORTH\\TPS", "D:\\TARVEX\\DAM\\NORTH\\OLD");
+    Desktop.ExpectMessageTitled("Remove Folder", Answer::No);
     ClickNode(Survey);
-    EXPECT_THAT(Desktop.Shown, IsEmpty());
     EXPECT_EQ(Folders(), (Texts{"Laser>" + Survey}));
+    Desktop.ExpectMessageTitled("Remove Folder", Answer::Yes);
+    Desktop.ExpectMessageTitled("Are You Sure", Answer::Yes);
+    ClickNode(Survey);
+    EXPECT_THAT(Folders(), IsEmpty());
+    EXPECT_EQ(Status(), "Folder " + Survey + " removed");
+}
+
+TEST_F(InputScreenImport, TheTypeThatWasUsedLastIsProposedTheNextTime) {
+    Open();
+    Combo("icmbInput").setCurrentIndex(1);
+    Import("");  // cancelled, so not used
+    Screen->Unload();
+    HandleEvents();
+    Open();
+    EXPECT_EQ(Combo("icmbInput").currentText(), QLatin1String("Laser"));
+    Combo("icmbInput").setCurrentIndex(1);
+    Import(Survey);
+    EXPECT_EQ(Status(), "Folder " + Survey + " added to Totalstation");
+    Screen->Unload();
+    HandleEvents();
+    Open();
+    EXPECT_EQ(Combo("icmbInput").currentText(), QLatin1String("Totalstation"));
+}
+
+TEST_F(InputScreenImport, TheStatusBarTellsNothingThatIsOver) {
+    frmInput& screen = Open();
+    Import(Survey);
+    const std::string added = "Folder " + Survey + " added to Laser";
+    EXPECT_EQ(Status(), added);
+    QTest::keyClicks(&Field("txtTask"), QStringLiteral("x"));
+    EXPECT_EQ(Status(), "Choose data type to import");
+    Choose(screen, "mnuClearAllObs");
+    EXPECT_EQ(Status(), "All folders removed");
+    ClickItem(screen, "lstCoordTypes", "Ideals");
+    EXPECT_EQ(Status(), "Choose data type to import");
+    Import(Survey);
+    EXPECT_EQ(Status(), added);
+    Import("");
+    EXPECT_EQ(Status(), "Choose data type to import");
 }
 
 }  // namespace

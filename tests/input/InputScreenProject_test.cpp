@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QWindow>
 #include <random>
 
 #include "core/basGeneral.h"
@@ -122,16 +123,17 @@ TEST_F(InputScreenProject, StaysUntouchedByACancelledDialog) {
     EXPECT_EQ(Last(), "");
 }
 
-TEST_F(InputScreenProject, AFolderOfATypeThatIsGoneIsReportedAndEndsTheReading) {
+TEST_F(InputScreenProject, AFolderOfATypeThatIsGoneIsReportedAndLeftOut) {
     PutLines(Project, {"P", "T", "1", "Laser>D:\\A\\", "Sextant>D:\\B\\", "Laser>D:\\C\\", "End",
                        "DAM\\NORTH", "End", "Ideals", "End"});
     Open();
     Fail("mnuOpenProject");
     EXPECT_EQ(LastReport(), "35601 Dorvane-frmInput-mnuOpenProject");
-    EXPECT_EQ(Folders(), (Texts{"Laser>D:\\A\\"}));
+    EXPECT_EQ(Folders(), (Texts{"Laser>D:\\A\\", "Laser>D:\\C\\"}));
     EXPECT_EQ(TextOf(*Screen, "txtProject"), "P");
     EXPECT_EQ(Combo("icmbDimension").currentText(), QLatin1String("1 Dimension"));
-    EXPECT_THAT(Selected("lstCoordDirectorys"), IsEmpty());
+    EXPECT_EQ(Selected("lstCoordDirectorys"), (Texts{"DAM\\NORTH"}));
+    EXPECT_EQ(Selected("lstCoordTypes"), (Texts{"Ideals"}));
 }
 
 TEST_F(InputScreenProject, AFolderNamedAppendEndsTheFoldersEarly) {
@@ -164,6 +166,39 @@ TEST_F(InputScreenProject, KeepsFoldersThatAreGoneAndTellsEachWhenAnInputFileIsC
     Picked = Job;
     Click(*Screen, "cmdCreate");
     EXPECT_EQ(AllFiles(Job).size(), 4U);
+}
+
+TEST_F(InputScreenProject, IsAskedAboutOnEveryWayOutOfTheScreen) {
+    const std::vector<std::function<void()>> ways = {
+        [&] { Click(*Screen, "cmdHome"); }, [&] { Choose(*Screen, "mnuGoHome"); },
+        [&] { Screen->windowHandle()->close(); }, [&] { Click(*Screen, "cmdVarn"); }};
+    for (const auto& leave : ways) {
+        Open();
+        QTest::keyClicks(&Field("txtProject"), QStringLiteral("dam"));
+        Picker.Calls.clear();
+        Desktop.ExpectMessageTitled("Project Not Saved", Answer::Cancel);
+        leave();
+        HandleEvents();
+        ASSERT_FALSE(Screen.isNull());
+        EXPECT_TRUE(Screen->isVisible());
+        EXPECT_EQ(TextOf(*Screen, "txtProject"), "dam");
+        EXPECT_THAT(Picker.Calls, IsEmpty());
+        Desktop.ExpectMessageTitled("Project Not Saved", Answer::No);
+        leave();
+        HandleEvents();
+        EXPECT_TRUE(Screen.isNull());
+        EXPECT_EQ(Picker.Calls.size(), 1U);
+    }
+}
+
+TEST_F(InputScreenProject, IsSavedOnTheWayOutWhenAskedFor) {
+    Open();
+    QTest::keyClicks(&Field("txtProject"), QStringLiteral("dam"));
+    Desktop.ExpectMessageTitled("Project Not Saved", Answer::Yes);
+    Desktop.ExpectFile("", Project);
+    Click(*Screen, "cmdHome");
+    EXPECT_TRUE(Screen.isNull());
+    EXPECT_EQ(FileLines(Project).at(0), "dam");
 }
 
 TEST_F(InputScreenProject, OfFortyFoldersIsShownWhole) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "input/InputScreen.h"
 
+#include "core/ProfileStore.h"
 #include "input/TreeFolders.h"
 #include "tests/input/InputSite.h"
 
@@ -45,6 +46,30 @@ TEST_F(InputScreenTest, ALocationThatComesBackStandsTwice) {
     EXPECT_EQ(CoordDirectoryEntries({}), (std::vector<ListEntry>{{"User Defined"}}));
 }
 
+TEST_F(InputScreenTest, TheFileInHandStaysWhenAnotherFolderIsChosen) {
+    InputScreen screen = OpenScreen();
+    EXPECT_EQ(FileInHand(screen), "");
+    screen.FileFolder = "D:\\JOB\\";
+    EXPECT_EQ(FileInHand(screen), "");
+    screen.lblFileName = "NET.INP";
+    screen.lblDirectory = Folder;
+    EXPECT_EQ(FileInHand(screen), "D:\\JOB\\NET.INP");
+    PutFile(Folder + "NET.INP", "another one");
+    PutFile("D:\\JOB\\NET.INP", "");
+    EditInputFile(screen);
+    EXPECT_EQ(Desktop.Started, (std::vector<std::string>{"C:\\EDIT\\ED.EXE D:\\JOB\\NET.INP"}));
+    PrintInputFile(screen);
+    ASSERT_GE(Desktop.PrintedLines.size(), 2u);
+    EXPECT_EQ(Desktop.PrintedLines[1], "     File Name : D:\\JOB\\NET.INP");
+}
+
+TEST_F(InputScreenTest, ProposesTheTypeThatWasUsedLast) {
+    IniWriteString("dv_input.ini", "Project", "Last Type", "Directions");
+    EXPECT_EQ(OpenScreen().icmbInput, 4);
+    IniWriteString("dv_input.ini", "Project", "Last Type", "Gone");
+    EXPECT_EQ(OpenScreen().icmbInput, 1);
+}
+
 TEST_F(InputScreenTest, WithoutTypesNoneIsSelected) {
     PutProfile("dv_input.ini", {});
     EXPECT_EQ(OpenScreen().icmbInput, 0);
@@ -58,7 +83,7 @@ TEST_F(InputScreenTest, AFoldersResultFilesAreEditedOneAfterAnother) {
     AddTreeFolder(screen.trvInput, "Laser", Folder);
     Desktop.ExpectMessage("Edit Result File(s)",
                           "Do you wish to edit the *.RES files in folder " + Folder + "?", Answer::Yes);
-    ClickInputNode(screen, Folder);
+    ClickInputNode(screen, Services(), Folder);
     EXPECT_EQ(Desktop.Started, (std::vector<std::string>{"C:\\EDIT\\ED.EXE " + Folder + "A.RES",
                                                          "C:\\EDIT\\ED.EXE " + Folder + "B.RES"}));
     EXPECT_EQ(Desktop.Shown.back().Choices, Buttons::YesNoCancel);
@@ -73,32 +98,50 @@ TEST_F(InputScreenTest, AFolderIsRemovedAfterTwoQuestions) {
         "Remove Folder", "Do you wish to remove the folder " + Folder + " from the input file?", Answer::Yes);
     Desktop.ExpectMessage("Are You Sure", "Are you sure you wish to remove the folder " + Folder + "?",
                           Answer::Yes);
-    ClickInputNode(screen, Folder);
+    ClickInputNode(screen, Services(), Folder);
     EXPECT_EQ(screen.trvInput.Find(Folder), nullptr);
     EXPECT_EQ(screen.trvInput.Nodes().size(), 6u);
+    for (const Message& question : Desktop.Shown)
+        EXPECT_EQ(question.Picture, Icon::Exclamation) << question.Title;
+    EXPECT_EQ(Status, (std::vector<std::string>{"Folder " + Folder + " removed"}));
+}
+
+TEST_F(InputScreenTest, AFolderThatVanishedFromTheDiskCanBeRemoved) {
+    InputScreen screen = OpenScreen();
+    AddTreeFolder(screen.trvInput, "Laser", "D:\\GONE\\");
+    Desktop.ExpectMessage("Remove Folder", "Do you wish to remove the folder D:\\GONE\\ from the input file?",
+                          Answer::No);
+    ClickInputNode(screen, Services(), "D:\\GONE\\");
+    EXPECT_NE(screen.trvInput.Find("D:\\GONE\\"), nullptr);
+    EXPECT_EQ(screen.icmbInput, 1);
+    Desktop.ExpectMessageTitled("Remove Folder", Answer::Yes);
+    Desktop.ExpectMessage("Are You Sure", "Are you sure you wish to remove the folder D:\\GONE\\?",
+                          Answer::Yes);
+    ClickInputNode(screen, Services(), "D:\\GONE\\");
+    EXPECT_EQ(screen.trvInput.Find("D:\\GONE\\"), nullptr);
 }
 
 TEST_F(InputScreenTest, AFolderStaysOnEitherNoAndOnCancel) {
     InputScreen screen = OpenScreen();
     AddTreeFolder(screen.trvInput, "Laser", Folder);
     Desktop.ExpectMessageTitled("Edit Result File(s)", Answer::Cancel);
-    ClickInputNode(screen, Folder);
+    ClickInputNode(screen, Services(), Folder);
     Desktop.ExpectMessageTitled("Edit Result File(s)", Answer::No);
     Desktop.ExpectMessageTitled("Remove Folder", Answer::No);
-    ClickInputNode(screen, Folder);
+    ClickInputNode(screen, Services(), Folder);
     Desktop.ExpectMessageTitled("Edit Result File(s)", Answer::No);
     Desktop.ExpectMessageTitled("Remove Folder", Answer::Yes);
     Desktop.ExpectMessageTitled("Are You Sure", Answer::No);
-    ClickInputNode(screen, Folder);
+    ClickInputNode(screen, Services(), Folder);
     EXPECT_NE(screen.trvInput.Find(Folder), nullptr);
     EXPECT_TRUE(Desktop.Started.empty());
 }
 
 TEST_F(InputScreenTest, ATypeNodeSelectsItsType) {
     InputScreen screen = OpenScreen();
-    ClickInputNode(screen, "Levelling");
+    ClickInputNode(screen, Services(), "Levelling");
     EXPECT_EQ(screen.icmbInput, 3);
-    ClickInputNode(screen, "Data Types");
+    ClickInputNode(screen, Services(), "Data Types");
     EXPECT_EQ(screen.icmbInput, 3);
 }
 

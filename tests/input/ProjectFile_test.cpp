@@ -171,13 +171,164 @@ TEST_F(ProjectFile, AnUnknownEntrySelectsNothing) {
     EXPECT_EQ(Selected(Screen.lstCoordTypes), "0000");
 }
 
-TEST_F(ProjectFile, AFolderOfATypeThatIsGoneIsReported) {
-    PutLines(Path, {"P", "T", "3", "Laser>D:\\A\\", "Gone>D:\\B\\", "End", "End", "End"});
+TEST_F(ProjectFile, AFolderOfATypeThatIsGoneIsReportedAndLeftOut) {
+    PutLines(Path, {"P", "T", "3", "Laser>D:\\A\\", "Gone>D:\\B\\", "Levelling>D:\\C\\", "End", "DAM\\NORTH",
+                    "End", "Ideals", "End"});
     Desktop.ExpectFile("", Path);
     Desktop.ExpectMessageTitled("Program Error");
     OpenProject(Screen, Services());
     EXPECT_EQ(LastReport(), "35601 Dorvane-frmInput-mnuOpenProject");
+    EXPECT_EQ(Folders(), (std::vector<std::string>{"Laser>D:\\A\\", "Levelling>D:\\C\\"}));
+    EXPECT_EQ(Selected(Screen.lstCoordDirectorys), "010");
+    EXPECT_EQ(Selected(Screen.lstCoordTypes), "0001");
+}
+
+TEST_F(ProjectFile, AFolderThatStandsThereTwiceIsReportedAndTakenOnce) {
+    PutLines(Path,
+             {"P", "T", "3", "Laser>D:\\A\\", "Levelling>D:\\A\\", "Laser>D:\\C\\", "End", "End", "End"});
+    Desktop.ExpectFile("", Path);
+    Desktop.ExpectMessageTitled("Program Error");
+    OpenProject(Screen, Services());
+    EXPECT_EQ(LastReport(), "35602 Dorvane-frmInput-mnuOpenProject");
+    EXPECT_EQ(Folders(), (std::vector<std::string>{"Laser>D:\\A\\", "Laser>D:\\C\\"}));
+}
+
+TEST_F(ProjectFile, AFolderUnderWhatIsNoTypeIsReportedAndLeftOut) {
+    PutLines(Path,
+             {"P", "T", "3", "Data Types>D:\\A\\", "Laser>D:\\B\\", "D:\\B\\>D:\\C\\", "End", "End", "End"});
+    Desktop.ExpectFile("", Path);
+    Desktop.ExpectMessageTitled("Program Error");
+    Desktop.ExpectMessageTitled("Program Error");
+    OpenProject(Screen, Services());
+    EXPECT_EQ(LastReport(), "35601 Dorvane-frmInput-mnuOpenProject");
+    EXPECT_EQ(Folders(), (std::vector<std::string>{"Laser>D:\\B\\"}));
+    EXPECT_EQ(Screen.trvInput.Nodes().size(), 7u);
+}
+
+TEST_F(ProjectFile, DescriptionsComeBackWithoutTheBlanksAroundThem) {
+    PutLines(Path, {"  North  dam ", "  Epoch 12  ", "3", "End", "End", "End"});
+    Open();
+    EXPECT_EQ(Screen.txtProject, "North  dam");
+    EXPECT_EQ(Screen.txtTask, "Epoch 12");
+}
+
+TEST_F(ProjectFile, AFolderLineIsCutAtItsFirstMark) {
+    PutLines(Path, {"P", "T", "3", "Laser>D:\\A>B\\C>D\\", "End", "End", "End"});
+    Open();
+    EXPECT_EQ(Folders(), (std::vector<std::string>{"Laser>D:\\A>B\\C>D\\"}));
+}
+
+TEST_F(ProjectFile, ANameThatEndsAListIsToldBeforeItIsSaved) {
+    AddTreeFolder(Screen.trvInput, "Laser", "D:\\A\\");
+    AddTreeFolder(Screen.trvInput, "Laser", "D:\\Append\\");
+    AddTreeFolder(Screen.trvInput, "Distances", "D:\\C\\");
+    Screen.lstCoordDirectorys[1].Selected = true;
+    Screen.lstCoordTypes[3].Selected = true;
+    const std::string lost =
+        "The letters \"End\" in Laser>D:\\Append\\ end a list of the project when it is opened.  These will "
+        "be "
+        "lost then:\r\n\r\nLaser>D:\\Append\\\r\nDistances>D:\\C\\\r\nDAM\\NORTH\r\nIdeals\r\n\r\nDo you "
+        "wish "
+        "to save the project all the same?";
+    Desktop.ExpectFile("", Path);
+    Desktop.ExpectMessage("Project Incomplete", lost, Answer::No);
+    EXPECT_FALSE(SaveProject(Screen, Services()));
+    EXPECT_EQ(Status.back(), "Project D:\\MY.GPF NOT saved");
+    EXPECT_TRUE(AllFiles("D:\\TARVEX\\").empty());
+    EXPECT_EQ(Desktop.Shown.back().Default, Answer::No);
+    Desktop.ExpectFile("", Path);
+    Desktop.ExpectMessage("Project Incomplete", lost, Answer::Yes);
+    EXPECT_TRUE(SaveProject(Screen, Services()));
+    EXPECT_EQ(FileContent(Path),
+              "\r\n\r\n3\r\nLaser>D:\\A\\\r\nLaser>D:\\Append\\\r\nDistances>D:\\C\\\r\nEnd\r\nDAM\\NORTH\r\n"
+              "End\r\nIdeals\r\nEnd\r\n");
+    Screen = OpenScreen({Located("NORTH"), Located("SOUTH")});
+    Open();
     EXPECT_EQ(Folders(), (std::vector<std::string>{"Laser>D:\\A\\"}));
+    EXPECT_EQ(Selected(Screen.lstCoordDirectorys) + Selected(Screen.lstCoordTypes), "0000000");
+}
+
+TEST_F(ProjectFile, ALocationThatEndsAListIsToldToo) {
+    Screen = OpenScreen({Located("NORTH"), Located("BEND")});
+    Screen.lstCoordDirectorys[1].Selected = true;
+    Screen.lstCoordDirectorys[2].Selected = true;
+    Screen.lstCoordTypes[0].Selected = true;
+    Desktop.ExpectFile("", Path);
+    Desktop.ExpectMessage(
+        "Project Incomplete",
+        "The letters \"End\" in DAM\\BEND end a list of the project when it is opened.  These "
+        "will be lost then:\r\n\r\nDAM\\BEND\r\n3 Dimensional\r\n\r\nDo you wish to save the "
+        "project all the same?",
+        Answer::No);
+    SaveProject(Screen, Services());
+}
+
+TEST_F(ProjectFile, ManyLosesAreToldInPart) {
+    for (int i = 0; i < 40; ++i)
+        AddTreeFolder(Screen.trvInput, "Laser", "D:\\END" + std::to_string(i) + "\\");
+    Desktop.ExpectFile("", Path);
+    Desktop.ExpectMessageTitled("Project Incomplete", Answer::No);
+    SaveProject(Screen, Services());
+    EXPECT_NE(Desktop.Shown.back().Text.find("D:\\END11\\\r\nand 28 more\r\n"), std::string::npos)
+        << Desktop.Shown.back().Text;
+}
+
+// What is asked when the screen is to be left.
+class LeavingTheScreen : public ProjectFile {
+  protected:
+    bool Leave() { return MayLeave(Screen, Services()); }
+    void ExpectQuestion(Answer answer) { Desktop.ExpectMessageTitled("Project Not Saved", answer); }
+};
+
+TEST_F(LeavingTheScreen, AsksNothingWhenNothingIsSetUp) {
+    EXPECT_TRUE(Leave());
+    Screen.icmbDimension = 1;
+    EXPECT_TRUE(Leave());
+}
+
+TEST_F(LeavingTheScreen, AsksAboutAFolderADescriptionAndASelection) {
+    const std::vector<std::function<void()>> changes = {
+        [&] { AddTreeFolder(Screen.trvInput, "Laser", "D:\\A\\"); }, [&] { Screen.txtProject = "P"; },
+        [&] { Screen.txtTask = "T"; }, [&] { Screen.lstCoordDirectorys[2].Selected = true; },
+        [&] { Screen.lstCoordTypes[1].Selected = true; }};
+    for (const auto& change : changes) {
+        Screen = OpenScreen({Located("NORTH"), Located("SOUTH")});
+        change();
+        ExpectQuestion(Answer::No);
+        EXPECT_TRUE(Leave());
+        ExpectQuestion(Answer::Cancel);
+        EXPECT_FALSE(Leave());
+    }
+    EXPECT_EQ(Desktop.Shown.back().Choices, Buttons::YesNoCancel);
+}
+
+TEST_F(LeavingTheScreen, AsksNothingAfterSavingOrOpeningUntilSomethingIsChanged) {
+    Screen.txtProject = "P";
+    Save();
+    EXPECT_TRUE(Leave());
+    Screen.icmbDimension = 2;
+    ExpectQuestion(Answer::No);
+    EXPECT_TRUE(Leave());
+    Open();
+    EXPECT_TRUE(Leave());
+    AddTreeFolder(Screen.trvInput, "Laser", "D:\\A\\");
+    ExpectQuestion(Answer::Cancel);
+    EXPECT_FALSE(Leave());
+}
+
+TEST_F(LeavingTheScreen, YesSavesAndStaysWhenThatComesToNothing) {
+    Screen.txtProject = "P";
+    ExpectQuestion(Answer::Yes);
+    Desktop.ExpectFile("", std::nullopt);
+    EXPECT_FALSE(Leave());
+    ExpectQuestion(Answer::Yes);
+    Desktop.ExpectFile("", "D:\\NONE\\A.GPF");
+    Desktop.ExpectMessageTitled("Program Error", Answer::Cancel);
+    EXPECT_FALSE(Leave());
+    ExpectQuestion(Answer::Yes);
+    Desktop.ExpectFile("", Path);
+    EXPECT_TRUE(Leave());
+    EXPECT_EQ(FileLines(Path).at(0), "P");
 }
 
 TEST_F(ProjectFile, ADimensionTheScreenDoesNotHaveIsReported) {

@@ -275,6 +275,7 @@ class WholeRoad : public Workstation, public testing::WithParamInterface<int> {
         ClickItem(input, "lstCoordDirectorys", "DAM\\NORTH");
         ClickItem(input, "lstCoordTypes", "3 Dimensional");
         CreateTheInput("SECOND");
+        Person.ExpectMessageTitled("Project Not Saved", Answer::No);
         Click(input, "cmdHome");
     }
 

@@ -97,7 +97,7 @@ void Input(PictureBook& book, AppNavigator& navigator) {
     });
     QTimer::singleShot(0, &input, [&] { Click(input, "cmdCreate"); });
     book.ShootBox("input-file-name", "Cancel", [] {});
-    Click(input, "cmdHome");
+    book.ShootBox("frmInput-leave", "No", [&] { Click(input, "cmdHome"); });
 }
 
 void Adjustment(PictureBook& book, AppNavigator& navigator) {
