@@ -361,6 +361,7 @@ void frmInput::ShowFile() {
     Form->lblDirectory->setText(ToScreen(State.lblDirectory));
     Form->lblFileName->setText(ToScreen(State.lblFileName));
     Form->lblContents->setText(ToScreen(State.Contents));
+    Form->lblContents->setToolTip(ToTip(State.Contents));
     Form->lblContents->setHidden(State.Contents.empty());
     Form->lblContentsTitle->setHidden(State.Contents.empty());
     Form->cmdEdit->setEnabled(State.cmdEditEnabled);

@@ -64,6 +64,18 @@ TEST_F(InputScreenCreate, TellsWhatWasMadeAndWhere) {
     EXPECT_EQ(Status(), "Input file completed");
 }
 
+TEST_F(InputScreenCreate, ALongFolderMakesTheScreenNoWider) {
+    OpenWithFolder();
+    const int former = Screen->minimumSizeHint().width();
+    Picked = "D:\\" + std::string(200, 'W') + "\\";
+    MakeFolders(Picked);
+    ExpectName("NET");
+    ExpectCompleted();
+    Click(*Screen, "cmdCreate");
+    EXPECT_EQ(Screen->minimumSizeHint().width(), former);
+    EXPECT_TRUE(Control<QWidget>(*Screen, "lblContents").toolTip().contains(QString(200, QLatin1Char('W'))));
+}
+
 TEST_F(InputScreenCreate, WaitsAndShowsItsGearsWhileItWrites) {
     OpenWithFolder();
     PutFile(Job + "NET.INP", "");
