@@ -42,6 +42,8 @@ class CoordinateSet {
     /// True when one of the point's values is exactly this line (RecordLine), its date included.
     bool Holds(std::string_view line) const;
 
+    long PointCount() const { return static_cast<long>(Points.size()); }
+
     /// How many records can still be added.
     long Room() const { return HighestRecordNumber - 1 - Data.Records(); }
 

@@ -51,6 +51,9 @@ constexpr long HighestRecordNumber = 999999;
 /// The longest name of a point.
 constexpr int NameLength = 8;
 
+/// A backup's name is this and the name of its file, beside which it lies.
+constexpr const char* BackupPrefix = "Backup ";
+
 /// The name of a database folder's location: its last folder name.
 std::string LocationOfFolder(const std::string& folder);
 

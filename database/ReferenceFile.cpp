@@ -16,6 +16,10 @@ namespace Dorvane {
 namespace {
 
 constexpr long HighestCount = 9999999;
+constexpr int DateWidth = 8;
+constexpr int ProjectColumn = 10;
+constexpr int TaskColumn = 21;
+constexpr int TextWidth = 10;  // of project and task
 
 std::string Checked(const std::string& given, const char* title, int width, const std::string& path) {
     std::string text = Trim(given);
@@ -29,9 +33,9 @@ std::string Checked(const std::string& given, const char* title, int width, cons
 
 std::string ReferenceLine(const ReferenceRecord& reference, const std::string& path) {
     ColumnLine line;
-    line.At(1, Checked(reference.Date, "date", 8, path));
-    line.At(10, Checked(reference.Project, "project", 10, path));
-    line.At(21, Checked(reference.Task, "task", 10, path));
+    line.At(1, Checked(reference.Date, "date", DateWidth, path));
+    line.At(ProjectColumn, Checked(reference.Project, "project", TextWidth, path));
+    line.At(TaskColumn, Checked(reference.Task, "task", TextWidth, path));
     return PadRight(line.Text(), ReferenceShape.RecordLength - 2);
 }
 
@@ -60,6 +64,15 @@ bool HasReference(const std::string& folder, const std::string& location, const 
         if (file.Record(number) == line)
             return true;
     return false;
+}
+
+std::optional<ReferenceRecord> LastReference(const std::string& folder, const std::string& location) {
+    const RecordFile file = OpenReference(folder, location);
+    if (file.Records() == 0)
+        return std::nullopt;
+    const std::string_view line = file.Record(file.Records());
+    return ReferenceRecord{Trim(Left(line, DateWidth)), Trim(Mid(line, ProjectColumn, TextWidth)),
+                           Trim(Mid(line, TaskColumn, TextWidth))};
 }
 
 }  // namespace Dorvane

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/ReplaceFiles.h"
@@ -23,5 +24,8 @@ FileChange ReferenceWith(const std::string& folder, const std::string& location,
 
 /// True when the reference file tells of an update with the same date, project and task. Raises as above.
 bool HasReference(const std::string& folder, const std::string& location, const ReferenceRecord& reference);
+
+/// The latest update that the reference file tells of. Raises as above.
+std::optional<ReferenceRecord> LastReference(const std::string& folder, const std::string& location);
 
 }  // namespace Dorvane

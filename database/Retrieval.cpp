@@ -109,6 +109,13 @@ bool IsLocationKey(const std::string& path) {
     return std::count(path.begin(), path.end(), '\\') == 3;
 }
 
+bool RequireLocationKey(const std::string& path) {
+    if (IsLocationKey(path))
+        return true;
+    Tell("Selected location not valid.  Please complete.", "Location Incomplete");
+    return false;
+}
+
 std::string LocationOfKey(const std::string& path) {
     return LocationOfFolder(path);
 }
@@ -145,10 +152,8 @@ bool SetupRetrieve(RetrieveForm& form, std::string& path, std::string& databaseF
             "Missing Date Type Data");
         return false;
     }
-    if (!IsLocationKey(path)) {
-        Tell("Selected location not valid.  Please complete.", "Location Incomplete");
+    if (!RequireLocationKey(path))
         return false;
-    }
     const DatabaseType& type = DatabaseTypeOf(typeCode);
     path = LocationOfKey(path) + "\\";
     databaseFolder = Global().Coord_path + path;

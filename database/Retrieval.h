@@ -53,6 +53,9 @@ void SetupDbaseTree(TreeModel& tree);
 /// True when a key of that tree names a location: it holds exactly three backslashes.
 bool IsLocationKey(const std::string& path);
 
+/// The same, and a message where it does not.
+bool RequireLocationKey(const std::string& path);
+
 /// The location of such a key: its last folder name.
 std::string LocationOfKey(const std::string& path);
 

@@ -51,8 +51,8 @@ int HandOver(Guard& guard, CoordinateRetriever& retriever, const std::string& da
     return taken;
 }
 
-void Tell(const std::string& text, const std::string& title, Icon picture = Icon::Information) {
-    TheDesktop().ShowMessage({text, title, picture});
+void Tell(const std::string& text, const std::string& title) {
+    TheDesktop().ShowMessage({text, title, Icon::Information});
 }
 
 bool ChoicesAreGood(const UpdateForm& form) {
@@ -67,16 +67,7 @@ bool ChoicesAreGood(const UpdateForm& form) {
         Tell("Update file name " + form.lblUpDateFile + " does not exist.", "File Name Invalid");
         return false;
     }
-    if (!IsLocationKey(form.lblDirectory)) {
-        Tell("Selected location not valid.  Please complete.", "Location Incomplete");
-        return false;
-    }
-    return true;
-}
-
-void ShowStatus(const UpdateView& view, const std::string& text) {
-    if (view.ShowStatus)
-        view.ShowStatus(text);
+    return RequireLocationKey(form.lblDirectory);
 }
 
 // What the update would do. Nothing for a file or a database that the backup or the update itself will tell
@@ -125,10 +116,10 @@ std::string StoredText(int points, const std::string& location) {
 std::optional<int> UpdateChosen(const UpdateForm& form, const UpdateView& view) {
     const std::string location = LocationOfKey(form.lblDirectory);
     const std::string databaseFolder = Global().Coord_path + location + "\\";
-    ShowStatus(view, "Comparing with the database ...");
+    view.Show("Comparing with the database ...");
     if (!MayUpdate(databaseFolder, form))
         return std::nullopt;
-    ShowStatus(view, "Updating the database ...");
+    view.Show("Updating the database ...");
     if (!MakeCoordBackups(databaseFolder, ThreeDimensionalCode))
         return std::nullopt;
     return Update3DPoints(databaseFolder, form.lblUpDateFile);
@@ -136,10 +127,10 @@ std::optional<int> UpdateChosen(const UpdateForm& form, const UpdateView& view) 
 
 void Update(const UpdateForm& form, const UpdateView& view) {
     if (form.optBenchmark || form.optMonument || !form.opt3dim) {
-        ShowStatus(view, NothingStored);
+        view.Show(NothingStored);
     } else {
         const std::optional<int> stored = UpdateChosen(form, view);
-        ShowStatus(view, stored ? StoredText(*stored, LocationOfKey(form.lblDirectory)) : NothingStored);
+        view.Show(stored ? StoredText(*stored, LocationOfKey(form.lblDirectory)) : NothingStored);
         if (!stored)
             return;
     }
@@ -182,13 +173,13 @@ void ClickBrowseUpdate(UpdateForm& form) {
 }
 
 void ClickUpdate(const UpdateForm& form, const UpdateView& view) {
-    ShowStatus(view, "");
+    view.Show("");
     const bool ended = Guarded("frmDbUpdate-cmdUpdate_Click", [&](Guard&) {
         if (ChoicesAreGood(form))
             Update(form, view);
     });
     if (!ended)
-        ShowStatus(view, NothingStored);
+        view.Show(NothingStored);
 }
 
 }  // namespace Dorvane

@@ -19,9 +19,14 @@ struct UpdateForm {
     bool opt3dim = false;
 };
 
-/// What the click of cmdUpdate shows while it works. May be left empty.
+/// What the clicks show while they work. May be left empty.
 struct UpdateView {
     std::function<void(const std::string& text)> ShowStatus;  // first panel of sbrUpdate
+
+    void Show(const std::string& text) const {
+        if (ShowStatus)
+            ShowStatus(text);
+    }
 };
 
 /// Hands the points of a *.DBS file to the three-dimensional database of a location, in file order, and then

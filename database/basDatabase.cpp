@@ -5,6 +5,7 @@
 
 #include "core/Drives.h"
 #include "core/Globals.h"
+#include "core/ReplaceFiles.h"
 #include "core/ReportError.h"
 #include "core/Text.h"
 #include "core/basGeneral.h"
@@ -62,18 +63,20 @@ bool MakeCoordBackups(const std::string& folder, std::int32_t typeCode) {
             return;
         // The ideals' files are asked for without their "S"; that they are then missing is meant to be so.
         const std::string word = typeCode == IdealCode ? "IDEAL" : DatabaseTypeOf(typeCode).Word;
+        std::vector<FileChange> copies;
         for (const std::string& file :
              {word + ".LST", word + ".IDX", word + ".DAT", LocationOfFolder(folder) + ".REF"})
-            guard.Run([&] { Drives::CopyFile(folder + file, folder + "Backup " + file); });
+            guard.Run([&] {
+                const std::string original = folder + file;
+                copies.push_back({folder + BackupPrefix + file, Drives::ReadFile(original), original});
+            });
+        guard.Run([&] { ReplaceInOrder(copies); });
     });
 }
 
 bool ReadBiasFile(const std::string& location, List1<double>& biasValues) {
     bool found = false;
-    Guarded("basRead-ReadBiasFile", [&](Guard& guard) {
-        found =
-            FindBias(guard, UpperCase(Trim(location)), biasValues) || FindBias(guard, DefaultKey, biasValues);
-    });
+    Guarded("basRead-ReadBiasFile", [&](Guard& guard) { found = FindBiasOf(guard, location, biasValues); });
     return found;
 }
 

@@ -14,9 +14,9 @@ namespace Dorvane {
 void WriteCoordNew(const std::string& folder, const std::string& location);
 
 /// Copies list, index and data file of a type (1 to 4), and then the location's reference file, each beside
-/// itself as "Backup " and its name, replacing a former copy. Any other code copies nothing. A failure is
-/// reported as "basDatabase-MakeCoordBackups". True when it came to its end, false when a failure made it
-/// leave.
+/// itself as "Backup " and its name, replacing a former copy: all of them or none. Any other code copies
+/// nothing. A failure is reported as "basDatabase-MakeCoordBackups". True when it came to its end, false when
+/// a failure made it leave.
 bool MakeCoordBackups(const std::string& folder, std::int32_t typeCode);
 
 /// Looks up the four bias values (numbered from 1) of a location in BIAS.STR of Init_path, or those of the

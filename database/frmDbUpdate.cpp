@@ -9,6 +9,7 @@
 #include "core/widgets/ScreenText.h"
 #include "core/widgets/StatusPanels.h"
 #include "core/widgets/WaitCursor.h"
+#include "database/BackupRestore.h"
 #include "database/LocationTree.h"
 #include "ui_frmDbUpdate.h"
 
@@ -30,6 +31,7 @@ void frmDbUpdate::LoadForm() {
     Guarded("frmDbUpdate-LoadForm", [&](Guard&) {
         SetOptionalPicture(*Form->cmdBrowse, "browse.svg");
         SetOptionalPicture(*Form->cmdUpdate, "update.svg");
+        SetOptionalPicture(*Form->cmdRestore, "restore.svg");
         SetOptionalPicture(*Form->cmdGoBack, "back.svg");
         SetOptionalPicture(*Form->cmdGoHome, "home.svg");
     });
@@ -43,6 +45,7 @@ void frmDbUpdate::ConnectCommands() {
         connect(option, &QRadioButton::toggled, this, [this] { ShowStatus(""); });
     connect(Form->cmdBrowse, &QPushButton::clicked, this, &frmDbUpdate::cmdBrowse_Click);
     connect(Form->cmdUpdate, &QPushButton::clicked, this, &frmDbUpdate::cmdUpdate_Click);
+    connect(Form->cmdRestore, &QPushButton::clicked, this, &frmDbUpdate::cmdRestore_Click);
     connect(Form->cmdGoBack, &QPushButton::clicked, this,
             [this] { LeaveTo("frmDbUpdate-cmdGoBack_Click", [this] { Nav.OpenDatabase(); }); });
     connect(Form->cmdGoHome, &QPushButton::clicked, this,
@@ -74,6 +77,15 @@ void frmDbUpdate::cmdBrowse_Click() {
         ShowStatus("");
 }
 
+void frmDbUpdate::cmdRestore_Click() {
+    const WaitCursor wait;
+    ClickRestore(State, View());
+}
+
+UpdateView frmDbUpdate::View() {
+    return {[this](const std::string& text) { ShowStatus(text); }};
+}
+
 void frmDbUpdate::ShowStatus(const std::string& text) {
     StatusPanel->setText(ToScreen(text));
     StatusPanel->repaint();
@@ -85,9 +97,7 @@ void frmDbUpdate::cmdUpdate_Click() {
     State.optIdeals = Form->optIdeals->isChecked();
     State.opt3dim = Form->opt3dim->isChecked();
     const WaitCursor wait;
-    UpdateView view;
-    view.ShowStatus = [this](const std::string& text) { ShowStatus(text); };
-    ClickUpdate(State, view);
+    ClickUpdate(State, View());
 }
 
 }  // namespace Dorvane

@@ -31,6 +31,8 @@ class frmDbUpdate : public Screen {
     void trvDirectory_NodeClick(const std::string& key);
     void cmdBrowse_Click();
     void cmdUpdate_Click();
+    void cmdRestore_Click();
+    UpdateView View();
     void ShowStatus(const std::string& text);
     void LeaveTo(const char* event, const std::function<void()>& where);
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "core/Globals.h"
 #include "core/basGeneral.h"
 #include "tests/database/DatabaseSite.h"
 
@@ -140,17 +141,35 @@ TEST_F(MakeCoordBackupsOf, AnyOtherCodeDoesNothing) {
 
 TEST_F(MakeCoordBackupsOf, GoInTheOrderListIndexDataReference) {
     const std::vector<std::string> order = {"3DIM.LST", "3DIM.IDX", "3DIM.DAT", "NORTH.REF"};
-    for (std::size_t missing = 0; missing < order.size(); ++missing) {
-        const std::string folder = "D:\\ORDER" + std::to_string(missing) + "\\NORTH\\";
+    for (std::size_t there = 0; there < order.size(); ++there) {
+        const std::string folder = "D:\\ORDER" + std::to_string(there) + "\\NORTH\\";
         MakeFolders(folder);
-        for (const std::string& file : order)
-            if (file != order[missing])
-                PutFile(folder + file, file);
+        for (std::size_t i = 0; i < there; ++i)
+            PutFile(folder + order[i], order[i]);
         Desk.ExpectMessageTitled("Program Error");
         EXPECT_FALSE(MakeCoordBackups(folder, 3));
-        for (std::size_t i = 0; i < order.size(); ++i)
-            EXPECT_EQ(FileExists(folder + "Backup " + order[i]), i < missing) << order[i];
+        EXPECT_NE(Desk.Shown.back().Text.find(order[there]), std::string::npos) << Desk.Shown.back().Text;
+        EXPECT_FALSE(FileExists(folder + "Backup *.*"));
     }
+}
+
+TEST_F(MakeCoordBackupsOf, KeepTheTimesOfTheFiles) {
+    SetTimeStamp(North + "3DIM.IDX", DateTime{2020, 2, 3, 4, 5, 6});
+    MakeCoordBackups(North, 3);
+    Drives::Entry copy;
+    ASSERT_TRUE(Drives::Find(North + "Backup 3DIM.IDX", copy));
+    EXPECT_EQ(copy.Modified.Year, 2020);
+    EXPECT_EQ(copy.Modified.Second, 6);
+}
+
+TEST_F(MakeCoordBackupsOf, LeaveTheFormerCopiesWhereOneFileCannotBeRead) {
+    MakeCoordBackups(North, 3);
+    Enter("P1", 1);
+    Drives::DeleteFile(North + "NORTH.REF");
+    const auto before = Picture(North);
+    Desk.ExpectMessageTitled("Program Error");
+    EXPECT_FALSE(MakeCoordBackups(North, 3));
+    EXPECT_EQ(Picture(North), before);
 }
 
 TEST_F(MakeCoordBackupsOf, AFullDiskAskWhetherToGoOn) {

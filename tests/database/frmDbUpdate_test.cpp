@@ -47,15 +47,11 @@ class frmDbUpdateTest : public DatabaseScreenSite<frmDbUpdate> {
 TEST_F(frmDbUpdateTest, HasItsCaptions) {
     frmDbUpdate& screen = Open();
     EXPECT_EQ(TextOf(screen), "Database Coordinate Update");
-    const std::vector<std::pair<const char*, const char*>> captions = {{"optBenchmark", "Benchmarks"},
-                                                                       {"optMonument", "Monuments"},
-                                                                       {"optIdeals", "Ideals"},
-                                                                       {"opt3dim", "3-Dimensional"},
-                                                                       {"cmdUpdate", "Update Database"},
-                                                                       {"cmdGoBack", "Go Back"},
-                                                                       {"cmdGoHome", "Go Home"},
-                                                                       {"lblDirectory", ""},
-                                                                       {"lblUpDateFile", ""}};
+    const std::vector<std::pair<const char*, const char*>> captions = {
+        {"optBenchmark", "Benchmarks"}, {"optMonument", "Monuments"},     {"optIdeals", "Ideals"},
+        {"opt3dim", "3-Dimensional"},   {"cmdUpdate", "Update Database"}, {"cmdGoBack", "Go Back"},
+        {"cmdGoHome", "Go Home"},       {"cmdRestore", "Restore Backup"}, {"lblDirectory", ""},
+        {"lblUpDateFile", ""}};
     for (const auto& [name, caption] : captions)
         EXPECT_EQ(TextOf(screen, name), caption) << name;
     EXPECT_EQ(screen.windowModality(), Qt::ApplicationModal);
@@ -230,6 +226,24 @@ TEST_F(frmDbUpdateTest, StoresNothingOfAFileWithARefusedPointAndDoesNotSayComple
     EXPECT_EQ(Picture(North), before);
 }
 
+TEST_F(frmDbUpdateTest, RestoresTheBackupOfTheLocation) {
+    PutLines(UpdateFile, {UpdateHeader, PointLine("P1")});
+    frmDbUpdate& screen = Chosen();
+    const std::string former = FileContent(North + "3DIM.DAT");
+    ExpectOverview();
+    ExpectComplete("1 point stored in NORTH, backup kept");
+    Desk.ExpectMessageTitled("Restore Backup", Answer::Yes);
+    Desk.ExpectMessageTitled("Restore Complete");
+    Click(screen, "cmdRestore");
+    EXPECT_EQ(FileContent(North + "3DIM.DAT"), former);
+    EXPECT_EQ(TextOf(screen, "sbrUpdatePanel1"), "Backup of NORTH restored");
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    ClickNode("SOUTH");
+    EXPECT_EQ(TextOf(screen, "sbrUpdatePanel1"), "");
+    Desk.ExpectMessage("No Backup", "There is no complete backup of SOUTH.");
+    Click(screen, "cmdRestore");
+}
+
 TEST_F(frmDbUpdateTest, TellsABinaryFile) {
     PutFile(UpdateFile, std::string("\x00\xFF\x1A\r\n\x80\n", 7));
     const std::string before = FileContent(North + "3DIM.DAT");
@@ -297,7 +311,7 @@ TEST_F(frmDbUpdateTest, TabsFromTheTreeToTheWaysOut) {
     frmDbUpdate& screen = Open();
     ClickOptions({"opt3dim"});
     Tree().setFocus();
-    for (const char* next : {"opt3dim", "cmdBrowse", "cmdGoBack", "cmdUpdate", "cmdGoHome"}) {
+    for (const char* next : {"opt3dim", "cmdBrowse", "cmdGoBack", "cmdUpdate", "cmdGoHome", "cmdRestore"}) {
         QTest::keyClick(screen.focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(screen.focusWidget()->objectName().toStdString(), next);
     }
