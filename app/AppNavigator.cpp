@@ -201,7 +201,7 @@ void AppNavigator::OpenCalibration() {
 frmTree* AppNavigator::LoadTree(const std::string& title, const std::string& folder) {
     SurveyServices services;
     services.WriteSrvNew = WriteSrvNew;
-    services.WriteCoordNew = WriteCoordNew;
+    services.WriteCoordNew = WriteLocationNew;
     services.Waiting = {[this](const std::string& text) { ShowSearch(text); }, [this] { CloseSearch(); }};
     auto* tree = new frmTree(*this, services);
     tree->setWindowTitle(ToScreen(title));

@@ -5,6 +5,7 @@
 
 #include "core/Drives.h"
 #include "core/Globals.h"
+#include "core/LineReader.h"
 #include "core/ReplaceFiles.h"
 #include "core/ReportError.h"
 #include "core/Text.h"
@@ -19,13 +20,15 @@ namespace {
 constexpr int KeyLength = 8;
 constexpr int BiasCount = 4;
 
+const char* const BiasFile = "BIAS.STR";
 const char* const DefaultKey = "STDBIAS";
+const char* const StandardBias = "STDBIAS  0 0 0 0";  // as the bias editor writes it
 
 // Files are made type by type in this order, all data files before all indexes.
 constexpr std::int32_t OrderOfMaking[] = {ThreeDimensionalCode, BenchmarkCode, IdealCode, MonumentCode};
 
 bool FindBias(Guard& guard, const std::string& key, List1<double>& biasValues) {
-    GuardedReader file(guard, Global().Init_path + "BIAS.STR");
+    GuardedReader file(guard, Global().Init_path + BiasFile);
     while (!file.AtEnd()) {
         const std::string& line = file.ReadLine();
         if (line.empty() || line.front() == ' ' || line.front() == ';')
@@ -43,6 +46,21 @@ bool FindBias(Guard& guard, const std::string& key, List1<double>& biasValues) {
     return false;
 }
 
+bool FindBiasOf(Guard& guard, const std::string& location, List1<double>& biasValues) {
+    return FindBias(guard, UpperCase(Trim(location)), biasValues) || FindBias(guard, DefaultKey, biasValues);
+}
+
+// An end-of-file mark stays the last character: old programs read no further.
+std::string WithLine(std::string text, const std::string& line) {
+    const bool marked = text.ends_with(EndOfFileMark);
+    if (marked)
+        text.pop_back();
+    if (!text.empty() && text.back() != '\n' && text.back() != '\r')
+        text += "\r\n";
+    text += line + "\r\n";
+    return marked ? text + EndOfFileMark : text;
+}
+
 }  // namespace
 
 void WriteCoordNew(const std::string& folder, const std::string& location) {
@@ -55,6 +73,26 @@ void WriteCoordNew(const std::string& folder, const std::string& location) {
     for (const std::int32_t code : OrderOfMaking)
         Drives::WriteFile(folder + DatabaseTypeOf(code).ListFile(), "");
     Drives::WriteFile(folder + location + ".REF", RecordHeader(ReferenceShape, 0));
+}
+
+void WriteLocationNew(const std::string& folder, const std::string& location) {
+    WriteCoordNew(folder, location);
+    AddStandardBias(location);
+}
+
+void AddStandardBias(const std::string& location) {
+    if (Global().Init_path.empty())
+        return;
+    const std::string path = Global().Init_path + BiasFile;
+    Guarded("basDatabase-AddStandardBias", [&](Guard& guard) {
+        List1<double> values;
+        if (FileExists(path) && FindBiasOf(guard, location, values))
+            return;
+        guard.Run([&] {
+            const std::string former = FileExists(path) ? Drives::ReadFile(path) : "";
+            Drives::WriteFile(path, WithLine(former, StandardBias));
+        });
+    });
 }
 
 bool MakeCoordBackups(const std::string& folder, std::int32_t typeCode) {

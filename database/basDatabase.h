@@ -13,6 +13,14 @@ namespace Dorvane {
 /// lists of names and the reference file, each replacing a former one. Raises what writing raises.
 void WriteCoordNew(const std::string& folder, const std::string& location);
 
+/// WriteCoordNew and then AddStandardBias: what a new location needs.
+void WriteLocationNew(const std::string& folder, const std::string& location);
+
+/// Sees to it that a retrieval finds bias values: where BIAS.STR of Init_path is missing, or ReadBiasFile
+/// finds none for the location, a line of the key "STDBIAS" with four zeros is added at its end. A failure is
+/// reported as "basDatabase-AddStandardBias".
+void AddStandardBias(const std::string& location);
+
 /// Copies list, index and data file of a type (1 to 4), and then the location's reference file, each beside
 /// itself as "Backup " and its name, replacing a former copy: all of them or none. Any other code copies
 /// nothing. A failure is reported as "basDatabase-MakeCoordBackups". True when it came to its end, false when

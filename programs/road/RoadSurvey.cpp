@@ -64,7 +64,7 @@ void AddTheSurvey(Walk& walk) {
         WriteSrvNew(folder, index);
     };
     services.WriteCoordNew = [](const std::string& folder, const std::string& location) {
-        WriteCoordNew(folder, location);
+        WriteLocationNew(folder, location);
     };
     TreeModel tree;
     const SurveyReport report = AddSurvey(answer, services, tree);

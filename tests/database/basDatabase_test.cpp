@@ -297,6 +297,66 @@ TEST_F(ReadBias, ReportsAFileItMayNotRead) {
     });
 }
 
+class AddingAStandardBias : public DatabaseSite {
+  protected:
+    const std::string Path = "D:\\TARVEX\\INIT\\BIAS.STR";
+};
+
+TEST_F(AddingAStandardBias, LetsTheFirstRetrievalOfANewLocationFindItsBias) {
+    WriteLocationNew(North, "NORTH");
+    EXPECT_EQ(FileContent(Path), "STDBIAS  0 0 0 0\r\n");
+    EXPECT_EQ(AllFiles(North).size(), 13u);
+    List1<double> values{91, 92, 93, 94};
+    EXPECT_TRUE(ReadBiasFile("NORTH", values));
+    EXPECT_EQ(values, (List1<double>{0, 0, 0, 0}));
+    WriteLocationNew(North, "SOUTH");
+    EXPECT_EQ(FileContent(Path), "STDBIAS  0 0 0 0\r\n");
+}
+
+TEST_F(AddingAStandardBias, LeavesAFileThatHasTheLocationOrTheStandard) {
+    for (const char* content :
+         {"; c\r\nnorth    1 2 3 4", "STDBIAS 1 2 3 4\r\n\x1A", "stdbias 1,2,3,4 rest"}) {
+        PutFile(Path, content);
+        AddStandardBias("NORTH");
+        EXPECT_EQ(FileContent(Path), content);
+    }
+}
+
+TEST_F(AddingAStandardBias, AppendsToAFileWithNeither) {
+    const std::string line = "STDBIAS  0 0 0 0\r\n";
+    const std::string other = "SOUTH    1 2 3 4";
+    for (const auto& [former, ended] : {std::pair<std::string, std::string>{"", ""},
+                                        {other, other + "\r\n"},
+                                        {other + "\n", other + "\n"},
+                                        {"NORTH    1 2 3\r\n", "NORTH    1 2 3\r\n"},
+                                        {" STDBIAS 1 2 3 4\r\n", " STDBIAS 1 2 3 4\r\n"}}) {
+        PutFile(Path, former);
+        AddStandardBias("NORTH");
+        EXPECT_EQ(FileContent(Path), ended + line);
+        PutFile(Path, former + "\x1A");
+        AddStandardBias("NORTH");
+        EXPECT_EQ(FileContent(Path), ended + line + "\x1A");
+    }
+}
+
+TEST_F(AddingAStandardBias, ReportsAFileThatItMayNotWrite) {
+    PutFile(Path, "SOUTH    1 2 3 4\r\n");
+    Drives::WriteFile("P:\\DORVANE\\ERROR.LOG", "");
+    AsNobody([&] {
+        Desk.ExpectMessageTitled("Program Error", Answer::Cancel);
+        AddStandardBias("NORTH");
+        EXPECT_NE(Desk.Shown.back().Text.find("-basDatabase-AddStandardBias"), std::string::npos);
+    });
+    EXPECT_EQ(FileContent(Path), "SOUTH    1 2 3 4\r\n");
+}
+
+TEST_F(AddingAStandardBias, WaitsForAFolderToPutItIn) {
+    Global().Init_path.clear();
+    AddStandardBias("NORTH");
+    EXPECT_FALSE(FileExists(Path));
+    EXPECT_FALSE(FileExists("BIAS.STR"));
+}
+
 using ReadWorkList = DatabaseSite;
 
 TEST_F(ReadWorkList, GivesNoNamesWithoutAFile) {

@@ -71,7 +71,7 @@ TEST_F(NewWorkstation, GoesFromMissingFoldersToItsFirstSurvey) {
                                                                              "d"));
     const std::vector<std::string> files = AllFiles("D:\\TARVEX\\");
     for (const char* name : {"DAM\\NORTH\\TOTAL\\SRV01\\SRV01.IDX", "DAM\\NORTH\\LEVEL\\SRV01\\SRV01.IDX",
-                             "COORD\\NORTH\\3DIM.DAT"})
+                             "COORD\\NORTH\\3DIM.DAT", "INIT\\BIAS.STR"})
         EXPECT_THAT(files, Contains(name));
     std::string project = "D:\\TARVEX\\DAM\\NORTH\\ADJUST\\SRV01\\";
     EXPECT_TRUE(FolderExists(project));
