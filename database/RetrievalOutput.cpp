@@ -17,28 +17,33 @@ namespace {
 struct CopyFilter {
     const char* ResultFile;
     const char* Filter;
+    const char* Extension;
 };
 
 // No result file is named "MOUNUMENT.OUT": monuments are meant to fall to the filter of all files.
 constexpr CopyFilter CopyFilters[] = {
-    {"3DIM.OUT", "All Files (*.*)|*.*|3D Files(*.3D)|*.3D"},
-    {"MOUNUMENT.OUT", "All Files (*.*)|*.*|2D Files(*.2D)|*.2D"},
-    {"BNCHMARK.OUT", "All Files (*.*)|*.*|1D Files(*.1D)|*.1D"},
-    {"IDEALS.OUT", "All Files (*.*)|*.*|ID Files(*.ID)|*.ID"},
+    {"3DIM.OUT", "All Files (*.*)|*.*|3D Files(*.3D)|*.3D", ".3D"},
+    {"MOUNUMENT.OUT", "All Files (*.*)|*.*|2D Files(*.2D)|*.2D", ".2D"},
+    {"BNCHMARK.OUT", "All Files (*.*)|*.*|1D Files(*.1D)|*.1D", ".1D"},
+    {"IDEALS.OUT", "All Files (*.*)|*.*|ID Files(*.ID)|*.ID", ".ID"},
 };
 
-FileDialog CopyDialog(const std::string& resultFile) {
+// The copy is proposed under the location's name, since all locations share the result file.
+FileDialog CopyDialog(const RetrieveForm& form) {
+    const std::string name = LocationOfKey(form.lblDirectory);
     FileDialog dialog;
     dialog.Purpose = FileDialog::Kind::Save;
     dialog.Folder = Global().Temp_path;
     dialog.Filter = "All Files (*.*)|*.*";
     dialog.FilterIndex = 1;
     dialog.Flags = 4;
+    dialog.FileName = name + ".2D";  // only monuments have no filter of their own
     for (const CopyFilter& filter : CopyFilters) {
-        if (!Contains(resultFile, filter.ResultFile))
+        if (!Contains(form.lblOutputFile, filter.ResultFile))
             continue;
         dialog.Filter = filter.Filter;
         dialog.FilterIndex = 2;
+        dialog.FileName = name + filter.Extension;
         break;
     }
     return dialog;
@@ -86,7 +91,7 @@ void ClickPrintOutput(const RetrieveForm& form) {
 
 void ClickCopyOutput(const RetrieveForm& form, const RetrieveView& view) {
     Guarded("frmDbRetrieve-cmdCopy_Click", [&](Guard& guard) {
-        const std::optional<std::string> file = TheDesktop().AskFile(CopyDialog(form.lblOutputFile));
+        const std::optional<std::string> file = TheDesktop().AskFile(CopyDialog(form));
         if (!file || !MayWrite(*file))
             return;
         {

@@ -109,6 +109,7 @@ void frmDbRetrieve::trvDirectory_NodeClick(const std::string& key) {
 
 void frmDbRetrieve::ChoiceChanged() {
     HideOutput(State);
+    StatusPanel->clear();
     ShowOutput();
 }
 

@@ -16,10 +16,11 @@ namespace Dorvane {
 namespace {
 
 // The path to copy to; empty when the dialog was cancelled or the file there is to be kept.
-std::string AskCopyTarget() {
+std::string AskCopyTarget(const std::string& file) {
     FileDialog dialog;
     dialog.Purpose = FileDialog::Kind::Save;
     dialog.Folder = Global().Temp_path;
+    dialog.FileName = file;
     dialog.Filter = "All Files (*.*)|*.*";
     dialog.Flags = 4;
     const std::string target = TheDesktop().AskFile(dialog).value_or("");
@@ -76,7 +77,7 @@ void EditTreeFile(const std::string& directory, const std::string& file) {
 
 void CopyTreeFile(const std::string& directory, const std::string& file, Navigator& navigator) {
     Guarded("frmTree-cmdCopy_Click", [&](Guard& guard) {
-        const std::string target = AskCopyTarget();
+        const std::string target = AskCopyTarget(file);
         if (target.empty())
             return;
         const std::string source = directory + file;

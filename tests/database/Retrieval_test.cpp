@@ -343,6 +343,7 @@ class Output : public DatabaseSite {
     };
 
     Output() {
+        Form.lblDirectory = "DATABASE\\DAM\\NORTH\\";
         Form.lblOutputFile = "C:\\TARVEX\\TEMP\\3DIM.OUT";
         PutFile(Form.lblOutputFile, "line 1\r\n\r\nline 3");
         View.ShowStatus = [this](const std::string& text) { Steps.push_back(text); };
@@ -424,16 +425,18 @@ TEST_F(Output, IsCopiedWithTheFilterOfItsType) {
         const char* File;
         const char* Filter;
         int Index;
+        const char* Proposed;
     };
-    for (const Case& type : {Case{"3DIM.OUT", "All Files (*.*)|*.*|3D Files(*.3D)|*.3D", 2},
-                             {"BNCHMARK.OUT", "All Files (*.*)|*.*|1D Files(*.1D)|*.1D", 2},
-                             {"IDEALS.OUT", "All Files (*.*)|*.*|ID Files(*.ID)|*.ID", 2},
-                             {"MOUNUMENT.OUT", "All Files (*.*)|*.*|2D Files(*.2D)|*.2D", 2}}) {
+    for (const Case& type : {Case{"3DIM.OUT", "All Files (*.*)|*.*|3D Files(*.3D)|*.3D", 2, "NORTH.3D"},
+                             {"BNCHMARK.OUT", "All Files (*.*)|*.*|1D Files(*.1D)|*.1D", 2, "NORTH.1D"},
+                             {"IDEALS.OUT", "All Files (*.*)|*.*|ID Files(*.ID)|*.ID", 2, "NORTH.ID"},
+                             {"MOUNUMENT.OUT", "All Files (*.*)|*.*|2D Files(*.2D)|*.2D", 2, "NORTH.2D"}}) {
         Form.lblOutputFile = std::string("C:\\TARVEX\\TEMP\\") + type.File;
         Desk.ExpectFile("", std::nullopt);
         ClickCopyOutput(Form, View);
         EXPECT_EQ(Desk.Dialogs.back().Filter, type.Filter);
         EXPECT_EQ(Desk.Dialogs.back().FilterIndex, type.Index);
+        EXPECT_EQ(Desk.Dialogs.back().FileName, type.Proposed);
     }
 }
 
@@ -443,6 +446,7 @@ TEST_F(Output, OfMonumentsIsCopiedWithTheFilterOfAllFiles) {
     ClickCopyOutput(Form, View);
     EXPECT_EQ(Desk.Dialogs[0].Filter, "All Files (*.*)|*.*");
     EXPECT_EQ(Desk.Dialogs[0].FilterIndex, 1);
+    EXPECT_EQ(Desk.Dialogs[0].FileName, "NORTH.2D");
 }
 
 TEST_F(Output, IsNotCopiedWhenTheDialogIsCancelled) {

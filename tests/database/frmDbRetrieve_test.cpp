@@ -232,6 +232,21 @@ TEST_F(frmDbRetrieveTest, HidesTheResultAtAChangeOfTheLocationOnly) {
     EXPECT_TRUE(FileExists(Temp + "3DIM.OUT"));
 }
 
+TEST_F(frmDbRetrieveTest, TellsNothingOfAFormerChoiceInTheStatusBar) {
+    frmDbRetrieve& screen = Retrieved();
+    EXPECT_EQ(TextOf(screen, "sbrRetrievePanel1"), "Retreival Complete");
+    ClickNode("NORTH");
+    EXPECT_EQ(TextOf(screen, "sbrRetrievePanel1"), "Retreival Complete");
+    for (const char* option : {"optAll", "optFeet", "optMonument"}) {
+        ClickOptions({option});
+        EXPECT_EQ(TextOf(screen, "sbrRetrievePanel1"), "") << option;
+        Click(screen, "cmdRetrieve");
+        EXPECT_EQ(TextOf(screen, "sbrRetrievePanel1"), "Retreival Complete") << option;
+    }
+    ClickNode("SOUTH");
+    EXPECT_EQ(TextOf(screen, "sbrRetrievePanel1"), "");
+}
+
 TEST_F(frmDbRetrieveTest, OffersNoPrintingWithoutAPrinter) {
     Global().PrinterPresent = false;
     frmDbRetrieve& screen = Retrieved();
@@ -283,6 +298,7 @@ TEST_F(frmDbRetrieveTest, CopiesTheOutputFileUnderTheMeter) {
     EXPECT_EQ(FileContent("D:\\\xE9t\xE9 & Co.3D"), FileContent(Temp + "3DIM.OUT"));
     EXPECT_EQ(TextOf(screen, "sbrRetrievePanel1"), "D:\\\xE9t\xE9 & Co.3D copied");
     EXPECT_EQ(Desk.Dialogs[0].Folder, Temp);
+    EXPECT_EQ(Desk.Dialogs[0].FileName, "NORTH.3D");
     EXPECT_EQ(Desk.Dialogs[0].Filter, "All Files (*.*)|*.*|3D Files(*.3D)|*.3D");
     EXPECT_EQ(Desk.Dialogs[0].FilterIndex, 2);
     EXPECT_EQ(Desk.Dialogs[0].Flags, 4);

@@ -109,6 +109,7 @@ TEST_F(TreeActions, CopiesAFileUnderTheMeter) {
     const FileDialog& dialog = Desk.Dialogs.at(0);
     EXPECT_EQ(dialog.Purpose, FileDialog::Kind::Save);
     EXPECT_EQ(dialog.Folder, "C:\\TARVEX\\TEMP\\");
+    EXPECT_EQ(dialog.FileName, "A.LVL");
     EXPECT_EQ(dialog.Filter, "All Files (*.*)|*.*");
     EXPECT_EQ(dialog.Flags, 4);
 }
