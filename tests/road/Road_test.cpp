@@ -160,11 +160,10 @@ TEST_F(RoadTest, TellsWhatBlocksIt) {
 TEST_F(RoadTest, ABookWithoutASightIsNamedAndBlocksTheReduction) {
     PutFile("D:\\EMPTY.GSI", "this is no field book\r\n");
     EXPECT_FALSE(Walk(Site.HostFolder() + "d:/EMPTY.GSI"));
-    EXPECT_NE(Told.str().find("ROAD BLOCKED: the program left no results; see its protocol"),
-              std::string::npos)
-        << Told.str();
-    const std::string protocol = FileContent("D:\\TARVEX\\DAM\\NORTH\\TOTAL\\SRV01\\TOTAL.PRO");
-    EXPECT_NE(protocol.find("EMPTY.GSI"), std::string::npos);
+    EXPECT_NE(Told.str().find("TOTRED.EXE has left no results in "), std::string::npos) << Told.str();
+    EXPECT_NE(Told.str().find("ROAD BLOCKED: the program left no results"), std::string::npos) << Told.str();
+    const std::string errors = FileContent("D:\\TARVEX\\DAM\\NORTH\\TOTAL\\SRV01\\TOTAL.ERR");
+    EXPECT_NE(errors.find("EMPTY.GSI"), std::string::npos);
 }
 
 }  // namespace Dorvane
