@@ -227,6 +227,14 @@ std::string DriveLetters() {
     return letters;
 }
 
+bool HasDrive(char letter) {
+    if (Host::PathsAreDrivePaths())
+        return Host::DriveOrLinkIsThere(std::string(1, letter) + ":\\");
+    if (Global().DrivesFolder.empty())
+        Open();
+    return Host::DriveOrLinkIsThere(LinkOf(letter));
+}
+
 void ChangeDrive(char letter) {
     if (!IsLetter(letter) || !DriveIsThere(letter))
         throw RunTimeError(DeviceUnavailable, std::string(1, letter) + ":");

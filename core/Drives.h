@@ -43,6 +43,9 @@ std::string DrivePath(const std::string& hostPath);
 /// The letters of the drives that are there, in upper case, rising.
 std::string DriveLetters();
 
+/// True when there is a drive of this letter, be there a disk in it or not.
+bool HasDrive(char letter);
+
 /// Makes a drive the current one; the current folder on it stays. Error 68 when it is not there.
 void ChangeDrive(char letter);
 

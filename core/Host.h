@@ -29,6 +29,10 @@ struct FileInfo {
 FileInfo Inspect(
     const std::string& path);  // a link counts as what it leads to; errors but absence are raised
 
+/// True for a drive, where the host has letters, and for any other entry, where a folder of links has them:
+/// be there a disk in the drive, or the link's end, or not.
+bool DriveOrLinkIsThere(const std::string& path);
+
 std::vector<std::string> FolderNames(
     const std::string& folder);  // without "." and ".."; raises 76 when missing
 std::string RealPath(

@@ -133,6 +133,11 @@ FileInfo Inspect(const std::string& path) {
     return result;
 }
 
+bool DriveOrLinkIsThere(const std::string& path) {
+    struct stat info {};
+    return lstat(path.c_str(), &info) == 0;
+}
+
 std::vector<std::string> FolderNames(const std::string& folder) {
     DIR* directory = opendir(folder.c_str());
     if (directory == nullptr)

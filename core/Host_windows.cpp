@@ -134,6 +134,10 @@ FileInfo Inspect(const std::string& path) {
     return result;
 }
 
+bool DriveOrLinkIsThere(const std::string& path) {
+    return GetDriveTypeW(Wide(path).c_str()) != DRIVE_NO_ROOT_DIR;
+}
+
 std::vector<std::string> FolderNames(const std::string& folder) {
     WIN32_FIND_DATAW data{};
     const HANDLE search = FindFirstFileW((Wide(folder) + L"\\*").c_str(), &data);

@@ -25,10 +25,11 @@ bool FolderExists(std::string& path) {
         return false;
     if (path.back() != '\\')
         path += '\\';
-    if (path == "A:\\")
-        return true;  // an empty floppy disk has no entries, and counts as found
     try {
         Drives::Entry entry;
+        // The floppy drive without a disk counts as found.
+        if (path == "A:\\")
+            return Drives::HasDrive('A');
         return Drives::Find(path, entry) && entry.IsFolder;
     } catch (const RunTimeError&) {
         return false;

@@ -12,7 +12,8 @@
 namespace Dorvane {
 
 /// True when the path is an existing folder. Appends the missing backslash to the caller's variable, also
-/// when the folder does not exist; an empty path stays empty. "A:\" always counts as found. Raises nothing.
+/// when the folder does not exist; an empty path stays empty. "A:\" counts as found where there is such a
+/// drive, also without a disk. Raises nothing.
 bool FolderExists(std::string& path);
 
 /// True when a file matches the path, whose last part may be a pattern. A folder is no file. Raises nothing.

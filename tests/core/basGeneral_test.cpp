@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "core/CommandLine.h"
 #include "core/Drives.h"
 #include "core/Globals.h"
@@ -50,9 +52,27 @@ TEST_F(General, FolderExistsLeavesAnEmptyPathEmpty) {
     EXPECT_EQ(path, "");
 }
 
+TEST_F(General, FolderExistsFindsNoFloppyWhereThereIsNoDriveForIt) {
+    std::string path = "A:";
+    EXPECT_FALSE(FolderExists(path));
+    EXPECT_EQ(path, "A:\\");
+}
+
 TEST_F(General, FolderExistsCountsAnEmptyFloppyAsFound) {
+    std::filesystem::create_directory(Site.HostFolder() + "a:");
     std::string path = "A:";
     EXPECT_TRUE(FolderExists(path));
+    path = "A:\\NONE\\";
+    EXPECT_FALSE(FolderExists(path));
+}
+
+TEST_F(General, FolderExistsCountsTheFloppyDriveAloneAsFoundWithoutADisk) {
+    for (const char* link : {"a:", "b:"})
+        std::filesystem::create_symlink(Site.HostFolder() + "nowhere", Site.HostFolder() + link);
+    std::string path = "A:";
+    EXPECT_TRUE(FolderExists(path));
+    path = "A:\\SUB\\";
+    EXPECT_FALSE(FolderExists(path));
     path = "B:\\";
     EXPECT_FALSE(FolderExists(path));
 }
