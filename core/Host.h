@@ -61,8 +61,9 @@ DateTime Now();
 void Start(const std::string& program, const std::vector<std::string>& arguments, const std::string& folder,
            bool wait);
 
-/// Claims a name for this process on this workstation, across users. A handle that lasts as long as the
-/// process, or -1 when another process holds the claim. However a process ends, its claim ends with it.
+/// Claims a name for this process on this workstation, across users and their environments. A handle that
+/// lasts as long as the process, or -1 when another process holds the claim. However a process ends, its
+/// claim ends with it, and nothing of it stays on the disk. Error 52 for a name of more than 107 bytes.
 std::intptr_t ClaimSingleInstance(const std::string& name);
 
 /// A library loaded at run time; 0 where it or the export is not there.

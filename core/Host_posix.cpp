@@ -2,17 +2,20 @@
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <sys/file.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <cstddef>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <utility>
 
 #include "core/Host.h"
 #include "core/HostError.h"
@@ -322,20 +325,21 @@ void Start(const std::string& program, const std::vector<std::string>& arguments
 }
 
 std::intptr_t ClaimSingleInstance(const std::string& name) {
-    const std::string path = std::filesystem::temp_directory_path().string() + "/." + name + ".lock";
-    // The lock goes with the process, however it ends; the empty file may stay. It is opened for reading so
-    // that another user's copy finds it too.
-    int file = open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666);
-    if (file < 0)
-        file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (file < 0)
-        throw HostError(errno, HostAction::Write, path);
-    if (flock(file, LOCK_EX | LOCK_NB) == 0)
-        return file;
-    const int failure = errno;
-    close(file);
-    if (failure != EWOULDBLOCK)
-        throw HostError(failure, HostAction::Write, path);
+    // A socket's name of the abstract kind is no file: no folder, mask, right or link of any user touches it.
+    // The first byte of such a name is NUL.
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (name.size() + 1 > sizeof address.sun_path)
+        throw HostError(ENAMETOOLONG, HostAction::Write, name);
+    std::copy(name.begin(), name.end(), address.sun_path + 1);
+    const std::size_t length = offsetof(sockaddr_un, sun_path) + 1 + name.size();
+    Descriptor claim(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    if (claim.Number < 0)
+        throw HostError(errno, HostAction::Write, name);
+    if (bind(claim.Number, reinterpret_cast<const sockaddr*>(&address), static_cast<socklen_t>(length)) == 0)
+        return std::exchange(claim.Number, -1);
+    if (errno != EADDRINUSE)
+        throw HostError(errno, HostAction::Write, name);
     return -1;
 }
 

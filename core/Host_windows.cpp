@@ -284,10 +284,13 @@ void Start(const std::string& program, const std::vector<std::string>& arguments
 
 std::intptr_t ClaimSingleInstance(const std::string& name) {
     const HANDLE claim = CreateMutexW(nullptr, FALSE, Wide("Global\\" + name).c_str());
-    if (claim != nullptr && GetLastError() != ERROR_ALREADY_EXISTS)
+    const DWORD failure = GetLastError();
+    if (claim != nullptr && failure != ERROR_ALREADY_EXISTS)
         return reinterpret_cast<std::intptr_t>(claim);
     if (claim != nullptr)
         CloseHandle(claim);
+    else if (failure != ERROR_ACCESS_DENIED)  // a mutex of another user is there and not to be opened
+        throw HostError(ErrnoOf(failure), HostAction::Write, name);
     return -1;
 }
 

@@ -3,11 +3,16 @@
 
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdlib>
+
 #include "core/Drives.h"
 #include "core/Globals.h"
+#include "core/Host.h"
+#include "core/ProfileStore.h"
 #include "core/RunTimeError.h"
 #include "core/basGeneral.h"
 #include "tests/support/ScriptedDesktop.h"
@@ -256,6 +261,50 @@ TEST_F(StartUp, ACopyInAnotherUsersSessionIsRefusedToo) {
         Global().InstanceClaim = -1;
         EXPECT_FALSE(ClaimOnlyCopy());
     });
+}
+
+TEST_F(StartUp, NoMaskAndNoTemporaryFolderMakesRoomForASecondCopy) {
+    const mode_t former = umask(077);
+    Host::SetEnvironment("TMPDIR", Site.HostFolder());
+    ASSERT_TRUE(ClaimOnlyCopy());
+    umask(former);
+    Host::SetEnvironment("TMPDIR", "/nowhere");
+    AsNobody([] {
+        Global().InstanceClaim = -1;
+        EXPECT_FALSE(ClaimOnlyCopy());
+    });
+    unsetenv("TMPDIR");
+}
+
+TEST_F(StartUp, AnEndedCopyOfOneUserLeavesNothingInTheWayOfAnother) {
+    const mode_t former = umask(077);
+    for (const bool asNobody : {false, true, false}) {
+        int ready[2];
+        ASSERT_EQ(pipe(ready), 0);
+        const pid_t copy = fork();
+        if (copy == 0) {
+            if (asNobody && setresuid(65534, 65534, 65534) != 0)
+                _exit(1);
+            const char byte = ClaimOnlyCopy() ? '1' : '0';
+            _exit(write(ready[1], &byte, 1) == 1 ? 0 : 1);
+        }
+        close(ready[1]);
+        char claimed = 0;
+        EXPECT_EQ(read(ready[0], &claimed, 1), 1);
+        EXPECT_EQ(claimed, '1') << asNobody;
+        close(ready[0]);
+        waitpid(copy, nullptr, 0);
+    }
+    umask(former);
+}
+
+TEST_F(StartUp, ReportsANameThatCannotBeClaimed) {
+    Global().InstanceName = std::string(108, 'x');
+    Screen.ExpectMessageTitled("Program Error", Answer::Cancel);
+    std::string order;
+    Main(Screens(order));
+    EXPECT_EQ(order, "");
+    EXPECT_NE(Screen.Shown[0].Text.find("Error : 52\r\n"), std::string::npos);
 }
 
 TEST_F(StartUp, ACopyThatIsKilledDoesNotLockTheNextOneOut) {

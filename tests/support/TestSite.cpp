@@ -44,7 +44,6 @@ TestSite::~TestSite() {
     Global().OwnDesktop = desktop;
     std::error_code ignored;
     std::filesystem::remove_all(Folder, ignored);
-    std::filesystem::remove(std::filesystem::temp_directory_path() / ("." + OwnName() + ".lock"), ignored);
 }
 
 std::string TestSite::OwnName() const {
