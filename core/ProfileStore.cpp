@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/ProfileStore.h"
 
+#include <limits>
 #include <vector>
 
 #include "core/Drives.h"
@@ -118,6 +119,16 @@ std::optional<std::string> IniFindString(std::string_view file, std::string_view
         return value ? std::optional(StripAtNul(Left(*value, LongestValue))) : std::nullopt;
     } catch (const RunTimeError&) {
         return std::nullopt;  // the profile layer reports nothing: what cannot be read is absent
+    }
+}
+
+double IniReadNumber(std::string_view file, std::string_view section, std::string_view key) {
+    const std::string value = IniReadString(file, section, key);
+    try {
+        return LeadingNumber(value);
+    } catch (const RunTimeError&) {
+        const double largest = std::numeric_limits<double>::max();
+        return Left(Trim(value), 1) == "-" ? -largest : largest;
     }
 }
 

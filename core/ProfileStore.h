@@ -18,6 +18,10 @@ std::string IniReadString(std::string_view file, std::string_view section, std::
 std::optional<std::string> IniFindString(std::string_view file, std::string_view section,
                                          std::string_view key);
 
+/// The leading number of such a value, 0 when it has none. Raises nothing: a number beyond the range of a
+/// double is the largest of its sign.
+double IniReadNumber(std::string_view file, std::string_view section, std::string_view key);
+
 /// Sets a key, adding it, its section or the file when absent; all other lines stay as they are. Raises
 /// nothing: a profile that cannot be written keeps what it held.
 void IniWriteString(std::string_view file, std::string_view section, std::string_view key,

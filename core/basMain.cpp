@@ -2,6 +2,7 @@
 #include "core/basMain.h"
 
 #include <array>
+#include <cmath>
 
 #include "core/Drives.h"
 #include "core/Globals.h"
@@ -57,7 +58,8 @@ void InstallProfile(const Profile& profile, const std::string& windowsPath) {
 void ReadGlobals() {
     for (const PathKey& path : PathKeys)
         Global().*path.Value = IniReadString(MainProfile, InfoSection, path.Key);
-    Global().Path_type = LeadingInteger(IniReadString(MainProfile, InfoSection, "Path_type"));
+    // Any other value than the two, one beyond 16 bits as well, stands for the managed tree.
+    Global().Path_type = std::nearbyint(IniReadNumber(MainProfile, InfoSection, "Path_type")) == 2 ? 2 : 1;
 }
 
 // A path that leads nowhere becomes empty; every one is tested, whatever the others gave.
@@ -137,8 +139,6 @@ bool InitializeGolbals() {
     const bool finished = Guarded("basMain-InitializeGolbals", [&](Guard& guard) {
         guard.Run([] { ReadGlobals(); });
         result = TestPaths();
-        if (Global().Path_type != 1 && Global().Path_type != 2)
-            Global().Path_type = 1;
         guard.Run([] { Global().PrinterPresent = TheDesktop().PrinterCount() > 0; });
     });
     return finished && result;

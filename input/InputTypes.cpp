@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "input/InputTypes.h"
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
 #include "core/ProfileStore.h"
 #include "core/ReportError.h"
-#include "core/Text.h"
 
 namespace Dorvane {
 
@@ -20,7 +23,10 @@ void SizeEmpty(List1<ObsSet<Observation>>& sets, const char* kind) {
 }  // namespace
 
 std::int16_t InputTypeCount(const std::string& kind) {
-    return LeadingInteger(IniReadString(InputProfile, kind, "Number"));
+    const double number = std::nearbyint(IniReadNumber(InputProfile, kind, "Number"));
+    if (number > std::numeric_limits<std::int16_t>::max())
+        throw RunTimeError(Overflow);
+    return static_cast<std::int16_t>(std::max(number, 0.0));
 }
 
 std::int16_t ReadIniInputTypes(List1<InputType>& types) {

@@ -11,7 +11,8 @@ namespace Dorvane {
 /// The profile file of the input types, their weights and the user coordinate files.
 inline constexpr const char* InputProfile = "dv_input.ini";
 
-/// The number of input types of a kind, key "Number" of its section; 0 when absent. Error 6 past 16 bits.
+/// The number of input types of a kind, key "Number" of its section; 0 when absent or negative. Error 6 past
+/// 16 bits.
 std::int16_t InputTypeCount(const std::string& kind);
 
 /// Reads the table of input types, kind by kind in the order of InputKinds, and returns their number. Reports

@@ -37,7 +37,7 @@ void LoadUploadState(UploadState& state) {
     state.FromPathMissing = !FolderExists(state.FromPath);
     state.ToPathMissing = !FolderExists(state.ToPath);
     Guarded("frmUploadMenu-LoadForm", [&](Guard&) {
-        const double print = LeadingNumber(IniReadString(Profile, Section, "Print"));
+        const double print = IniReadNumber(Profile, Section, "Print");
         if (print == 0 || print == 1)
             state.PrintUpload = print == 1;
     });

@@ -39,7 +39,7 @@ bool IsThere(std::string path) {
 
 std::vector<Utility> ReadUtilities(const std::string& profile) {
     std::vector<Utility> utilities;
-    const double number = LeadingNumber(IniReadString(profile, Section, "Number"));
+    const double number = IniReadNumber(profile, Section, "Number");
     for (int i = 1; i <= std::min(number, static_cast<double>(MostUtilities)); ++i) {
         const auto key = [&](const char* name) {
             return IniReadString(profile, Section, name + std::to_string(i));

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "core/Drives.h"
 #include "tests/support/TestSite.h"
 
@@ -79,6 +81,16 @@ TEST_F(ProfileStore, AddsASectionAndAFile) {
     IniWriteString("dv_new.ini", "A", "K", "1");
     IniWriteString("dv_new.ini", "B", "K", "2");
     EXPECT_EQ(FileContent("C:\\WINDOWS\\dv_new.ini"), "[A]\r\nK=1\r\n[B]\r\nK=2\r\n");
+}
+
+TEST_F(ProfileStore, ReadsTheLeadingNumberAndRaisesNothing) {
+    PutFile(Path, "[A]\r\na=2.5 and more\r\nb=none\r\nc=1E999\r\nd= -1E999\r\n");
+    const auto number = [](const char* key) { return IniReadNumber("dv_test.ini", "A", key); };
+    EXPECT_EQ(number("a"), 2.5);
+    EXPECT_EQ(number("b"), 0);
+    EXPECT_EQ(number("absent"), 0);
+    EXPECT_EQ(number("c"), std::numeric_limits<double>::max());
+    EXPECT_EQ(number("d"), -std::numeric_limits<double>::max());
 }
 
 TEST_F(ProfileStore, AddsAKeyInPlaceOfAnEndOfFileMark) {

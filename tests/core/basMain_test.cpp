@@ -123,11 +123,45 @@ TEST_F(StartUp, NoPrinterIsNoFailure) {
 
 TEST_F(StartUp, ReportsAnErrorInsideAsFailed) {
     Site.LayOut();
-    PutLines("C:\\WINDOWS\\dv_tarvex.ini", {"[Tarvex Info]", "Path_type=99999"});
-    Screen.ExpectMessage(
+    PutPaths();
+    struct BrokenPrinters : ScriptedDesktop {
+        int PrinterCount() override { throw RunTimeError(DeviceUnavailable); }
+    } desktop;
+    desktop.ExpectMessage(
         "Program Error",
-        "Error : 6\r\n\r\nDescription : Overflow\r\n\r\nSource : Dorvane-basMain-InitializeGolbals");
+        "Error : 68\r\n\r\nDevice appears unavailable.\r\n\r\nSource : Dorvane-basMain-InitializeGolbals",
+        Answer::Cancel);
     EXPECT_FALSE(InitializeGolbals());
+}
+
+TEST_F(StartUp, TakesEveryPathTypeButTheTwoForTheManagedTree) {
+    Site.LayOut();
+    for (const char* stored : {"1", "0", "3", "7", "-1", "", "x", "99999", "-99999", "65538", "1E99", "1E999",
+                               "-1E999", "1.4", "2.6", "9999999999999999999999999"}) {
+        PutPaths();
+        IniWriteString("dv_tarvex.ini", "Tarvex Info", "Path_type", stored);
+        Global().Path_type = 2;
+        EXPECT_TRUE(InitializeGolbals()) << stored;
+        EXPECT_EQ(Global().Path_type, 1) << stored;
+        EXPECT_EQ(Global().Download_path, "D:\\TARVEX\\DOWNLOAD\\") << stored;
+        EXPECT_EQ(IniReadString("dv_tarvex.ini", "Tarvex Info", "Path_type"), stored);
+    }
+    for (const char* stored : {"2", " 2 by hand", "1.6", "2.4"}) {
+        PutPaths();
+        IniWriteString("dv_tarvex.ini", "Tarvex Info", "Path_type", stored);
+        EXPECT_TRUE(InitializeGolbals()) << stored;
+        EXPECT_EQ(Global().Path_type, 2) << stored;
+    }
+}
+
+TEST_F(StartUp, TestsAllPathsWhateverPathTypeHolds) {
+    Site.LayOut();
+    PutPaths("D:\\NOWHERE\\");
+    IniWriteString("dv_tarvex.ini", "Tarvex Info", "Path_type", "1E999");
+    Global().Data_drive.clear();
+    EXPECT_FALSE(InitializeGolbals());
+    EXPECT_EQ(Global().Data_drive, "D:\\TARVEX\\");
+    EXPECT_EQ(Global().Download_path, "");
 }
 
 TEST_F(StartUp, CreatesTheDefaultFoldersAndWritesTheKeysInOrder) {

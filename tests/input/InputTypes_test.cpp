@@ -52,6 +52,22 @@ TEST_F(InputTypes, ANumberBeyondSixteenBitsIsReported) {
     EXPECT_EQ(LastReport(), "6 Dorvane-basRead-ReadIniInputTypes");
 }
 
+TEST_F(InputTypes, ANumberBeyondAllNumbersIsReportedToo) {
+    PutProfile("dv_input.ini", {"[Total]", "Number=1E999"});
+    Desktop.ExpectMessageTitled("Program Error");
+    List1<InputType> types;
+    EXPECT_EQ(ReadIniInputTypes(types), 0);
+    EXPECT_EQ(LastReport(), "6 Dorvane-basRead-ReadIniInputTypes");
+}
+
+TEST_F(InputTypes, ANegativeNumberGivesNoTypes) {
+    for (const char* number : {"Number=-1", "Number=-40000", "Number=-1E999"}) {
+        PutProfile("dv_input.ini", {"[Total]", number, "[Height]", "Number=1", "Name1=Lev"});
+        List1<InputType> types;
+        EXPECT_EQ(ReadIniInputTypes(types), 1) << number;
+    }
+}
+
 TEST_F(InputTypes, InitObsArraysEmptiesFullSets) {
     PutProfiles();
     ObservationModel model;

@@ -33,7 +33,7 @@ TEST_F(UtilitiesTest, AreThoseOfTheProfileThatHaveATitleAndACommand) {
     EXPECT_EQ(utilities[0].Tip, "A tip");
     EXPECT_EQ(utilities[1].Title, "Plain");
     EXPECT_TRUE(ReadUtilities("dv_absent.ini").empty());
-    PutLines("C:\\WINDOWS\\dv_special.ini", {"[Utilities]", "Number=1e300", "Title1=A", "Command1=B"});
+    PutLines("C:\\WINDOWS\\dv_special.ini", {"[Utilities]", "Number=1e999", "Title1=A", "Command1=B"});
     EXPECT_EQ(ReadUtilities("dv_special.ini").size(), 1U);
 }
 

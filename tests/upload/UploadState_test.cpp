@@ -112,6 +112,11 @@ TEST_F(LoadUploadStateTest, MarksFoldersThatAreNotThere) {
 }
 
 TEST_F(LoadUploadStateTest, LeavesTheSwitchAtAnyOtherPrintValue) {
+    PutLines(Profile, {"[Upload Select]", "Print=1E999"});
+    UploadState beyond;
+    beyond.PrintUpload = true;
+    LoadUploadState(beyond);
+    EXPECT_TRUE(beyond.PrintUpload);
     PutLines(Profile, {"[Upload Select]", "Print=2"});
     UploadState state;
     state.PrintUpload = true;
