@@ -45,6 +45,15 @@ ActionCode CodeOf(Answer answer) {
     return UnknownError;
 }
 
+// Where the drives themselves are what failed there is no help file to name.
+std::string HelpFileIfThere() {
+    try {
+        return HelpFile();
+    } catch (const RunTimeError&) {
+        return "";
+    }
+}
+
 Message MessageFor(const RunTimeError& error, const std::string& source) {
     const std::string known = KnownText(error.Number);
     Message message;
@@ -56,7 +65,7 @@ Message MessageFor(const RunTimeError& error, const std::string& source) {
     if (!known.empty()) {
         message.Choices = error.Number == DiskFull ? Buttons::YesNo : Buttons::RetryCancel;
         message.HasHelp = true;
-        message.HelpFile = HelpFile();
+        message.HelpFile = HelpFileIfThere();
         message.HelpContext = error.Number;
     }
     return message;
@@ -69,6 +78,19 @@ void AppendToLog(const RunTimeError& error, const std::string& source) {
     log.Line(ColumnLine().At(20, "Description : " + error.Description).Text());
     log.Line(ColumnLine().At(20, "Source : " + source).Text());
     log.Close();
+}
+
+// Reports the failure that is being caught. One that the system does not raise itself is an internal error.
+ActionCode ReportCaught(std::string_view procedure) {
+    try {
+        throw;
+    } catch (const RunTimeError& error) {
+        return ReportError(error, procedure);
+    } catch (const std::bad_alloc&) {
+        return ReportError(RunTimeError(OutOfMemory), procedure);
+    } catch (const std::exception& failure) {
+        return ReportError(RunTimeError(InternalError, failure.what()), procedure);
+    }
 }
 
 }  // namespace
@@ -90,10 +112,8 @@ bool Guard::Run(const std::function<void()>& statement) {
         try {
             statement();
             return true;
-        } catch (const RunTimeError& error) {
-            code = ReportError(error, Procedure);
-        } catch (const std::bad_alloc&) {
-            code = ReportError(RunTimeError(OutOfMemory), Procedure);
+        } catch (const std::exception&) {
+            code = ReportCaught(Procedure);
         }
         if (code == Skip)
             return false;
@@ -110,10 +130,8 @@ bool Guarded(std::string_view procedure, const std::function<void(Guard&)>& body
     } catch (const Guard::LeaveProcedure& leave) {
         if (leave.Of != &guard)
             throw;
-    } catch (const RunTimeError& error) {
-        ReportError(error, procedure);
-    } catch (const std::bad_alloc&) {
-        ReportError(RunTimeError(OutOfMemory), procedure);
+    } catch (const std::exception&) {
+        ReportCaught(procedure);
     }
     return false;
 }

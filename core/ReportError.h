@@ -33,7 +33,8 @@ class Guard {
 };
 
 /// Runs `body` as a procedure that guards itself. A failure outside the statements given to Run is reported
-/// too, and leaves the procedure. True when the body came to its end, false when it was left.
+/// too, and leaves the procedure; an exception of any other kind is error 51. True when the body came to its
+/// end, false when it was left.
 bool Guarded(std::string_view procedure, const std::function<void(Guard&)>& body);
 
 }  // namespace Dorvane

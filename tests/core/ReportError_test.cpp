@@ -3,7 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <stdexcept>
+
 #include "core/Drives.h"
+#include "core/Host.h"
 #include "tests/support/ScriptedDesktop.h"
 #include "tests/support/TestSite.h"
 
@@ -106,6 +110,32 @@ TEST_F(ReportErrorTest, StillAnswersWhenTheLogCannotBeWritten) {
     Drives::CreateFolder(Log);
     Screen.ExpectMessageTitled("Program Error", Answer::Retry);
     EXPECT_EQ(ReportError(RunTimeError(PathNotFound), "basRead-X"), Retry);
+}
+
+TEST_F(ReportErrorTest, ReportsADriveFailureThatTakesTheHelpFileWithIt) {
+    Global().ProgramFolder.clear();
+    Global().DrivesFolder.clear();
+    Host::SetEnvironment("DORVANE_DRIVES", "/" + std::string(300, 'x'));
+    Screen.ExpectMessageTitled("Program Error", Answer::Cancel);
+    EXPECT_FALSE(Guarded("basMain-Main", [](Guard& guard) { guard.Run([] { Drives::Open(); }); }));
+    unsetenv("DORVANE_DRIVES");
+    EXPECT_EQ(Screen.Shown.at(0).Text,
+              "Error : 52\r\n\r\nFile Name entered is illegal.\r\n\r\nSource : Dorvane-basMain-Main");
+    EXPECT_EQ(Screen.Shown.at(0).HelpFile, "");
+}
+
+TEST_F(ReportErrorTest, ReportsAnyOtherExceptionAsAnInternalError) {
+    const std::string report =
+        "Error : 51\r\n\r\nDescription : Internal error: nothing at 7\r\n\r\nSource : Dorvane-basTest-Inside";
+    Screen.ExpectMessage("Program Error", report);
+    Screen.ExpectMessage("Program Error", report);
+    bool behind = false;
+    EXPECT_FALSE(Guarded("basTest-Inside", [&](Guard& guard) {
+        guard.Run([] { throw std::out_of_range("nothing at 7"); });
+        behind = true;
+    }));
+    EXPECT_FALSE(Guarded("basTest-Inside", [](Guard&) { throw std::out_of_range("nothing at 7"); }));
+    EXPECT_FALSE(behind);
 }
 
 TEST_F(ReportErrorTest, GuardRetriesUntilTheStatementRuns) {
