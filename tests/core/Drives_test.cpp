@@ -173,6 +173,15 @@ TEST_F(DrivesTest, CopiesBytesAndTheTimeStamp) {
     EXPECT_EQ(entry.Modified, (DateTime{2025, 12, 31, 23, 59, 58}));
 }
 
+TEST_F(DrivesTest, ACopyOntoALinkReplacesTheFileBehindIt) {
+    PutFile("D:\\REAL\\A.TXT", "old");
+    PutFile("D:\\NEW.TXT", "new");
+    std::filesystem::create_symlink("REAL/A.TXT", Site.HostFolder() + "d:/LINK.TXT");
+    Drives::CopyFile("D:\\NEW.TXT", "D:\\LINK.TXT");
+    EXPECT_EQ(FileContent("D:\\REAL\\A.TXT"), "new");
+    EXPECT_TRUE(std::filesystem::is_symlink(Site.HostFolder() + "d:/LINK.TXT"));
+}
+
 TEST_F(DrivesTest, ACopyOntoAFullDiskLeavesNothingBehind) {
     PutFile("C:\\BIG.TXT", std::string(200000, 'x'));
     MakeFolders("D:\\SMALL\\");
