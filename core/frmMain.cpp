@@ -2,10 +2,12 @@
 #include "core/frmMain.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QTimer>
 #include <QToolButton>
+#include <algorithm>
 
 #include "core/Globals.h"
 #include "core/PathType.h"
@@ -22,6 +24,13 @@
 namespace Dorvane {
 
 namespace {
+
+bool AnyWindowIsOpen() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->isVisible() && (window->windowFlags() & Qt::WindowType_Mask) != Qt::ToolTip;
+    });
+}
 
 constexpr int ButtonWidth = 45;
 constexpr int ButtonHeight = 42;
@@ -169,7 +178,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
 }
 
 void frmMain::cmdMain_Click(int index) {
-    Guarded("frmMain-cmdMain_Click", [&](Guard&) {
+    const bool opened = Guarded("frmMain-cmdMain_Click", [&](Guard&) {
         if (index == 3)
             return OpenReduction();
         if (index == 6)
@@ -187,6 +196,9 @@ void frmMain::cmdMain_Click(int index) {
             default: return OpenTree("Access Subdirectories ...");
         }
     });
+    // A hidden menu with no window open is a program that nobody can reach.
+    if (!opened && !AnyWindowIsOpen())
+        Nav.ShowHome();
 }
 
 void frmMain::OpenTree(const char* title) {

@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
+#include <filesystem>
 
 #include "core/Globals.h"
 #include "core/frmAbout.h"
@@ -83,6 +84,16 @@ TEST_F(HomeDialogs, AboutTellsVersionAndPurpose) {
 }
 
 TEST_F(HomeDialogs, AboutSaysWhenThereIsNoSystemInformation) {
+    // A workstation without any of the tools.
+    std::filesystem::remove(Site.HostFolder() + "z:");
+    std::filesystem::create_directory(Site.HostFolder() + "z:");
+    QWidget& about = Open(new frmAbout);
+    Desk.ExpectMessage("About Dorvane", "System Information Is Unavailable At This Time");
+    Click(about, "cmdSysInfo");
+    EXPECT_TRUE(Desk.Started.empty());
+}
+
+TEST_F(HomeDialogs, AboutStartsTheSystemInformation) {
     QWidget& about = Open(new frmAbout);
     PutFile("C:\\WINDOWS\\system32\\msinfo32.exe", "");
     Click(about, "cmdSysInfo");

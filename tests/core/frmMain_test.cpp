@@ -9,9 +9,12 @@
 #include <QStatusBar>
 #include <QTest>
 #include <QToolButton>
+#include <new>
 
 #include "core/Globals.h"
+#include "core/HomeMenu.h"
 #include "core/ProfileStore.h"
+#include "core/RunTimeError.h"
 #include "tests/support/RecordingNavigator.h"
 #include "tests/support/ScreenTest.h"
 #include "tests/support/ScriptedDesktop.h"
@@ -193,6 +196,55 @@ TEST_F(HomeMenu, EachButtonHidesTheMenuAndOpensItsScreen) {
         EXPECT_FALSE(menu.isVisible()) << button;
         menu.show();
     }
+}
+
+TEST_F(HomeMenu, ComesBackWhenTheScreenCannotBeOpened) {
+    struct BrokenNavigator : RecordingNavigator {
+        void OpenDownload() override { throw RunTimeError(FileNotFound, "form"); }
+        void OpenTree(const std::string&, const std::string&, const Then&) override {
+            throw std::bad_alloc();
+        }
+        void ShowHome() override { Menu->show(); }
+        frmMain* Menu = nullptr;
+    } broken;
+    frmMain menu(broken, [] {});
+    broken.Menu = &menu;
+    for (const char* button : {"cmdMain1", "cmdMain3", "cmdMain8"}) {
+        menu.show();
+        HandleEvents();
+        Desk.ExpectMessageTitled("Program Error");
+        Click(menu, button);
+        EXPECT_TRUE(menu.isVisible()) << button;
+        EXPECT_THAT(Desk.Shown.back().Text, testing::EndsWith("Source : Dorvane-frmMain-cmdMain_Click"));
+    }
+}
+
+TEST_F(HomeMenu, StaysHiddenBehindAScreenThatFailedWhenItStood) {
+    struct LateFailure : RecordingNavigator {
+        void OpenDownload() override {
+            Screen.show();
+            throw RunTimeError(FileNotFound, "picture");
+        }
+        QWidget Screen;
+    } late;
+    frmMain menu(late, [] {});
+    menu.show();
+    HandleEvents();
+    Desk.ExpectMessageTitled("Program Error");
+    Click(menu, "cmdMain1");
+    EXPECT_FALSE(menu.isVisible());
+    EXPECT_THAT(late.Calls, IsEmpty());
+}
+
+TEST_F(HomeMenu, TheStructureEditorsWaitForRightFolders) {
+    Global().InitFailed = true;
+    Desk.ExpectMessage("INI File Error", "Must fix Tarvex.ini file");
+    RunStructureEditor("Programs\\EditChoice.exe");
+    EXPECT_EQ(Desk.Shown[0].Picture, Icon::Exclamation);
+    EXPECT_THAT(Desk.Started, IsEmpty());
+    Global().InitFailed = false;
+    RunStructureEditor("Programs\\EditChoice.exe");
+    EXPECT_THAT(Desk.Started, ElementsAre("P:\\DORVANE\\Programs\\EditChoice.exe"));
 }
 
 TEST_F(HomeMenu, TheUtilitiesStartBesideTheMenu) {
