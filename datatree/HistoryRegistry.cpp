@@ -43,7 +43,8 @@ void ReadEvents(GuardedReader& file, int lines, HistoryRecord& record, int entry
         const std::string event = Mid(line, 5, 7);
         if (event == "Created" || event == "Deleted") {
             record.Created[entry] = Mid(line, 17, 8);
-            record.Usage[entry] = event == "Created" ? Mid(line, 31, 60) : DeletedUsage;
+            record.Usage[entry] =
+                event == "Created" ? Mid(line, 31, HistoryRecord::LongestUsage) : DeletedUsage;
             if (file.LineNumber() == lines)
                 return;
         } else if (Left(line, 1) != " ") {

@@ -5,11 +5,15 @@
 #include <array>
 
 #include "core/ReportError.h"
+#include "core/Text.h"
 #include "core/basGeneral.h"
 
 namespace Dorvane {
 
 namespace {
+
+// A path of more parts preselects nothing.
+constexpr int MostPreselectedParts = 5;
 
 // The structure of the chosen system, or nothing.
 const StructureRecord* ChosenStructure(const SurveyChoice& choice) {
@@ -83,6 +87,14 @@ std::string WhyNoEpochs(const SurveyChoice& choice) {
            "Structures.";
 }
 
+// What the history file gives back of a text: as much as its column holds, on one line.
+std::string HistoryText(const std::string& typed) {
+    std::string text = Left(typed, HistoryRecord::LongestUsage);
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
+    return text;
+}
+
 }  // namespace
 
 void ReadSystems(List1<ChoiceRecord>& choices, List1<StructureRecord>& structures) {
@@ -108,9 +120,9 @@ void SetSurveyDirectory(SurveyChoice& choice, const std::string& directory) {
             count = SplitPathParts(choice.Directory, parts);
         else
             choice.Directory.clear();
-        if (count > 5)
-            return;
         OfferRoots(choice);
+        if (count > MostPreselectedParts)
+            return;
         if (count >= 2) {
             choice.Root = parts[2];
             OfferLocationsAndTypes(choice);
@@ -178,7 +190,7 @@ bool ConfirmSurvey(const SurveyChoice& choice, const std::string& history, Surve
                  .Picture = Icon::Information,
                  .Choices = Buttons::YesNo}) == Answer::Yes)
             return;
-        answer = {choice.Root, choice.Location, "", choice.Epoch, history};
+        answer = {choice.Root, choice.Location, "", choice.Epoch, HistoryText(history)};
         for (const std::string& type : choice.ChosenTypes)
             answer.TypeMulti += type + " ";
         complete = true;

@@ -35,7 +35,7 @@ struct SurveyChoice {
 /// Takes the folder that the tree had selected: reads the structures and fills the lists, with a preselection
 /// by the parts of its path. The first is the drive, the second counts as the system and the third as the
 /// location, so the preselection works where Data_drive is a drive's root folder. A folder of six parts or
-/// more fills nothing.
+/// more preselects nothing, and the systems are offered as ever.
 void SetSurveyDirectory(SurveyChoice& choice, const std::string& directory);
 
 /// A click on a system: its locations and data types are offered.
@@ -59,7 +59,8 @@ enum class SurveyList { Root, Location, Type, Epoch };
 std::string WhyEmpty(const SurveyChoice& choice, SurveyList list);
 
 /// The click of cmdOK: false when the dialog stays, because a name is missing or the operator wants to enter
-/// a history. Otherwise the answer is filled. That a data type is chosen is not asked for.
+/// a history. Otherwise the answer is filled, with as much of the history as a history file gives back: 60
+/// characters without control characters. That a data type is chosen is not asked for.
 bool ConfirmSurvey(const SurveyChoice& choice, const std::string& history, SurveyAnswer& answer);
 
 }  // namespace Dorvane

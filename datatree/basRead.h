@@ -49,6 +49,7 @@ constexpr int MostSystems = 16;
 struct HistoryRecord {
     static constexpr int Room = 500;
     static constexpr int MostFolders = 100;  // how many a reader fills
+    static constexpr int LongestUsage = 60;  // how much of a usage text is read
 
     List1<std::string> Subdirectory;  // system, location, type and epoch joined by backslashes, upper case
     List1<std::string> Created;       // date text of the last event, mm-dd-yy

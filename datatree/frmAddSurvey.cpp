@@ -70,6 +70,7 @@ frmAddSurvey::frmAddSurvey() : Form(std::make_unique<Ui::frmAddSurvey>()) {
     const QFontMetrics metrics = fontMetrics();
     resize(metrics.averageCharWidth() * 90, metrics.lineSpacing() * 22);
     Form->lblDirectory->hide();
+    Form->txtHistory->setMaxLength(HistoryRecord::LongestUsage);
     Guarded("frmAddSurvey-LoadForm", [&](Guard&) {
         SetOptionalPicture(*Form->cmdOK, "add.svg");
         SetOptionalPicture(*Form->cmdCancel, "cancel.svg");

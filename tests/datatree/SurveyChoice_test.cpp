@@ -71,10 +71,17 @@ TEST_F(FrmAddSurvey, PreselectsTheLocationByTheThirdPart) {
     }
 }
 
-TEST_F(FrmAddSurvey, FillsNothingForAFolderOfSixParts) {
-    SetSurveyDirectory(Choice, "D:\\DAM\\NORTH\\LEVEL\\SRV1\\RAW\\");
-    EXPECT_TRUE(Choice.Roots.Empty());
-    EXPECT_EQ(Choice.Root, "");
+TEST_F(FrmAddSurvey, OffersTheSystemsAndNothingElseForAFolderOfSixPartsAndMore) {
+    for (const char* folder :
+         {"D:\\DAM\\NORTH\\LEVEL\\SRV1\\RAW\\", "D:\\DAM\\NORTH\\LEVEL\\SRV1\\RAW\\DEEP\\"}) {
+        SetSurveyDirectory(Choice, folder);
+        EXPECT_EQ(Choice.Directory, folder);
+        EXPECT_EQ(Choice.Roots, (Names{"DAM", "WEIR"}));
+        EXPECT_EQ(Choice.Root, "");
+        EXPECT_EQ(Choice.Location, "");
+        EXPECT_TRUE(Choice.Locations.Empty());
+        EXPECT_TRUE(Choice.Types.Empty());
+    }
 }
 
 TEST_F(FrmAddSurvey, FindsNoSystemUnderADataDriveThatIsAFolder) {

@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -147,10 +149,29 @@ TEST_F(SurveyDialog, FindsNoSystemUnderADataDriveThatIsAFolder) {
     EXPECT_EQ(TextOf(dialog, "lblLocation"), "");
 }
 
-TEST_F(SurveyDialog, OffersNothingForAFolderOfSixParts) {
+TEST_F(SurveyDialog, OffersTheSystemsForAFolderOfSixParts) {
     frmAddSurvey& dialog = Open("D:\\DAM\\NORTH\\LEVEL\\SRV1\\RAW\\");
-    EXPECT_TRUE(Items(dialog, "lstRoot").empty());
+    EXPECT_EQ(Items(dialog, "lstRoot"), (Names{"DAM", "WEIR"}));
     EXPECT_TRUE(Items(dialog, "lstLocation").empty());
+    ClickItem(dialog, "lstRoot", "DAM");
+    EXPECT_EQ(Items(dialog, "lstLocation"), (Names{"NORTH", "SOUTH"}));
+}
+
+TEST_F(SurveyDialog, TakesAHistoryAsLongAsItIsReadBack) {
+    frmAddSurvey& dialog = Open("D:\\DAM\\NORTH\\");
+    ChooseAll(dialog);
+    auto& history = Control<QLineEdit>(dialog, "txtHistory");
+    QTest::keyClicks(&history, QString(59, 'a') + "bc");
+    EXPECT_EQ(history.text(), QString(59, 'a') + "b");
+}
+
+TEST_F(SurveyDialog, TakesLineEndsFromTheClipboardForBlanks) {
+    frmAddSurvey& dialog = Open("D:\\DAM\\NORTH\\");
+    ChooseAll(dialog);
+    QApplication::clipboard()->setText("after\r\nthe\nflood\tof May");
+    Control<QLineEdit>(dialog, "txtHistory").paste();
+    Click(dialog, "cmdOK");
+    EXPECT_EQ(Answer.NewHistory, "after  the flood of May");
 }
 
 TEST_F(SurveyDialog, ChoosesAnewBelowAnotherSystem) {
