@@ -155,6 +155,8 @@ void frmTree::ConnectButtons() {
 void frmTree::ConnectMenus() {
     connect(Form->mnuGoHome, &QAction::triggered, this,
             [this] { Guarded("frmTree-mnuGoHome_Click", [&](Guard&) { mnuGoHome_Click(); }); });
+    connect(Form->mnuRefresh, &QAction::triggered, this,
+            [this] { Guarded("frmTree-mnuRefresh_Click", [&](Guard&) { mnuRefresh_Click(); }); });
     connect(Form->mnuPrinterSetup, &QAction::triggered, this,
             [] { Guarded("frmTree-mnuPrinterSetup_Click", [](Guard&) { PrinterSetup(); }); });
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this,
@@ -300,6 +302,38 @@ void frmTree::mnuGoHome_Click() {
     Nav.ReturnToInput(folder);
 }
 
+// Takes over what other workstations have registered since; what is selected stays so.
+void frmTree::mnuRefresh_Click() {
+    const WaitCursor wait;
+    const OutOfReach working(*this);
+    const TreeSelection former = Selection;
+    ReloadPathRecords(Services.Waiting, "Updating Tarvex data folders.");
+    Tree.Clear();
+    TarvexTreeSetup(Global().PathRecords, Global().PathRecords.Count(), Tree);
+    RebuildTree();
+    if (Tree.Find(former.Directory) != nullptr)
+        ClickNode(Selection, former.Directory);
+    else
+        GoToDirectory(Tree, Selection, former.Directory);
+    Form->trvDirectory->Choose(Selection.Directory);
+    ShowSelection();
+    ChooseFile(former.File);
+}
+
+// The tree control anew, with the same folders open.
+void frmTree::RebuildTree() {
+    const std::vector<std::string> expanded = Form->trvDirectory->ExpandedKeys();
+    Form->trvDirectory->Build(Tree, imlTree["folder"]);
+    Form->trvDirectory->Expand(expanded);
+}
+
+// Selects a file of the list, if it is there.
+void frmTree::ChooseFile(const std::string& name) {
+    for (int i = 1; i <= Selection.Files.Count(); ++i)
+        if (Selection.Files[i].Name == name)
+            Form->lsvFiles->setCurrentRow(i - 1);
+}
+
 void frmTree::cmdAdd_Click() {
     hide();
     Nav.AskSurvey(Selection.Directory, [screen = QPointer<frmTree>(this)](const SurveyAnswer& answer) {
@@ -329,9 +363,7 @@ SurveyReport frmTree::AddAndShow(const SurveyAnswer& answer) {
     const WaitCursor wait;
     const OutOfReach working(*this);
     SurveyReport report = AddSurvey(answer, Services, Tree);
-    const std::vector<std::string> expanded = Form->trvDirectory->ExpandedKeys();
-    Form->trvDirectory->Build(Tree, imlTree["folder"]);
-    Form->trvDirectory->Expand(expanded);
+    RebuildTree();
     List1<std::string> types;
     ParseFields(types, answer.TypeMulti);
     for (const std::string& type : types)

@@ -54,12 +54,15 @@ class frmTree : public Screen {
     void cmdCancel_Click();
     void cmdHome_Click();
     void mnuGoHome_Click();
+    void mnuRefresh_Click();
     void cmdAdd_Click();
     void SurveyAnswered(const SurveyAnswer& answer);
     SurveyReport AddAndShow(const SurveyAnswer& answer);
 
     std::string Title() const;
     void GoTo(const std::string& directory);
+    void RebuildTree();
+    void ChooseFile(const std::string& name);
     void ShowSelection();
     void ShowFiles();
     void ShowFileButtons();

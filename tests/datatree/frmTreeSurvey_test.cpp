@@ -3,6 +3,7 @@
 #include <QPushButton>
 #include <functional>
 
+#include "core/basGeneral.h"
 #include "datatree/frmAddSurvey.h"
 #include "tests/datatree/DataTreeScreen.h"
 
@@ -117,6 +118,24 @@ TEST_F(DataTreeWithDialog, IsHiddenWhileTheSurveyIsChosenAndBackAfterCancel) {
     EXPECT_TRUE(Waiting.empty());
 }
 
+TEST_F(DataTreeWithDialog, AddsASurveyFromAnEpoch) {
+    frmTree& screen = OpenWithDialog(Data("DAM\\NORTH\\LEVEL\\SRV1\\"));
+    Click(screen, "cmdAdd");
+    EXPECT_EQ(TextOf(*Dialogs.Dialog, "lblRoot"), "");
+    ChooseSurvey();
+    Control<QLineEdit>(*Dialogs.Dialog, "txtHistory").setText("Third");
+    Desk.ExpectMessageTitled("Survey Added");
+    Click(*Dialogs.Dialog, "cmdOK");
+    EXPECT_TRUE(Dialogs.Dialog.isNull());
+    EXPECT_EQ(FileLines(Init("DAM.PTH")).back(), " *       DAM       NORTH     LEVEL     SRV3");
+    EXPECT_EQ(FileLines(Init("DAM.HIS")).back(), "    Created     11-20-26      Third");
+    EXPECT_EQ(FileContent(Data("DAM\\NORTH\\DIST\\SRV3\\SRV3.IDX")), "INDEX\r\n");
+    std::string projects = Data("DAM\\NORTH\\ADJUST\\SRV3");
+    EXPECT_TRUE(FolderExists(projects));
+    ASSERT_NE(NodeNamed("Third"), nullptr);
+    EXPECT_EQ(Chosen(), Data("DAM\\NORTH\\LEVEL\\SRV1\\"));
+}
+
 TEST_F(DataTreeWithDialog, AddsASurveyOfTwoTypesAndShowsItsFolders) {
     frmTree& screen = OpenWithDialog(Data("DAM\\SOUTH\\LEVEL\\"));
     Click(screen, "cmdAdd");
@@ -209,6 +228,46 @@ TEST_F(DataTreeWithDialog, StandsTheEndOfTheScreenWhileTheDialogIsOpen) {
     delete Screen.data();
     Click(*Dialogs.Dialog, "cmdCancel");
     EXPECT_TRUE(Dialogs.Dialog.isNull());
+}
+
+TEST_F(DataTreeWithDialog, RefreshShowsWhatAnotherWorkstationHasRegistered) {
+    frmTree& screen = OpenWithDialog(Data("DAM\\NORTH\\LEVEL\\SRV1\\"));
+    ClickItem(screen, "lsvFiles", "LINE.LVL");
+    EXPECT_EQ(NodeNamed("Third"), nullptr);
+    PutFile(Init("DAM.PTH"),
+            FileContent(Init("DAM.PTH")) + " *       DAM       NORTH     LEVEL     SRV3\r\n");
+    MakeFolders(Data("DAM\\NORTH\\LEVEL\\SRV3\\"));
+    File("DAM\\NORTH\\LEVEL\\SRV1\\EARLIER.LVL");
+    QTest::keyClick(&screen, Qt::Key_F5);
+    HandleEvents();
+    EXPECT_EQ(Waiting, (Names{"Updating Tarvex data folders.", "closed"}));
+    EXPECT_NE(NodeNamed("Third"), nullptr);
+    EXPECT_EQ(Chosen(), Data("DAM\\NORTH\\LEVEL\\SRV1\\"));
+    EXPECT_TRUE(NodeNamed("Levelling")->isExpanded());
+    EXPECT_EQ(TextOf(screen, "lblDirectory"), Data("DAM\\NORTH\\LEVEL\\SRV1\\"));
+    EXPECT_EQ(Items(screen, "lsvFiles"), (Names{"DATA.001", "EARLIER.LVL", "LINE.LVL"}));
+    EXPECT_EQ(TextOf(screen, "lblFile"), "LINE.LVL");
+    EXPECT_TRUE(screen.isEnabled());
+}
+
+TEST_F(DataTreeWithDialog, RefreshLeavesAClosedFolderClosed) {
+    frmTree& screen = OpenWithDialog(Data("DAM\\NORTH\\LEVEL\\SRV1\\"));
+    Choose(screen, "mnuRefresh");
+    ClickNodeNamed("Levelling");
+    NodeNamed("Levelling")->setExpanded(false);
+    Choose(screen, "mnuRefresh");
+    EXPECT_FALSE(NodeNamed("Levelling")->isExpanded());
+    EXPECT_TRUE(NodeNamed("North")->isExpanded());
+    EXPECT_EQ(Chosen(), Data("DAM\\NORTH\\LEVEL\\"));
+}
+
+TEST_F(DataTreeWithDialog, RefreshGoesToTheNearestFolderAboveOneThatIsGone) {
+    frmTree& screen = OpenWithDialog(Data("DAM\\SOUTH\\LEVEL\\SRV1\\"));
+    PutFile(Init("DAM.PTH"), " *       DAM       NORTH     LEVEL     SRV1\r\n");
+    Choose(screen, "mnuRefresh");
+    EXPECT_EQ(Chosen(), Data("DAM\\"));
+    EXPECT_EQ(TextOf(screen, "lblDirectory"), Data("DAM\\"));
+    EXPECT_EQ(Global().PathRecords.Count(), 1);
 }
 
 }  // namespace Dorvane::Testing
