@@ -128,6 +128,7 @@ TEST_F(CreateInput, ShowsWhatItDoesInOrder) {
     EXPECT_EQ(Desktop.Shown.back().Picture, Icon::Information);
     EXPECT_EQ(Screen.lblDirectory, Job);
     EXPECT_EQ(Screen.lblFileName, "NET.INP");
+    EXPECT_EQ(FileInHand(Screen), Job + "NET.INP");
     EXPECT_TRUE(Screen.cmdEditEnabled);
     EXPECT_TRUE(Screen.cmdPrintEnabled);
 }

@@ -316,6 +316,15 @@ TEST_F(LeavingTheScreen, AsksNothingAfterSavingOrOpeningUntilSomethingIsChanged)
     EXPECT_FALSE(Leave());
 }
 
+TEST_F(LeavingTheScreen, AsksNothingAboutAProjectThatWasOpened) {
+    PutLines(Path, {"P", "T", "2", "Laser>D:\\A\\", "End", "DAM\\NORTH", "End", "Ideals", "End"});
+    Open();
+    EXPECT_TRUE(Leave());
+    Screen.txtTask = "T2";
+    ExpectQuestion(Answer::No);
+    EXPECT_TRUE(Leave());
+}
+
 TEST_F(LeavingTheScreen, YesSavesAndStaysWhenThatComesToNothing) {
     Screen.txtProject = "P";
     ExpectQuestion(Answer::Yes);
