@@ -6,6 +6,7 @@
 #include "core/Globals.h"
 #include "database/CoordinateRetriever.h"
 #include "database/Update3D.h"
+#include "database/UpdateOverview.h"
 #include "database/basDatabase.h"
 #include "tests/support/TestSite.h"
 
@@ -48,6 +49,16 @@ void Update10000Points(benchmark::State& state) {
             state.SkipWithError("the update failed");
 }
 BENCHMARK(Update10000Points)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// What the operator is shown before that update: the *.DBS file against the database, nothing written.
+void Overview10000Points(benchmark::State& state) {
+    Testing::TestSite site;
+    PrepareLocation(site);
+    for (auto _ : state)
+        if (!OverviewOf(Folder, *PeekDbs3DFile(UpdateFile)).StoredAlready)
+            state.SkipWithError("the update is not known");
+}
+BENCHMARK(Overview10000Points)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void RetrieveNamed10000Points(benchmark::State& state) {
     Testing::TestSite site;

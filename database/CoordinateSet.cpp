@@ -110,6 +110,11 @@ std::optional<CoordinateRecord> CoordinateSet::Current(std::string_view name) co
     return RecordAt(found->second.Record);
 }
 
+std::string_view CoordinateSet::CurrentLine(std::string_view line) const {
+    const auto found = Points.find(NameColumns(line));
+    return found == Points.end() ? std::string_view() : Data.Record(found->second.Record);
+}
+
 std::vector<CoordinateRecord> CoordinateSet::All(std::string_view name) const {
     std::vector<CoordinateRecord> values;
     const auto found = Points.find(PadRight(UpperCase(Trim(name)), NameLength));

@@ -36,6 +36,10 @@ class CoordinateSet {
     /// and in upper case.
     std::optional<CoordinateRecord> Current(std::string_view name) const;
 
+    /// The line of that value, empty when the database does not hold the point. The name is compared as it
+    /// stands in the line's columns of names.
+    std::string_view CurrentLine(std::string_view line) const;
+
     /// Every value of a point, the oldest first and the current one last.
     std::vector<CoordinateRecord> All(std::string_view name) const;
 

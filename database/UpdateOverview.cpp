@@ -19,6 +19,7 @@ namespace Dorvane {
 namespace {
 
 constexpr std::size_t NamesShown = 5;
+constexpr std::size_t BehindDate = 15;  // characters of name and date
 
 // The first names, and whether there are more.
 std::string Shown(const std::vector<std::string>& names) {
@@ -60,27 +61,33 @@ class Comparison {
             return;
         }
         AllHeld = AllHeld && Set.Holds(line);
-        Compare(RecordOfLine(Set.Type(), line, DataPath(), 0));
+        Compare(line);
     }
 
-    // Both values as they are, or would be, stored.
-    void Compare(const CoordinateRecord& value) {
-        std::optional<CoordinateRecord> former;
-        const auto before = Before.find(value.Name);
-        if (before == Before.end()) {
-            former = Set.Current(value.Name);
-        } else {
-            former = before->second;
-            Repeated.insert(value.Name);
-        }
-        Before[value.Name] = value;
-        if (!former) {
+    // As the values are, or would be, stored. Most lines are settled as texts, which is quick.
+    void Compare(const std::string& line) {
+        std::string& before = Before[line.substr(0, NameLength)];
+        if (!before.empty())
+            Repeated.insert(Trim(Left(line, NameLength)));
+        const std::string_view former = before.empty() ? Set.CurrentLine(line) : before;
+        if (former.empty())
             ++Result.New;
-            return;
-        }
-        former->Date = value.Date;
-        ++(*former == value ? Result.Unchanged : Result.Changed);
-        Measure(*former, value);
+        else if (former.substr(BehindDate) == std::string_view(line).substr(BehindDate))
+            ++Result.Unchanged;
+        else
+            CompareValues(before.empty() ? *Set.Current(line.substr(0, NameLength)) : RecordOf(before),
+                          RecordOf(line));
+        before = line;
+    }
+
+    void CompareValues(CoordinateRecord former, const CoordinateRecord& value) {
+        former.Date = value.Date;
+        ++(former == value ? Result.Unchanged : Result.Changed);
+        Measure(former, value);
+    }
+
+    CoordinateRecord RecordOf(const std::string& line) const {
+        return RecordOfLine(Set.Type(), line, DataPath(), 0);
     }
 
     void Measure(const CoordinateRecord& former, const CoordinateRecord& value) {
@@ -135,7 +142,7 @@ class Comparison {
     UpdateOverview Result;
     bool AllHeld = true;
     std::vector<std::string> RefusedNames;
-    std::unordered_map<std::string, CoordinateRecord> Before;  // the lines of the file so far
+    std::unordered_map<std::string, std::string> Before;  // the lines of the file so far, by their names
     std::set<std::string> Repeated;
 };
 

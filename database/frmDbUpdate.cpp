@@ -21,6 +21,9 @@ frmDbUpdate::frmDbUpdate(Navigator& navigator) : Nav(navigator), Form(std::make_
     StatusPanel = AddPanel(*Form->sbrUpdate, QStringLiteral("sbrUpdatePanel1"), 1);
     const QFontMetrics metrics = fontMetrics();
     resize(metrics.averageCharWidth() * 100, metrics.lineSpacing() * 32);
+    // The longest text has room in the smallest window too, whatever the font.
+    StatusPanel->setMinimumWidth(
+        metrics.horizontalAdvance(QStringLiteral("32767 points stored in MMMMMMMM, backup kept")));
     ConnectCommands();
     LoadForm();
 }

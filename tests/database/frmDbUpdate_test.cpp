@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/frmDbUpdate.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -305,6 +305,20 @@ TEST_F(frmDbUpdateTest, GoesHomeByButtonWindowButtonAndEscape) {
     HandleEvents();
     EXPECT_TRUE(Opened.isNull());
     EXPECT_EQ(Nav.Calls, (Texts{"ShowHome", "ShowHome", "ShowHome"}));
+}
+
+TEST_F(frmDbUpdateTest, ShowsItsStatusWholeInTheSmallestWindowWithALargeFont) {
+    const QFont former = QApplication::font();
+    QFont large = former;
+    large.setPointSize(24);
+    QApplication::setFont(large);
+    frmDbUpdate& screen = Open();
+    screen.resize(screen.minimumSizeHint());
+    auto& panel = Control<QLabel>(screen, "sbrUpdatePanel1");
+    panel.setText(QStringLiteral("12345 points stored in NORTHERN, backup kept"));
+    HandleEvents();
+    EXPECT_GE(panel.contentsRect().width(), panel.fontMetrics().horizontalAdvance(panel.text()));
+    QApplication::setFont(former);
 }
 
 TEST_F(frmDbUpdateTest, TabsFromTheTreeToTheWaysOut) {
