@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QApplication>
-#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
 
 #include "app/AppNavigator.h"
 #include "app/QtDesktop.h"
@@ -12,25 +14,63 @@
 
 using namespace Dorvane;
 
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    QApplication::setStyle(new RowStyle);
-    QApplication::setOrganizationName(QStringLiteral("Dorvane"));
-    QApplication::setApplicationName(QStringLiteral("Dorvane"));
-    // Between two screens no window may be open; the program ends by its own commands alone.
-    QApplication::setQuitOnLastWindowClosed(false);
+namespace {
 
+constexpr int Failed = 1;
+
+void SayWhy(const char* reason) {
+    std::fprintf(stderr, "Dorvane ends: %s\n", reason);
+}
+
+// The toolkit ends what it cannot bring on a screen by an abort, which leaves no more than a core file.
+void EndOnFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+    if (type != QtFatalMsg) {
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+        return;
+    }
+    SayWhy(qPrintable(text));
+    std::_Exit(Failed);
+}
+
+// The icon is decoration: without it the desktop shows one of its own.
+void SetWindowIcon() {
+    try {
+        QApplication::setWindowIcon(LoadPicture("dorvane.svg"));
+    } catch (const RunTimeError&) {
+    }
+}
+
+// Until the home menu is closed; without one the start-up was left, and no form is open.
+int RunProgram() {
     QtDesktop desktop;
     AppNavigator navigator;
     bool started = false;
     Guarded("basMain-Main", [&](Guard& guard) {
         guard.Run([] { Drives::Open(); });
-        guard.Run([] { QApplication::setWindowIcon(LoadPicture("dorvane.svg")); });
+        SetWindowIcon();
         started = Main(
             {[&] { navigator.ShowSplash(); }, [&] { navigator.ShowInit(); }, [&] { navigator.ShowMain(); }});
     });
-    // Without a home menu the start-up was left, and no form is open.
-    if (!started || !navigator.HomeIsOpen())
-        return 0;
-    return QApplication::exec();
+    return started && navigator.HomeIsOpen() ? QApplication::exec() : Failed;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        qInstallMessageHandler(EndOnFatal);
+        QApplication application(argc, argv);
+        qInstallMessageHandler(nullptr);
+        QApplication::setStyle(new RowStyle);
+        QApplication::setOrganizationName(QStringLiteral("Dorvane"));
+        QApplication::setApplicationName(QStringLiteral("Dorvane"));
+        // Between two screens no window may be open; the program ends by its own commands alone.
+        QApplication::setQuitOnLastWindowClosed(false);
+        return RunProgram();
+    } catch (const std::exception& failure) {
+        SayWhy(failure.what());
+    } catch (...) {
+        SayWhy("unknown failure");
+    }
+    return Failed;
 }

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <QToolButton>
+#include <cstdio>
+#include <set>
+#include <stdexcept>
+
+#include "core/Globals.h"
+
+// Linked with the real main() into the program that Start_test.cpp starts: sits at its desk, tells each
+// window on the standard output, one a line, and closes it.
+namespace {
+
+void Tell(const char* kind, const QString& first, const QString& second = {}) {
+    const QString text = QStringLiteral("%1|%2|%3").arg(QLatin1String(kind), first, second);
+    std::printf("%s\n", QString(text).replace('\n', '/').toUtf8().constData());
+    std::fflush(stdout);
+}
+
+void AttendHome(QWidget& home) {
+    if (qEnvironmentVariableIsSet("DORVANE_TEST_FAILURE"))
+        throw std::runtime_error("a failure that nobody handles");
+    QTimer::singleShot(0, &home, [&home] { home.findChild<QToolButton*>("cmdMain9")->click(); });
+}
+
+void Attend(QWidget& window) {
+    if (auto* box = qobject_cast<QMessageBox*>(&window)) {
+        Tell("message", box->windowTitle(), box->text());
+        box->reject();
+        return;
+    }
+    Tell("window", window.objectName(), QApplication::windowIcon().isNull() ? "no icon" : "icon");
+    if (window.objectName() == "frmSplash")
+        QCoreApplication::postEvent(&window, new QKeyEvent(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier));
+    else if (window.objectName() == "frmInit")
+        window.findChild<QPushButton*>("cmdCancel")->click();
+    else if (window.objectName() == "frmMain")
+        AttendHome(window);
+}
+
+void Look() {
+    static std::set<const QWidget*> seen;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        // The waiting window comes and goes by itself.
+        if (window->isVisible() && window->objectName() != "frmSearch" && seen.insert(window).second)
+            return Attend(*window);
+}
+
+void TakeTheDesk() {
+    // Not the name of a program that somebody at this workstation may have open.
+    Dorvane::Global().InstanceName = qgetenv("DORVANE_TEST_INSTANCE").toStdString();
+    auto* timer = new QTimer(QCoreApplication::instance());
+    QObject::connect(timer, &QTimer::timeout, timer, [] { Look(); });
+    timer->start(10);
+}
+
+}  // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(TakeTheDesk)
