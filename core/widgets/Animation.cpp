@@ -4,11 +4,11 @@
 #include <QMovie>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <algorithm>
 
 #include "core/Drives.h"
 #include "core/RunTimeError.h"
 #include "core/Text.h"
-#include "core/basGeneral.h"
 #include "core/widgets/Pictures.h"
 
 namespace Dorvane {
@@ -26,26 +26,32 @@ Animation::Animation(QWidget* parent) : QWidget(parent) {
 Animation::~Animation() = default;
 
 void Animation::Open(const std::string& name) {
-    const std::string file = PictureFile(name);
-    if (file.empty())
-        throw RunTimeError(FileNotFound, AppPath() + "graphics\\" + name);
+    const std::vector<std::string> files = PictureFiles(name);
+    if (std::none_of(files.begin(), files.end(), [this](const std::string& file) { return Plays(file); }))
+        throw RunTimeError(InvalidPicture, files.front());
+    updateGeometry();
+    Start();
+}
+
+// Takes a file when it can be played.
+bool Animation::Plays(const std::string& file) {
     const QString hostFile = QString::fromStdString(Drives::HostPath(file));
     Drawing.reset();
     Movie.reset();
     if (UpperCase(Right(file, 4)) == ".SVG") {
-        Drawing = std::make_unique<QSvgRenderer>(hostFile);
-        if (!Drawing->isValid())
-            throw RunTimeError(InvalidPicture, file);
+        auto drawing = std::make_unique<QSvgRenderer>(hostFile);
+        if (!drawing->isValid())
+            return false;
+        Drawing = std::move(drawing);
         connect(Drawing.get(), &QSvgRenderer::repaintNeeded, this, qOverload<>(&QWidget::update));
-    } else {
-        Movie = std::make_unique<QMovie>(hostFile);
-        if (!Movie->isValid())
-            throw RunTimeError(InvalidPicture, file);
-        connect(Movie.get(), &QMovie::frameChanged, this, qOverload<>(&QWidget::update));
-        Movie->jumpToFrame(0);
+        return true;
     }
-    updateGeometry();
-    Start();
+    auto movie = std::make_unique<QMovie>(hostFile);
+    if (!movie->isValid() || !movie->jumpToFrame(0))
+        return false;
+    Movie = std::move(movie);
+    connect(Movie.get(), &QMovie::frameChanged, this, qOverload<>(&QWidget::update));
+    return true;
 }
 
 void Animation::Start() {

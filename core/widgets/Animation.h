@@ -19,8 +19,9 @@ class Animation : public QWidget {
     explicit Animation(QWidget* parent = nullptr);
     ~Animation() override;
 
-    /// Opens a picture of graphics\ by its bare file name and starts it; a drawing of the same base name
-    /// serves as well (see Pictures.h). Error 53 when there is none, 481 when it cannot be played.
+    /// Opens a picture of graphics\ by its bare file name and starts it; the drawing of the same base name
+    /// stands in for one that is not there or cannot be played here (see Pictures.h). Error 53 when there is
+    /// none, 481 when neither can be played.
     void Open(const std::string& name);
     void Stop();
     void Start();
@@ -31,6 +32,8 @@ class Animation : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    bool Plays(const std::string& file);
+
     std::unique_ptr<QSvgRenderer> Drawing;
     std::unique_ptr<QMovie> Movie;
 };

@@ -18,26 +18,38 @@ std::string WithoutExtension(const std::string& name) {
     return point == std::string::npos ? name : name.substr(0, point);
 }
 
+std::vector<std::string> ExistingFiles(const std::string& name) {
+    std::vector<std::string> files;
+    const std::string folder = AppPath() + "graphics\\";
+    const std::string drawing = folder + WithoutExtension(name) + ".svg";
+    for (const std::string& file : {folder + name, drawing})
+        if (!name.empty() && FileExists(file) && (files.empty() || files.front() != file))
+            files.push_back(file);
+    return files;
+}
+
 }  // namespace
 
 std::string PictureFile(const std::string& name) {
-    if (name.empty())
-        return "";
-    const std::string folder = AppPath() + "graphics\\";
-    for (const std::string& file : {folder + name, folder + WithoutExtension(name) + ".svg"})
-        if (FileExists(file))
-            return file;
-    return "";
+    const std::vector<std::string> files = ExistingFiles(name);
+    return files.empty() ? "" : files.front();
+}
+
+std::vector<std::string> PictureFiles(const std::string& name) {
+    std::vector<std::string> files = ExistingFiles(name);
+    if (files.empty())
+        throw RunTimeError(FileNotFound, AppPath() + "graphics\\" + name);
+    return files;
 }
 
 QIcon LoadPicture(const std::string& name) {
-    const std::string file = PictureFile(name);
-    if (file.empty())
-        throw RunTimeError(FileNotFound, AppPath() + "graphics\\" + name);
-    const QIcon picture(QString::fromStdString(Drives::HostPath(file)));
-    if (picture.pixmap(16, 16).isNull())
-        throw RunTimeError(InvalidPicture, file);
-    return picture;
+    const std::vector<std::string> files = PictureFiles(name);
+    for (const std::string& file : files) {
+        const QIcon picture(QString::fromStdString(Drives::HostPath(file)));
+        if (!picture.pixmap(16, 16).isNull())
+            return picture;
+    }
+    throw RunTimeError(InvalidPicture, files.front());
 }
 
 void SetOptionalPicture(QAbstractButton& button, const std::string& name) {

@@ -112,6 +112,30 @@ TEST_F(PictureFolder, RaisesWhatIsMissingOrNoPicture) {
     EXPECT_EQ(ErrorOf([&] { player.Open("text.svg"); }), 481);
 }
 
+TEST_F(PictureFolder, TakesTheDrawingWhereTheSitesOwnFileCannotBeShownHere) {
+    PutFile("P:\\DORVANE\\graphics\\gears.avi", std::string("RIFF\x10\0\0\0AVI LIST", 16));
+    PutFile("P:\\DORVANE\\graphics\\trashfull.ico", "an icon of another world");
+    Animation ours;
+    ours.Open("gears.svg");
+    Animation player;
+    EXPECT_EQ(ErrorOf([&] { player.Open("gears.avi"); }), 0);
+    EXPECT_EQ(player.sizeHint(), ours.sizeHint());
+    EXPECT_EQ(LoadPicture("trashfull.ico").pixmap(16, 16).toImage(),
+              LoadPicture("trashfull.svg").pixmap(16, 16).toImage());
+}
+
+TEST_F(PictureFolder, TakesTheSitesOwnFileWhereItCanBeShown) {
+    QImage own(40, 20, QImage::Format_RGB32);
+    own.fill(Qt::red);
+    const std::string folder = Drives::HostPath("P:\\DORVANE\\graphics\\");
+    ASSERT_TRUE(own.save(QString::fromStdString(folder + "gears.avi"), "PNG"));
+    ASSERT_TRUE(own.save(QString::fromStdString(folder + "trashfull.ico"), "PNG"));
+    Animation player;
+    player.Open("gears.avi");
+    EXPECT_EQ(player.sizeHint(), QSize(40, 20));
+    EXPECT_EQ(LoadPicture("trashfull.ico").pixmap(40, 20).toImage().pixelColor(5, 5), QColor(Qt::red));
+}
+
 TEST_F(PictureFolder, EveryShippedAnimationMoves) {
     for (const char* name : {"filecopy.avi", "filedelete.avi", "typcom.avi"}) {
         Animation player;
