@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QPointer>
 #include <QScopedValueRollback>
-#include <QShortcut>
 #include <QSignalBlocker>
 
 #include "adjustment/ChildPackage.h"
@@ -151,7 +150,6 @@ void frmVarn::ConnectCommands() {
     connect(Form->cmdPrint, &QPushButton::clicked, this,
             [this] { On("cmdPrint_Click", [&](Guard&) { PrintFiles(State); }); });
     connect(Form->cmdHome, &QPushButton::clicked, this, [this] { GoHome("cmdHome_Click"); });
-    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, Form->cmdHome, &QPushButton::click);
 }
 
 void frmVarn::ConnectMenus() {

@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QEventLoop>
-#include <QTimer>
 
 #include "adjustment/frmOpenInput.h"
 #include "adjustment/frmVarn.h"
@@ -14,6 +13,7 @@
 #include "core/frmMain.h"
 #include "core/frmSplash.h"
 #include "core/frmSysOption.h"
+#include "core/widgets/Later.h"
 #include "core/widgets/ScreenText.h"
 #include "database/CoordinateRetriever.h"
 #include "database/basDatabase.h"
@@ -63,22 +63,18 @@ QWidgetList AllScreens() {
     return screens;
 }
 
-// What follows a screen comes when the event that closed it has come to its end.
-void CallLater(const Navigator::Then& then) {
-    QTimer::singleShot(0, qApp, then);
-}
-
 template <class Window>
 void CallWhenUnloaded(Window* window, const Navigator::Then& then) {
     if (then)
-        QObject::connect(window, &Window::Unloaded, qApp, [then] { CallLater(then); });
+        QObject::connect(window, &Window::Unloaded, qApp, [then] { CallLater(qApp, then); });
 }
 
 // The same for a dialog that answers something.
 template <class Dialog, class Then>
 void AnswerWhenUnloaded(Dialog* dialog, const Then& then) {
-    QObject::connect(dialog, &Dialog::Unloaded, qApp,
-                     [dialog, then] { CallLater([answer = dialog->Answer(), then] { then(answer); }); });
+    QObject::connect(dialog, &Dialog::Unloaded, qApp, [dialog, then] {
+        CallLater(qApp, [answer = dialog->Answer(), then] { then(answer); });
+    });
 }
 
 }  // namespace
@@ -157,7 +153,7 @@ void AppNavigator::OpenInput() {
 void AppNavigator::OpenWeights(const std::function<void(bool saved)>& then) {
     auto* weights = new frmObsWeights;
     QObject::connect(weights, &frmObsWeights::Unloaded, qApp,
-                     [weights, then] { CallLater([saved = weights->Saved(), then] { then(saved); }); });
+                     [weights, then] { CallLater(qApp, [saved = weights->Saved(), then] { then(saved); }); });
     weights->ShowModal();
 }
 

@@ -44,6 +44,7 @@ HelpViewer::HelpViewer(std::string file) : FileName(std::move(file)) {
     SetUpToolBar();
     SetUpContents();
     SetUpIndex();
+    SetUpSearch();
     SetUpPage();
     SetUpFindBar();
     const int letter = fontMetrics().averageCharWidth();
@@ -54,6 +55,7 @@ HelpViewer::HelpViewer(std::string file) : FileName(std::move(file)) {
     // From here on contents and index come in, beside the program.
     if (!Engine->setupData())
         throw RunTimeError(DeviceIoError, FromScreen(Engine->error()));
+    Form->tabSearch->ReadFrom(*Engine);
     Open(FirstPage);
     Form->page->clearHistory();
 }
@@ -135,6 +137,13 @@ void HelpViewer::SetUpIndex() {
             [this] { Index->filterIndices(Form->txtIndex->text()); });
 }
 
+void HelpViewer::SetUpSearch() {
+    connect(Form->tabSearch, &HelpSearch::PageChosen, this, [this](const QUrl& page, const QString& word) {
+        Form->page->setSource(page);
+        Form->page->find(word);
+    });
+}
+
 void HelpViewer::SetUpPage() {
     Form->page->ReadFrom(Engine);
     Form->page->document()->setDocumentMargin(fontMetrics().averageCharWidth() * 2);
@@ -146,6 +155,8 @@ void HelpViewer::SetUpPage() {
 
 void HelpViewer::SetUpFindBar() {
     ShowFindBar(false);
+    // What was said of another text is no longer true.
+    connect(Form->txtFind, &QLineEdit::textChanged, Form->lblFound, &QLabel::clear);
     connect(Form->txtFind, &QLineEdit::returnPressed, this, [this] { FindText(false); });
     connect(Form->cmdFindNext, &QPushButton::clicked, this, [this] { FindText(false); });
     connect(Form->cmdFindPrevious, &QPushButton::clicked, this, [this] { FindText(true); });
@@ -180,8 +191,18 @@ void HelpViewer::ShowIndex() {
     Form->txtIndex->setFocus();
 }
 
+void HelpViewer::ShowSearch() {
+    Form->tabs->setCurrentWidget(Form->tabSearch);
+    Present();
+    Form->tabSearch->Begin();
+}
+
 void HelpViewer::ShowError(int number) {
-    Open(ErrorPage + QStringLiteral("#error-%1").arg(number));
+    ShowPage(ErrorPage + QStringLiteral("#error-%1").arg(number));
+}
+
+void HelpViewer::ShowPage(const QString& page) {
+    Open(page);
     Form->tabs->setCurrentWidget(Form->tabContents);
     Present();
     Form->page->setFocus();
@@ -209,6 +230,7 @@ void HelpViewer::PageChanged() {
 
 void HelpViewer::ShowFindBar(bool shown) {
     Form->findBar->setVisible(shown);
+    Form->lblFound->clear();
     if (shown) {
         Form->txtFind->selectAll();
         Form->txtFind->setFocus();

@@ -17,8 +17,8 @@ namespace Ui {
 class HelpViewer;
 }
 
-/// The help window: the manual's contents and index at the left, its pages at the right. It stands beside all
-/// other windows and stays within reach while one of them keeps the others out of reach.
+/// The help window: the manual's contents, index and search at the left, its pages at the right. It stands
+/// beside all other windows and stays within reach while one of them keeps the others out of reach.
 class HelpViewer : public QMainWindow {
     Q_OBJECT
 
@@ -33,6 +33,9 @@ class HelpViewer : public QMainWindow {
 
     void ShowContents();
     void ShowIndex();
+    void ShowSearch();
+    /// A page by its file name, with a place on it: "input.html#weights".
+    void ShowPage(const QString& page);
     /// What the manual says about an error number.
     void ShowError(int number);
 
@@ -44,6 +47,7 @@ class HelpViewer : public QMainWindow {
     void SetUpToolBar();
     void SetUpContents();
     void SetUpIndex();
+    void SetUpSearch();
     void SetUpPage();
     void SetUpFindBar();
     void Open(const QString& page);

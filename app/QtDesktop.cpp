@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -19,6 +20,8 @@
 #include "core/Globals.h"
 #include "core/Host.h"
 #include "core/ReportError.h"
+#include "core/basHelp.h"
+#include "core/widgets/Screen.h"
 #include "core/widgets/ScreenText.h"
 
 namespace Dorvane {
@@ -98,8 +101,38 @@ class ArrowCursor {
     ArrowCursor& operator=(const ArrowCursor&) = delete;
 };
 
+// The key F1 on a box: the box's own Help button, else the page about the screen that asks.
+class HelpKey : public QObject {
+  public:
+    explicit HelpKey(QDialog& box) : QObject(&box), Box(box) { box.installEventFilter(this); }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress ||
+            !static_cast<QKeyEvent*>(event)->matches(QKeySequence::HelpContents))
+            return false;
+        Guarded("QtDesktop-Form_KeyDown", [&](Guard&) { Open(); });
+        return true;
+    }
+
+  private:
+    void Open() {
+        const auto* const message = qobject_cast<QMessageBox*>(&Box);
+        QAbstractButton* const help = message == nullptr ? nullptr : message->button(QMessageBox::Help);
+        if (help != nullptr)
+            return help->click();
+        const QWidget* owner = &Box;
+        while (qobject_cast<const QDialog*>(owner) != nullptr &&
+               qobject_cast<const ScreenDialog*>(owner) == nullptr && owner->parentWidget() != nullptr)
+            owner = owner->parentWidget()->window();
+        ShowHelpOf(owner->objectName().toStdString());
+    }
+
+    QDialog& Box;
+};
+
 int Ask(QDialog& box) {
     const ArrowCursor arrow;
+    const HelpKey help(box);
     return box.exec();
 }
 
@@ -225,6 +258,14 @@ void QtDesktop::ShowHelp(const std::string& file, const std::string& /*window*/,
         help.ShowIndex();
     else
         help.ShowContents();
+}
+
+void QtDesktop::ShowHelpPage(const std::string& file, const std::string& page) {
+    OpenHelp(file).ShowPage(ToScreen(page));
+}
+
+void QtDesktop::SearchHelp(const std::string& file) {
+    OpenHelp(file).ShowSearch();
 }
 
 void QtDesktop::RunAndWait(const std::string& commandLine) {

@@ -35,6 +35,8 @@ class QtDesktop : public Desktop {
     /// Opens the help that stands in the place of `file`: the toolkit's help file of the same base name.
     /// Error 53 when it is not there, 57 when it cannot be read as help. All requests share one window.
     void ShowHelp(const std::string& file, const std::string& window, int command) override;
+    void ShowHelpPage(const std::string& file, const std::string& page) override;
+    void SearchHelp(const std::string& file) override;
 
     /// The interface does not answer in the meantime. What the operator typed and clicked then is dropped.
     void RunAndWait(const std::string& commandLine) override;

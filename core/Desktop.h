@@ -72,6 +72,10 @@ class Desktop {
 
     /// `command` is 1 for the table of contents, 2 for the index; `window` the name of the help window.
     virtual void ShowHelp(const std::string& file, const std::string& window, int command) = 0;
+    /// Opens the help at a page, and at a place on it: "input.html#weights".
+    virtual void ShowHelpPage(const std::string& file, const std::string& page) = 0;
+    /// Opens the help where a word is looked for in all pages.
+    virtual void SearchHelp(const std::string& file) = 0;
 
     /// Starts a command line and waits for its end without limit. Nothing tells of a failed start.
     virtual void RunAndWait(const std::string& commandLine) = 0;

@@ -13,4 +13,14 @@ std::string HelpFile();
 void ShowHelpContents(const std::string& window);
 void ShowHelpIndex(const std::string& window);
 
+/// Opens the help where a word is looked for in all pages.
+void SearchHelp();
+
+/// Opens the help at the page about a screen, which the key F1 does.
+void ShowHelpOf(const std::string& screen);
+
+/// The page about a screen by the name of its form: "input.html#weights". The first page where the manual has
+/// none about it.
+std::string HelpPageOf(const std::string& screen);
+
 }  // namespace Dorvane

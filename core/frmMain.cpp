@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QTimer>
 #include <QToolButton>
 #include <algorithm>
 
@@ -14,6 +13,7 @@
 #include "core/ReportError.h"
 #include "core/basGeneral.h"
 #include "core/basHelp.h"
+#include "core/widgets/Later.h"
 #include "core/widgets/PathTypeMenu.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/ScreenText.h"
@@ -106,7 +106,7 @@ void frmMain::ConnectMenus() {
     OnClick(Form->mnuExit, "frmMain-mnuExit_Click", [this] { Nav.EndProgram(); });
     OnClick(Form->mnuHelpContents, "frmMain-mnuHelpContents_Click", [] { ShowHelpContents("Main"); });
     OnClick(Form->mnuHelpIndex, "frmMain-mnuHelpIndex_Click", [] { ShowHelpIndex("Main"); });
-    // mnuHelpSearch does nothing; it is meant to be so.
+    OnClick(Form->mnuHelpSearch, "frmMain-mnuHelpSearch_Click", [] { SearchHelp(); });
     OnClick(Form->mnuAbout, "frmMain-mnuAbout_Click", [this] { Nav.OpenAbout(); });
 }
 
@@ -154,7 +154,7 @@ void frmMain::ShowPathType() {
 void frmMain::showEvent(QShowEvent* event) {
     Screen::showEvent(event);
     if (!Activated && !event->spontaneous())
-        QTimer::singleShot(0, this, [this] { FirstActivation(); });
+        CallLater(this, [this] { FirstActivation(); });
 }
 
 void frmMain::FirstActivation() {
@@ -174,7 +174,7 @@ void frmMain::LoadTree() {
 
 void frmMain::closeEvent(QCloseEvent* event) {
     event->ignore();
-    QTimer::singleShot(0, Form->mnuExit, &QAction::trigger);
+    CallLater(Form->mnuExit, [exit = Form->mnuExit] { exit->trigger(); });
 }
 
 void frmMain::cmdMain_Click(int index) {

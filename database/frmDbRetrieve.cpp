@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/frmDbRetrieve.h"
 
-#include <QShortcut>
 
 #include "core/Globals.h"
 #include "core/ReportError.h"
@@ -81,7 +80,6 @@ void frmDbRetrieve::ConnectCommands() {
             [this] { LeaveTo("frmDbRetrieve-cmdBack_Click", [this] { Nav.OpenDatabase(); }); });
     connect(Form->cmdHome, &QPushButton::clicked, this,
             [this] { LeaveTo("frmDbRetrieve-cmdHome_Click", [this] { Nav.ShowHome(); }); });
-    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, Form->cmdHome, &QPushButton::click);
 }
 
 void frmDbRetrieve::ConnectMenus() {

@@ -2,7 +2,6 @@
 #include "database/frmDbUpdate.h"
 
 #include <QRadioButton>
-#include <QShortcut>
 
 #include "core/ReportError.h"
 #include "core/widgets/Pictures.h"
@@ -53,7 +52,6 @@ void frmDbUpdate::ConnectCommands() {
             [this] { LeaveTo("frmDbUpdate-cmdGoBack_Click", [this] { Nav.OpenDatabase(); }); });
     connect(Form->cmdGoHome, &QPushButton::clicked, this,
             [this] { LeaveTo("frmDbUpdate-cmdGoHome_Click", [this] { Nav.ShowHome(); }); });
-    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, Form->cmdGoHome, &QPushButton::click);
 }
 
 void frmDbUpdate::LeaveTo(const char* event, const std::function<void()>& where) {

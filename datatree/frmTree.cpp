@@ -8,7 +8,6 @@
 #include <QShortcut>
 #include <QShowEvent>
 #include <QSignalBlocker>
-#include <QTimer>
 #include <algorithm>
 #include <utility>
 
@@ -16,6 +15,7 @@
 #include "core/Globals.h"
 #include "core/ReportError.h"
 #include "core/basGeneral.h"
+#include "core/widgets/Later.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/ScreenText.h"
 #include "core/widgets/StatusPanels.h"
@@ -159,8 +159,6 @@ void frmTree::ConnectMenus() {
             [this] { Guarded("frmTree-mnuRefresh_Click", [&](Guard&) { mnuRefresh_Click(); }); });
     connect(Form->mnuPrinterSetup, &QAction::triggered, this,
             [] { Guarded("frmTree-mnuPrinterSetup_Click", [](Guard&) { PrinterSetup(); }); });
-    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this,
-            [this] { (Form->cmdCancel->isVisible() ? Form->cmdCancel : Form->cmdHome)->click(); });
 }
 
 std::string frmTree::Title() const {
@@ -194,7 +192,7 @@ void frmTree::Activate() {
     ShowFileButtons();
     // A message about a damaged file comes when the screen stands.
     if (TreeModeOf(Title()) == TreeMode::Configure)
-        QTimer::singleShot(0, this, &frmTree::ReadStructuresOnce);
+        CallLater(this, [this] { ReadStructuresOnce(); });
 }
 
 void frmTree::ReadStructuresOnce() {

@@ -4,7 +4,6 @@
 #include <QLabel>
 #include <QPointer>
 #include <QSettings>
-#include <QShortcut>
 
 #include "core/Drives.h"
 #include "core/ReportError.h"
@@ -39,7 +38,6 @@ frmCalibTree::frmCalibTree(Navigator& navigator)
     connect(Form->cmdDelete, &QPushButton::clicked, this, &frmCalibTree::cmdDelete_Click);
     connect(Form->cmdHome, &QPushButton::clicked, this, [this] { GoHome("frmCalibTree-cmdHome_Click"); });
     connect(Form->mnuGoHome, &QAction::triggered, this, [this] { GoHome("frmCalibTree-mnuGoHome_Click"); });
-    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, Form->cmdHome, &QPushButton::click);
     connect(Form->mnuPrinterSetup, &QAction::triggered, this,
             [] { Guarded("frmCalibTree-mnuPrinterSetup_Click", [&](Guard&) { PrinterSetup(); }); });
 }

@@ -3,7 +3,6 @@
 
 #include <QLabel>
 #include <QScopedValueRollback>
-#include <QShortcut>
 
 #include "core/Globals.h"
 #include "core/PathType.h"
@@ -64,7 +63,6 @@ void frmReduce::ConnectCommands() {
     });
     connect(Form->cmdHome, &QPushButton::clicked, this, [this] { GoHome("frmReduce-cmdHome_Click"); });
     connect(Form->mnuGoHome, &QAction::triggered, this, [this] { GoHome("frmReduce-mnuGoHome_Click"); });
-    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, Form->cmdHome, &QPushButton::click);
     connect(Form->mnuPrinter, &QAction::triggered, this,
             [] { Guarded("frmReduce-mnuPrinter_Click", [](Guard&) { PrinterSetup(); }); });
 }

@@ -6,8 +6,10 @@
 #include <QElapsedTimer>
 #include <QProgressBar>
 #include <QWindow>
+#include <algorithm>
 
 #include "core/widgets/Animation.h"
+#include "core/widgets/TitleWidth.h"
 #include "upload/MeterLayout.h"
 
 namespace Dorvane {
@@ -55,6 +57,7 @@ void PassiveWindow::Place(Animation& picture, const std::vector<Group>& groups, 
 }
 
 void PassiveWindow::ShowAtOnce() {
+    setFixedWidth(std::max(width(), WidthOfTitle(*this)));
     PutOverActiveWindow();
     show();
     raise();

@@ -4,17 +4,20 @@
 #include <QAbstractButton>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QSettings>
-#include <QTimer>
+#include <algorithm>
 
 #include "core/ReportError.h"
 #include "core/basHelp.h"
+#include "core/widgets/Later.h"
+#include "core/widgets/TitleWidth.h"
 
 namespace Dorvane {
 
 namespace {
 
-// Keeps the place of one window.
+// Keeps the place of one window, and sees to it that its texts are not cut.
 class PlaceKeeper : public QObject {
   public:
     explicit PlaceKeeper(QWidget& window) : QObject(&window), Window(window) {
@@ -39,6 +42,16 @@ class PlaceKeeper : public QObject {
         const QByteArray place = QSettings().value(Key()).toByteArray();
         if (!place.isEmpty())
             Window.restoreGeometry(place);
+        MakeRoom();
+    }
+
+    // For the title, and for a text of several lines, which is the higher the narrower the window is.
+    void MakeRoom() {
+        const int width = std::max(Window.width(), WidthOfTitle(Window));
+        const QLayout* const layout = Window.layout();
+        const bool hasLines = layout != nullptr && layout->hasHeightForWidth();
+        const int height = std::max(Window.height(), hasLines ? layout->totalHeightForWidth(width) : 0);
+        Window.resize(QSize(width, height).boundedTo(Window.maximumSize()));
     }
 
     QWidget& Window;
@@ -57,14 +70,18 @@ void ShowApplicationModal(Window& window) {
 bool OpensHelp(const QWidget& window, const QKeyEvent& event) {
     if (!event.matches(QKeySequence::HelpContents))
         return false;
-    const std::string procedure = window.objectName().toStdString() + "-Form_KeyDown";
-    Guarded(procedure, [](Guard&) { ShowHelpContents("Main"); });
+    const std::string screen = window.objectName().toStdString();
+    Guarded(screen + "-Form_KeyDown", [&](Guard&) { ShowHelpOf(screen); });
     return true;
 }
 
-// The click comes when the close event is done with, since it takes the window away.
+// The click comes when the event is done with, since it takes the window away. Of two that wait, the first
+// one has done so.
 void ClickLater(QAbstractButton* button) {
-    QTimer::singleShot(0, button, [button] { button->click(); });
+    CallLater(button, [button] {
+        if (button->isVisible())
+            button->click();
+    });
 }
 
 }  // namespace
@@ -95,8 +112,12 @@ void Screen::closeEvent(QCloseEvent* event) {
 }
 
 void Screen::keyPressEvent(QKeyEvent* event) {
-    if (!OpensHelp(*this, *event))
-        QMainWindow::keyPressEvent(event);
+    if (OpensHelp(*this, *event))
+        return;
+    if (!event->matches(QKeySequence::Cancel))
+        return QMainWindow::keyPressEvent(event);
+    if (!WayOut.isNull() && !event->isAutoRepeat())
+        ClickLater(WayOut);
 }
 
 ScreenDialog::ScreenDialog(QWidget* parent) : QDialog(parent) {
@@ -119,8 +140,12 @@ void ScreenDialog::closeEvent(QCloseEvent* event) {
 }
 
 void ScreenDialog::keyPressEvent(QKeyEvent* event) {
-    if (!OpensHelp(*this, *event))
-        QDialog::keyPressEvent(event);
+    if (OpensHelp(*this, *event))
+        return;
+    if (!event->matches(QKeySequence::Cancel))
+        return QDialog::keyPressEvent(event);
+    if (!event->isAutoRepeat())
+        Leave();
 }
 
 void ScreenDialog::reject() {

@@ -6,9 +6,13 @@
 #include <QMainWindow>
 #include <QPointer>
 
-// What all screens have in common: a remembered place, a window button that means the screen's own way out,
-// and an end that others can wait for. A screen is never modal by a loop of its own; it keeps the others out
-// of reach and goes on by what is called when it was unloaded.
+// What all screens have in common: a remembered place, a way out, the keys Escape and F1, and an end that
+// others can wait for. A screen is never modal by a loop of its own; it keeps the others out of reach and
+// goes on by what is called when it was unloaded.
+//
+// Escape and the window's own close button (and Alt+F4) mean the screen's way out, one of its buttons. What
+// is open on the screen has Escape first: a drop-down list, a menu, the field of a table. Held down, Escape
+// leaves one screen only. On a screen without a way out it does nothing.
 namespace Dorvane {
 
 /// Remembers where the operator left a window, under the window's object name, and puts it there when it is
@@ -31,17 +35,15 @@ class Screen : public QMainWindow {
     void Unloaded();
 
   protected:
-    /// The button that the window's own close button (and Alt+F4) stands for.
     void ReturnsBy(QAbstractButton* button) { WayOut = button; }
     void closeEvent(QCloseEvent* event) override;
-    /// The help key opens the manual.
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
     QPointer<QAbstractButton> WayOut;
 };
 
-/// A dialog.
+/// A dialog. Without a way out of its own, it is unloaded.
 class ScreenDialog : public QDialog {
     Q_OBJECT
 
@@ -55,7 +57,6 @@ class ScreenDialog : public QDialog {
     void Unloaded();
 
   protected:
-    /// The button that the window's own close button and Escape stand for.
     void ReturnsBy(QAbstractButton* button) { WayOut = button; }
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -59,6 +59,10 @@ std::unique_ptr<PrintJob> ConsoleDesktop::BeginPrint(const std::string&, int) {
 
 void ConsoleDesktop::ShowHelp(const std::string&, const std::string&, int) {}
 
+void ConsoleDesktop::ShowHelpPage(const std::string&, const std::string&) {}
+
+void ConsoleDesktop::SearchHelp(const std::string&) {}
+
 void ConsoleDesktop::RunAndWait(const std::string& commandLine) {
     Out << "      runs " << Utf8FromText(commandLine) << "\n" << std::flush;
     try {

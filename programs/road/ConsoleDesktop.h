@@ -23,6 +23,8 @@ class ConsoleDesktop : public Desktop {
     bool SetupPrinter(PrinterChoice& choice) override;
     std::unique_ptr<PrintJob> BeginPrint(const std::string& font, int points) override;
     void ShowHelp(const std::string& file, const std::string& window, int command) override;
+    void ShowHelpPage(const std::string& file, const std::string& page) override;
+    void SearchHelp(const std::string& file) override;
     void RunAndWait(const std::string& commandLine) override;
     void StartProgram(const std::string& commandLine) override;
     DateTime Now() override;

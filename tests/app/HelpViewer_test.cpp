@@ -8,6 +8,7 @@
 #include <QHelpContentWidget>
 #include <QHelpIndexWidget>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
@@ -174,8 +175,93 @@ TEST_F(Help, FindsATextOnThePage) {
     field.setText(QStringLiteral("no such text"));
     Click(Viewer(), "cmdFindNext");
     EXPECT_EQ(TextOf(Viewer(), "lblFound"), "not on this page");
+    QTest::keyClick(&field, Qt::Key_Backspace);
+    EXPECT_EQ(TextOf(Viewer(), "lblFound"), "") << "said of another text";
+    Click(Viewer(), "cmdFindNext");
+    EXPECT_EQ(TextOf(Viewer(), "lblFound"), "not on this page");
     Click(Viewer(), "cmdFindClose");
     EXPECT_FALSE(IsShown(Viewer(), "findBar"));
+    Choose(Viewer(), "actFind");
+    EXPECT_EQ(TextOf(Viewer(), "lblFound"), "") << "said before the bar was closed";
+}
+
+TEST_F(Help, OpensAtThePageAboutAScreenAndAtThePlaceOnIt) {
+    ShowHelpOf("frmObsWeights");
+    const QUrl url = Control<QTextBrowser>(Viewer(), "page").source();
+    EXPECT_EQ(url.fileName(), QStringLiteral("input.html"));
+    EXPECT_EQ(url.fragment(), QStringLiteral("weights"));
+    EXPECT_TRUE(Viewer().isVisible());
+    ShowHelpOf("frmVarn");
+    EXPECT_EQ(Page(), QStringLiteral("adjustment.html"));
+}
+
+TEST_F(Help, OpensAtItsSearchReadyToTypeAndFindsWordsOnAllPages) {
+    SearchHelp();
+    EXPECT_EQ(Tab(), QStringLiteral("&Search"));
+    auto& field = Control<QLineEdit>(Viewer(), "txtSearch");
+    EXPECT_EQ(Viewer().focusWidget(), &field);
+    QTest::keyClicks(&field, QStringLiteral("SURVEY index"));
+    const std::vector<std::string> both = Items(Viewer(), "lstFound");
+    EXPECT_GE(both.size(), 2U);
+    EXPECT_EQ(TextOf(Viewer(), "lblCount"), "on " + std::to_string(both.size()) + " pages");
+    field.clear();
+    EXPECT_TRUE(Items(Viewer(), "lstFound").empty());
+    EXPECT_EQ(TextOf(Viewer(), "lblCount"), "");
+    QTest::keyClicks(&field, QStringLiteral("keyboard"));
+    EXPECT_EQ(Items(Viewer(), "lstFound").at(0), "Keyboard");  // it has the word in its title
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(Page(), QStringLiteral("keyboard.html"));
+    EXPECT_EQ(Control<QTextBrowser>(Viewer(), "page").textCursor().selectedText().toLower(),
+              QStringLiteral("keyboard"));
+    field.setText(QStringLiteral("no such word anywhere"));
+    EXPECT_EQ(TextOf(Viewer(), "lblCount"), "on no page");
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(Page(), QStringLiteral("keyboard.html"));
+}
+
+TEST_F(Help, GoesToAFoundPageByClickAndByTheKeyboard) {
+    SearchHelp();
+    auto& field = Control<QLineEdit>(Viewer(), "txtSearch");
+    QTest::keyClicks(&field, QStringLiteral("glossary"));
+    ClickItem(Viewer(), "lstFound", "Glossary");
+    EXPECT_EQ(Page(), QStringLiteral("glossary.html"));
+    field.setFocus();
+    QTest::keyClick(&field, Qt::Key_Down);
+    auto& found = Control<QListWidget>(Viewer(), "lstFound");
+    EXPECT_EQ(Viewer().focusWidget(), &found);
+    QTest::keyClick(&found, Qt::Key_Down);
+    ASSERT_GE(found.currentRow(), 1);
+    QTest::keyClick(&found, Qt::Key_Return);
+    EXPECT_NE(Page(), QStringLiteral("glossary.html"));
+}
+
+TEST_F(Help, ComesByTheHelpKeyOverABoxAtThePageOfItsScreen) {
+    ScreenDialog screen;
+    screen.setObjectName(QStringLiteral("frmObsWeights"));
+    screen.ShowModal();
+    screen.activateWindow();
+    HandleEvents();
+    const auto askForHelp = [](QWidget& box) {
+        QTest::keyClick(&box, Qt::Key_F1);
+        EXPECT_TRUE(box.isVisible());
+        EXPECT_EQ(Page(), QStringLiteral("input.html"));
+        dynamic_cast<QDialog&>(box).reject();
+    };
+    Hands.ExpectDialog("Title", askForHelp);
+    Screen.ShowMessage({"Text", "Title"});
+    Hands.ExpectDialog("Title", askForHelp);
+    Screen.AskText("Prompt", "Title", "");
+}
+
+TEST_F(Help, ComesByTheHelpKeyOverAnErrorAtThatError) {
+    Hands.ExpectDialog("Title", [](QWidget& box) {
+        QTest::keyClick(&box, Qt::Key_F1);
+        EXPECT_EQ(Page(), QStringLiteral("errors.html"));
+        EXPECT_EQ(Control<QTextBrowser>(Viewer(), "page").source().fragment(), QStringLiteral("error-76"));
+        dynamic_cast<QDialog&>(box).reject();
+    });
+    Screen.ShowMessage({"Text", "Title", Icon::Exclamation, Buttons::RetryCancel, Answer::Ok, true,
+                        "P:\\DORVANE\\help\\DorvaneHelp.chm", 76});
 }
 
 TEST_F(Help, UsesItsWindowAgain) {

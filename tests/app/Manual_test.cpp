@@ -13,6 +13,9 @@
 #include <QTest>
 #include <QTextDocument>
 
+#include "core/basHelp.h"
+#include "tests/app/AllScreens.h"
+
 namespace Dorvane {
 
 namespace {
@@ -69,6 +72,13 @@ TEST_F(Manual, HasNoLinkThatLeadsNowhere) {
         }
         EXPECT_GT(links, 0) << page.fileName().toStdString() << " is a dead end";
     }
+}
+
+TEST_F(Manual, HasThePageAndThePlaceThatEachScreenAsksFor) {
+    const QString root =
+        QStringLiteral("qthelp://%1/manual/").arg(Engine.registeredDocumentations().value(0));
+    for (const Testing::ScreenKind& each : Testing::AllScreens())
+        ExpectLeadsSomewhere(QUrl(root + QString::fromStdString(HelpPageOf(each.Form()))), each.Name);
 }
 
 TEST_F(Manual, HasEveryPageInItsContents) {

@@ -13,6 +13,7 @@
 #include "core/RunTimeError.h"
 #include "core/widgets/Animation.h"
 #include "core/widgets/HomeLook.h"
+#include "core/widgets/Later.h"
 #include "core/widgets/PathLabel.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/RowStyle.h"
@@ -205,6 +206,39 @@ TEST(Screens, TheWindowsOwnButtonStandsForTheWayOut) {
     EXPECT_TRUE(alive.isNull());
 }
 
+TEST(Screens, AreLeftOnceByTwoPressesOfEscapeAtOnce) {
+    auto* screen = new OneButtonScreen("frmWayOut");
+    screen->show();
+    const QSignalSpy unloaded(screen, &Screen::Unloaded);
+    QTest::keyClick(screen, Qt::Key_Escape);
+    QTest::keyClick(screen, Qt::Key_Escape);
+    HandleEvents();
+    EXPECT_EQ(unloaded.count(), 1);
+}
+
+TEST(Screens, WhatComesLaterIsHeldBackInItsOrder) {
+    std::vector<int> called;
+    const QObject context;
+    auto* const gone = new QObject;
+    const auto later = [&](const QObject* where, int number) {
+        CallLater(const_cast<QObject*>(where), [&called, number] { called.push_back(number); });
+    };
+    later(&context, 1);
+    HandleEvents();
+    EXPECT_EQ(called, std::vector<int>{1});
+    {
+        const HeldCalls held;
+        later(&context, 2);
+        later(gone, 3);
+        later(&context, 4);
+        HandleEvents();
+        EXPECT_EQ(called, std::vector<int>{1});
+        delete gone;
+    }
+    HandleEvents();
+    EXPECT_EQ(called, (std::vector<int>{1, 2, 4}));
+}
+
 TEST(Screens, OpenTheManualByTheHelpKey) {
     const TestSite site;
     const ScriptedDesktop desk;
@@ -214,7 +248,7 @@ TEST(Screens, OpenTheManualByTheHelpKey) {
     ScreenDialog dialog;
     dialog.show();
     QTest::keyClick(&dialog, Qt::Key_F1);
-    const std::string help = "help P:\\DORVANE\\help\\DorvaneHelp.chm>Main 1";
+    const std::string help = "help P:\\DORVANE\\help\\DorvaneHelp.chm::index.html";
     EXPECT_THAT(desk.Started, testing::ElementsAre(help, help));
 }
 

@@ -19,4 +19,16 @@ TEST(Help, NamesTheFileInTheProgramsFolderAndTheWindow) {
                                                         "help P:\\DORVANE\\help\\DorvaneHelp.chm>Main 2"}));
 }
 
+TEST(Help, OpensAtThePageAboutAScreenAndAtItsSearch) {
+    const TestSite site;
+    ScriptedDesktop screen;
+    ShowHelpOf("frmObsWeights");
+    ShowHelpOf("frmNoSuchScreen");
+    SearchHelp();
+    EXPECT_EQ(screen.Started,
+              (std::vector<std::string>{"help P:\\DORVANE\\help\\DorvaneHelp.chm::input.html#weights",
+                                        "help P:\\DORVANE\\help\\DorvaneHelp.chm::index.html",
+                                        "help P:\\DORVANE\\help\\DorvaneHelp.chm search"}));
+}
+
 }  // namespace Dorvane

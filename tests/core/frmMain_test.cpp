@@ -355,14 +355,15 @@ TEST_F(HomeMenu, TheStructureEditorsAreRunAndAwaited) {
                             "P:\\DORVANE\\Programs\\EditBias.exe"));
 }
 
-TEST_F(HomeMenu, HelpComesAtContentsAndIndexAndSearchDoesNothing) {
+TEST_F(HomeMenu, HelpComesAtContentsIndexAndSearch) {
     frmMain& menu = Open();
     Choose(menu, "mnuHelpContents");
     Choose(menu, "mnuHelpIndex");
     Choose(menu, "mnuHelpSearch");
     Choose(menu, "mnuAbout");
     EXPECT_THAT(Desk.Started, ElementsAre("help P:\\DORVANE\\help\\DorvaneHelp.chm>Main 1",
-                                          "help P:\\DORVANE\\help\\DorvaneHelp.chm>Main 2"));
+                                          "help P:\\DORVANE\\help\\DorvaneHelp.chm>Main 2",
+                                          "help P:\\DORVANE\\help\\DorvaneHelp.chm search"));
     EXPECT_THAT(Navigator.Calls, ElementsAre("OpenAbout"));
 }
 

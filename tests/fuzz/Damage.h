@@ -35,6 +35,8 @@ class PatientDesktop : public Desktop {
         throw RunTimeError(DeviceUnavailable);
     }
     void ShowHelp(const std::string&, const std::string&, int) override {}
+    void ShowHelpPage(const std::string&, const std::string&) override {}
+    void SearchHelp(const std::string&) override {}
     void RunAndWait(const std::string&) override {}
     void StartProgram(const std::string&) override {}
     DateTime Now() override { return {2026, 11, 20, 9, 5, 7}; }

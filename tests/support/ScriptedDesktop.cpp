@@ -106,6 +106,14 @@ void ScriptedDesktop::ShowHelp(const std::string& file, const std::string& windo
     Started.push_back("help " + file + ">" + window + " " + std::to_string(command));
 }
 
+void ScriptedDesktop::ShowHelpPage(const std::string& file, const std::string& page) {
+    Started.push_back("help " + file + "::" + page);
+}
+
+void ScriptedDesktop::SearchHelp(const std::string& file) {
+    Started.push_back("help " + file + " search");
+}
+
 void ScriptedDesktop::RunAndWait(const std::string& commandLine) {
     Started.push_back(commandLine);
     if (OnRun)
