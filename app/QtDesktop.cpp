@@ -15,6 +15,7 @@
 
 #include "app/DriveFileDialog.h"
 #include "app/HelpViewer.h"
+#include "app/ProgramWait.h"
 #include "app/QtPrinting.h"
 #include "core/CommandLine.h"
 #include "core/Globals.h"
@@ -136,30 +137,15 @@ int Ask(QDialog& box) {
     return box.exec();
 }
 
-// Drops what the operator typed and clicked, as long as this lives.
-class DroppedInput : public QObject {
-  public:
-    DroppedInput() { QCoreApplication::instance()->installEventFilter(this); }
-
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        switch (event->type()) {
-            case QEvent::KeyPress:
-            case QEvent::KeyRelease:
-            case QEvent::ShortcutOverride:
-            case QEvent::Shortcut:
-            case QEvent::MouseButtonPress:
-            case QEvent::MouseButtonRelease:
-            case QEvent::MouseButtonDblClick:
-            case QEvent::Wheel:
-            case QEvent::Close: return event->spontaneous();
-            default: return false;
-        }
-    }
-};
+// What an outside program is called to the operator: its file's name.
+QString NameOf(const std::string& commandLine) {
+    const std::string program = SplitCommandLine(commandLine).Program;
+    return ToScreen(program.substr(program.find_last_of('\\') + 1));
+}
 
 }  // namespace
 
-QtDesktop::QtDesktop() : Former(Global().OwnDesktop) {
+QtDesktop::QtDesktop(int patience) : Patience(patience), Former(Global().OwnDesktop) {
     InstallDesktop(this);
 }
 
@@ -269,13 +255,13 @@ void QtDesktop::SearchHelp(const std::string& file) {
 }
 
 void QtDesktop::RunAndWait(const std::string& commandLine) {
+    std::unique_ptr<Host::OutsideProgram> program;
     try {
-        StartCommandLine(commandLine, true);
+        program = StartToBeAwaited(commandLine);
     } catch (const RunTimeError&) {
         return;  // nothing tells of a program that did not start
     }
-    const DroppedInput dropped;
-    QCoreApplication::processEvents();
+    WaitFor(*program, NameOf(commandLine), Above(Help.get()), Patience);
 }
 
 void QtDesktop::StartProgram(const std::string& commandLine) {

@@ -17,7 +17,10 @@ class HelpViewer;
 /// caller and take all windows out of reach but the help.
 class QtDesktop : public Desktop {
   public:
-    QtDesktop();
+    static constexpr int UsualPatience = 5000;  // milliseconds
+
+    /// An outside program that is waited for longer than `patience` can be given up.
+    explicit QtDesktop(int patience = UsualPatience);
     ~QtDesktop() override;
     QtDesktop(const QtDesktop&) = delete;
     QtDesktop& operator=(const QtDesktop&) = delete;
@@ -38,7 +41,7 @@ class QtDesktop : public Desktop {
     void ShowHelpPage(const std::string& file, const std::string& page) override;
     void SearchHelp(const std::string& file) override;
 
-    /// The interface does not answer in the meantime. What the operator typed and clicked then is dropped.
+    /// The windows are painted in the meantime and answer to nothing; see ProgramWait.h.
     void RunAndWait(const std::string& commandLine) override;
     void StartProgram(const std::string& commandLine) override;
 
@@ -49,6 +52,7 @@ class QtDesktop : public Desktop {
     HelpViewer& OpenHelp(const std::string& file);
     QPrinter& Printer();
 
+    int Patience;
     Desktop* Former;
     std::unique_ptr<HelpViewer> Help;
     std::unique_ptr<QPrinter> ChosenPrinter;

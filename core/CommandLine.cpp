@@ -31,6 +31,13 @@ std::string ForHost(const std::string& word) {
     return IsDrivePath(word) ? Drives::HostPath(word) : Utf8FromText(word);
 }
 
+CommandLine ExistingCommand(std::string_view commandLine) {
+    CommandLine command = SplitCommandLine(commandLine);
+    if (!FileExists(command.Program))
+        throw RunTimeError(FileNotFound, command.Program);
+    return command;
+}
+
 }  // namespace
 
 CommandLine SplitCommandLine(std::string_view commandLine) {
@@ -58,10 +65,14 @@ CommandLine SplitCommandLine(std::string_view commandLine) {
 }
 
 void StartCommandLine(std::string_view commandLine, bool wait) {
-    const CommandLine command = SplitCommandLine(commandLine);
-    if (!FileExists(command.Program))
-        throw RunTimeError(FileNotFound, command.Program);
+    const CommandLine command = ExistingCommand(commandLine);
     Host::Start(Drives::HostPath(command.Program), command.Arguments, Drives::CurrentHostFolder(), wait);
+}
+
+std::unique_ptr<Host::OutsideProgram> StartToBeAwaited(std::string_view commandLine) {
+    const CommandLine command = ExistingCommand(commandLine);
+    return std::make_unique<Host::OutsideProgram>(Drives::HostPath(command.Program), command.Arguments,
+                                                  Drives::CurrentHostFolder());
 }
 
 }  // namespace Dorvane

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "core/OutsideProgram.h"
 
 namespace Dorvane {
 
@@ -22,5 +25,8 @@ CommandLine SplitCommandLine(std::string_view commandLine);
 /// Starts a command line, no shell between, in the current folder of the current drive. Error 53 when the
 /// program cannot be started. Waits for its end when asked to.
 void StartCommandLine(std::string_view commandLine, bool wait);
+
+/// Starts a command line in the same way, to be looked after until it has ended.
+std::unique_ptr<Host::OutsideProgram> StartToBeAwaited(std::string_view commandLine);
 
 }  // namespace Dorvane

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <csignal>
 #include <cstddef>
 #include <cstdlib>
 #include <ctime>
@@ -19,6 +20,7 @@
 
 #include "core/Host.h"
 #include "core/HostError.h"
+#include "core/OutsideProgram.h"
 
 namespace Dorvane::Host {
 
@@ -83,6 +85,75 @@ void FlushFolder(const std::string& folder) {
     const Descriptor directory(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (directory.Number >= 0)
         fsync(directory.Number);
+}
+
+// What a program that is started is to this process.
+enum class Kin { Child, HeadOfGroup, Stranger };
+
+constexpr int LooksBeforeForce = 50;
+constexpr useconds_t MicrosecondsBetweenLooks = 20000;
+
+void Bury(pid_t child) {
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+}
+
+// True when a child has ended that is not buried yet.
+bool IsDead(pid_t child) {
+    siginfo_t info{};
+    return waitid(P_PID, static_cast<id_t>(child), &info, WEXITED | WNOHANG | WNOWAIT) != 0 ||
+           info.si_pid == child;
+}
+
+// In the new process: becomes the program, or comes back with the error number.
+int Become(const std::string& program, char* const* words, const std::string& folder, Kin kin) {
+    if (kin == Kin::HeadOfGroup)
+        setpgid(0, 0);
+    if (!folder.empty() && chdir(folder.c_str()) != 0)
+        return errno;
+    execv(program.c_str(), words);
+    return errno;
+}
+
+// Starts a program. Raises 53 when it cannot be started.
+pid_t Spawn(const std::string& program, const std::vector<std::string>& arguments, const std::string& folder,
+            Kin kin) {
+    std::vector<char*> words;
+    words.push_back(const_cast<char*>(program.c_str()));
+    for (const std::string& argument : arguments)
+        words.push_back(const_cast<char*>(argument.c_str()));
+    words.push_back(nullptr);
+
+    // The pipe closes at a successful exec and carries the error number of a failed one.
+    int channel[2];
+    if (pipe2(channel, O_CLOEXEC) != 0)
+        throw HostError(errno, HostAction::Read, program);
+    const Descriptor reading(channel[0]);
+    Descriptor writing(channel[1]);
+    const pid_t child = fork();
+    if (child < 0)
+        throw HostError(errno, HostAction::Read, program);
+    if (child == 0) {
+        // A stranger must not stay behind as a dead child: its parent is an intermediate one.
+        if (kin == Kin::Stranger && fork() != 0)
+            _exit(0);
+        const int failure = Become(program, words.data(), folder, kin);
+        const ssize_t told = write(writing.Number, &failure, sizeof failure);
+        _exit(told == sizeof failure ? 127 : 126);
+    }
+    close(writing.Number);
+    writing.Number = -1;
+    int failure = 0;
+    ssize_t told = 0;
+    do
+        told = read(reading.Number, &failure, sizeof failure);
+    while (told < 0 && errno == EINTR);
+    if (told == sizeof failure || kin == Kin::Stranger)
+        Bury(child);
+    if (told == sizeof failure)
+        throw RunTimeError(FileNotFound, program);
+    return child;
 }
 
 }  // namespace
@@ -280,48 +351,39 @@ DateTime Now() {
 
 void Start(const std::string& program, const std::vector<std::string>& arguments, const std::string& folder,
            bool wait) {
-    std::vector<char*> words;
-    words.push_back(const_cast<char*>(program.c_str()));
-    for (const std::string& argument : arguments)
-        words.push_back(const_cast<char*>(argument.c_str()));
-    words.push_back(nullptr);
+    const pid_t child = Spawn(program, arguments, folder, wait ? Kin::Child : Kin::Stranger);
+    if (wait)
+        Bury(child);
+}
 
-    // The pipe closes at a successful exec and carries the error number of a failed one.
-    int channel[2];
-    if (pipe2(channel, O_CLOEXEC) != 0)
-        throw HostError(errno, HostAction::Read, program);
-    const Descriptor reading(channel[0]);
-    Descriptor writing(channel[1]);
-    const pid_t child = fork();
-    if (child < 0)
-        throw HostError(errno, HostAction::Read, program);
-    if (child == 0) {
-        // A program that is not awaited must not stay behind as a dead child: its parent is an intermediate
-        // one.
-        if (!wait && fork() != 0)
-            _exit(0);
-        int failure = 0;
-        if (!folder.empty() && chdir(folder.c_str()) != 0)
-            failure = errno;
-        if (failure == 0) {
-            execv(program.c_str(), words.data());
-            failure = errno;
-        }
-        const ssize_t told = write(writing.Number, &failure, sizeof failure);
-        _exit(told == sizeof failure ? 127 : 126);
-    }
-    close(writing.Number);
-    writing.Number = -1;
-    int failure = 0;
-    ssize_t told = 0;
-    do
-        told = read(reading.Number, &failure, sizeof failure);
-    while (told < 0 && errno == EINTR);
+OutsideProgram::OutsideProgram(const std::string& program, const std::vector<std::string>& arguments,
+                               const std::string& folder)
+    : Process(Spawn(program, arguments, folder, Kin::HeadOfGroup)), Family(Process) {}
+
+OutsideProgram::~OutsideProgram() = default;
+
+bool OutsideProgram::HasEnded() {
+    if (Process == 0)
+        return true;
     int status = 0;
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
-    }
-    if (told == sizeof failure)
-        throw RunTimeError(FileNotFound, program);
+    const pid_t ended = waitpid(static_cast<pid_t>(Process), &status, WNOHANG);
+    if (ended == 0 || (ended < 0 && errno == EINTR))
+        return false;
+    Process = 0;
+    return true;
+}
+
+// The program is not buried before its group is gone, so that no other process can have got its number.
+void OutsideProgram::End() {
+    if (Process == 0)
+        return;
+    const auto group = static_cast<pid_t>(Family);
+    kill(-group, SIGTERM);
+    for (int look = 0; look < LooksBeforeForce && !IsDead(group); ++look)
+        usleep(MicrosecondsBetweenLooks);
+    kill(-group, SIGKILL);
+    Bury(group);
+    Process = 0;
 }
 
 std::intptr_t ClaimSingleInstance(const std::string& name) {

@@ -13,6 +13,7 @@
 
 #include "core/Host.h"
 #include "core/HostError.h"
+#include "core/OutsideProgram.h"
 
 namespace Dorvane::Host {
 
@@ -86,6 +87,22 @@ void WriteAll(HANDLE file, std::string_view content, const std::string& path) {
 
 std::wstring Quoted(const std::string& word) {
     return L"\"" + Wide(word) + L"\"";
+}
+
+// Starts a program. Raises 53 when it cannot be started.
+PROCESS_INFORMATION Spawn(const std::string& program, const std::vector<std::string>& arguments,
+                          const std::string& folder, DWORD flags) {
+    std::wstring line = Quoted(program);
+    for (const std::string& argument : arguments)
+        line += L" " + Quoted(argument);
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    const std::wstring place = Wide(folder);
+    if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, NORMAL_PRIORITY_CLASS | flags, nullptr,
+                       place.empty() ? nullptr : place.c_str(), &start, &process) == 0)
+        throw RunTimeError(FileNotFound, program);
+    return process;
 }
 
 }  // namespace
@@ -266,20 +283,51 @@ DateTime Now() {
 
 void Start(const std::string& program, const std::vector<std::string>& arguments, const std::string& folder,
            bool wait) {
-    std::wstring line = Quoted(program);
-    for (const std::string& argument : arguments)
-        line += L" " + Quoted(argument);
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION process{};
-    const std::wstring place = Wide(folder);
-    if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, NORMAL_PRIORITY_CLASS, nullptr,
-                       place.empty() ? nullptr : place.c_str(), &start, &process) == 0)
-        throw RunTimeError(FileNotFound, program);
+    const PROCESS_INFORMATION process = Spawn(program, arguments, folder, 0);
     if (wait)
         WaitForSingleObject(process.hProcess, INFINITE);
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
+}
+
+// The program begins to run when it is in its job, so that all that it starts is in it, too.
+OutsideProgram::OutsideProgram(const std::string& program, const std::vector<std::string>& arguments,
+                               const std::string& folder) {
+    const PROCESS_INFORMATION process = Spawn(program, arguments, folder, CREATE_SUSPENDED);
+    const HANDLE job = CreateJobObjectW(nullptr, nullptr);
+    if (job != nullptr)
+        AssignProcessToJobObject(job, process.hProcess);
+    ResumeThread(process.hThread);
+    CloseHandle(process.hThread);
+    Process = reinterpret_cast<std::intptr_t>(process.hProcess);
+    Family = reinterpret_cast<std::intptr_t>(job);
+}
+
+OutsideProgram::~OutsideProgram() {
+    if (Process != 0)
+        CloseHandle(HandleOf(Process));
+    if (Family != 0)
+        CloseHandle(HandleOf(Family));
+}
+
+bool OutsideProgram::HasEnded() {
+    if (Process == 0)
+        return true;
+    if (WaitForSingleObject(HandleOf(Process), 0) == WAIT_TIMEOUT)
+        return false;
+    CloseHandle(HandleOf(Process));
+    Process = 0;
+    return true;
+}
+
+void OutsideProgram::End() {
+    if (Process == 0)
+        return;
+    if (Family == 0 || TerminateJobObject(HandleOf(Family), 1) == 0)
+        TerminateProcess(HandleOf(Process), 1);
+    WaitForSingleObject(HandleOf(Process), INFINITE);
+    CloseHandle(HandleOf(Process));
+    Process = 0;
 }
 
 std::intptr_t ClaimSingleInstance(const std::string& name) {
