@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# What run, test and bench have in common: install what is missing, configure, build. Sourced, not run.
+# What run, test, bench and tour have in common: install what is missing, configure, build. Sourced, not run.
 
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -32,6 +32,9 @@ install_missing() {
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}"
 }
 
+# What is configured beside the preset.
+build_options=()
+
 # build PRESET [TARGET...]
 build() {
     local preset=$1
@@ -40,7 +43,7 @@ build() {
     say "Configuring build/$preset"
     local log
     log=$(mktemp)
-    cmake --preset "$preset" >"$log" 2>&1 || {
+    cmake --preset "$preset" ${build_options[@]+"${build_options[@]}"} >"$log" 2>&1 || {
         cat "$log"
         exit 1
     }
