@@ -13,11 +13,13 @@
 #include <climits>
 #include <csignal>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <utility>
 
+#include "core/FileGlance.h"
 #include "core/Host.h"
 #include "core/HostError.h"
 #include "core/OutsideProgram.h"
@@ -272,6 +274,39 @@ std::string ReadFile(const std::string& path) {
     }
     content.resize(filled);
     return content;
+}
+
+std::string FileStamp(const std::string& path) {
+    struct stat info {};
+    if (stat(path.c_str(), &info) != 0)
+        return "";
+    std::string stamp;
+    for (const auto part :
+         {static_cast<std::intmax_t>(info.st_dev), static_cast<std::intmax_t>(info.st_ino),
+          static_cast<std::intmax_t>(info.st_size), static_cast<std::intmax_t>(info.st_mtim.tv_sec),
+          static_cast<std::intmax_t>(info.st_mtim.tv_nsec)})
+        stamp += std::to_string(part) + ' ';
+    return stamp;
+}
+
+std::string FileHead(const std::string& path, std::size_t most) {
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (file.Number < 0)
+        Raise(errno, HostAction::Read, path);
+    std::string head(most, '\0');
+    std::size_t filled = 0;
+    while (filled < most) {
+        const ssize_t count = read(file.Number, head.data() + filled, most - filled);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            Raise(errno, HostAction::Read, path);
+        if (count == 0)
+            break;
+        filled += static_cast<std::size_t>(count);
+    }
+    head.resize(filled);
+    return head;
 }
 
 void AppendFile(const std::string& path, std::string_view content) {

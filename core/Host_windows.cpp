@@ -11,6 +11,7 @@
 #include <ctime>
 #include <filesystem>
 
+#include "core/FileGlance.h"
 #include "core/Host.h"
 #include "core/HostError.h"
 #include "core/OutsideProgram.h"
@@ -200,6 +201,44 @@ std::string ReadFile(const std::string& path) {
     if (read == 0)
         throw HostError(ErrnoOf(failure), HostAction::Read, path);
     return content;
+}
+
+std::string FileStamp(const std::string& path) {
+    const HANDLE file = CreateFileW(Wide(path).c_str(), FILE_READ_ATTRIBUTES,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return "";
+    BY_HANDLE_FILE_INFORMATION info{};
+    const BOOL known = GetFileInformationByHandle(file, &info);
+    CloseHandle(file);
+    std::string stamp;
+    for (const DWORD part :
+         {info.dwVolumeSerialNumber, info.nFileIndexHigh, info.nFileIndexLow, info.nFileSizeHigh,
+          info.nFileSizeLow, info.ftLastWriteTime.dwHighDateTime, info.ftLastWriteTime.dwLowDateTime})
+        stamp += std::to_string(part) + ' ';
+    return known != 0 ? stamp : "";
+}
+
+std::string FileHead(const std::string& path, std::size_t most) {
+    const HANDLE file = CreateFileW(Wide(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        RaiseLast(HostAction::Read, path);
+    std::string head(most, '\0');
+    std::size_t filled = 0;
+    DWORD count = 1;
+    BOOL read = TRUE;
+    while (filled < most && count > 0 && read != 0) {
+        read = ::ReadFile(file, head.data() + filled, static_cast<DWORD>(most - filled), &count, nullptr);
+        filled += read != 0 ? count : 0;
+    }
+    const DWORD failure = GetLastError();
+    CloseHandle(file);
+    if (read == 0)
+        throw HostError(ErrnoOf(failure), HostAction::Read, path);
+    head.resize(filled);
+    return head;
 }
 
 void AppendFile(const std::string& path, std::string_view content) {
