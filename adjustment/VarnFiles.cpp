@@ -17,14 +17,20 @@ namespace Dorvane {
 
 namespace {
 
+// Folder and name of a path; one that was typed without a backslash is a name without a folder.
+void SplitTyped(const std::string& path, std::string& folder, std::string& file) {
+    folder.clear();
+    file = path;
+    if (path.find('\\') != std::string::npos)
+        SplitFolderFile(path, folder, file);
+}
+
 std::string StartFolder(const std::string& input) {
     std::string folder;
-    if (!input.empty()) {
-        std::string file;
-        SplitFolderFile(input, folder, file);
-        if (FolderExists(folder))
-            return folder;
-    }
+    std::string file;
+    SplitTyped(input, folder, file);
+    if (FolderExists(folder))
+        return folder;
     folder = LastTreePath();
     return FolderExists(folder) ? folder : "";
 }
@@ -81,7 +87,7 @@ void EditParameters(VarnState& state, const std::string& editor) {
 void PrintWhole(const std::string& path) {
     std::string folder;
     std::string file;
-    SplitFolderFile(path, folder, file);
+    SplitTyped(path, folder, file);
     if (!folder.empty() && !file.empty())
         PrintGenFile(folder, file, folder);
 }

@@ -121,12 +121,14 @@ TEST_F(VarnFiles, RefuseAVersionWithoutItsMaster) {
     EXPECT_EQ(State.txtInput, "");
 }
 
-TEST_F(VarnFiles, AreReportedWhenTheInputHasNoFolder) {
-    State.txtInput = "NET.INP";
-    Desktop.ExpectMessage("Program Error",
-                          "Error : 5\r\n\r\nDescription : Invalid procedure call or argument\r\n\r\n"
-                          "Source : Dorvane-frmVarn-cmdBrowse");
-    BrowseInput(State);
+TEST_F(VarnFiles, AreBrowsedFromTheLastPathWhereTheInputWasTypedWithoutAFolder) {
+    IniWriteString("dv_tarvex.ini", "Tarvex", "Last Path", "C:\\TEMP\\");
+    for (const char* typed : {"NET.INP", "D:", " ", "N"}) {
+        ChangeInput(State, typed);
+        Browse(std::nullopt);
+        EXPECT_EQ(Desktop.Dialogs.back().Folder, "C:\\TEMP\\") << typed;
+        EXPECT_EQ(State.txtInput, typed);
+    }
 }
 
 TEST_F(VarnFiles, CannotBeEditedWithoutTheGeneralEditor) {
@@ -259,12 +261,23 @@ TEST_F(VarnFiles, AreNotPrintedWithoutAFileName) {
     EXPECT_THAT(Desktop.PrintFonts, IsEmpty());
 }
 
-TEST_F(VarnFiles, AreReportedWhenThereIsNoPathToPrint) {
-    TickFile(State, FileBox::Output, true);
-    Desktop.ExpectMessage("Program Error",
-                          "Error : 5\r\n\r\nDescription : Invalid procedure call or argument\r\n\r\n"
-                          "Source : Dorvane-frmVarn-cmdPrint");
+TEST_F(VarnFiles, AreNotPrintedWithoutAFolder) {
+    PutFile("D:\\NET.INP", "not to be printed");
+    Drives::ChangeDrive('D');
+    State.txtInput = "NET.INP";
+    TickFile(State, FileBox::Input, true);
     PrintFiles(State);
+    EXPECT_THAT(Desktop.PrintFonts, IsEmpty());
+}
+
+TEST_F(VarnFiles, AreNotPrintedWhereABoxStayedTickedAndThereIsNoPath) {
+    for (const FileBox box : {FileBox::Input, FileBox::Par, FileBox::Output}) {
+        ChangeInput(State, Net);
+        TickFile(State, box, true);
+        ChangeInput(State, "");
+        PrintFiles(State);
+    }
+    EXPECT_THAT(Desktop.PrintFonts, IsEmpty());
 }
 
 }  // namespace
