@@ -116,9 +116,18 @@ TEST_F(ChildPackage_, RunsEachStartInAFreshProcess) {
 }
 
 TEST_F(ChildPackage_, EndsTheProcessOfARunThatIsNotFinished) {
-    ChildPackage package;
-    std::string path;
-    package.Start(path);
+    const auto hasChild = [] {
+        siginfo_t info{};
+        return waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == 0;
+    };
+    {
+        ChildPackage package;
+        std::string path;
+        package.Start(path);
+        EXPECT_TRUE(hasChild());
+    }
+    EXPECT_FALSE(hasChild());
+    EXPECT_THAT(Site.Calls(), ElementsAre("plain start "));
 }
 
 TEST_F(ChildPackage_, IsNotDisturbedByWhatThePackagePrints) {

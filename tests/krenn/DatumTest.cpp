@@ -157,6 +157,47 @@ TEST(FindDatum, OneGivenPointLeavesTheRotationToAllPoints) {
     }
 }
 
+// H' G = 1, whichever points the constraints run over; the S-transformation rests on it.
+TEST(FindDatum, ConstraintsTakeOutEachMovementOnceAndNoOther) {
+    for (const int dimension : {1, 2, 3}) {
+        for (const int given : {0, 1, 2, 9}) {
+            NetworkSpec spec;
+            spec.dimension = dimension;
+            spec.given = given;
+            const PartDatum part = DatumFor(spec);
+            const Eigen::MatrixXd product = part.constraint.transpose() * part.movement;
+            EXPECT_LT((product - Eigen::MatrixXd::Identity(part.defect, part.defect)).cwiseAbs().maxCoeff(),
+                      1e-9)
+                << dimension << " dimensions, " << given << " given";
+        }
+    }
+}
+
+// Where one given point leaves a movement to all points, the bordered equations of type 7 know nothing of how
+// types 0 and 1 turn their minimal solution.
+TEST(FindDatum, OneGivenPointGivesTheVariancesOfTheBorderedEquations) {
+    for (const int dimension : {2, 3}) {
+        for (const bool distances : {true, false}) {
+            NetworkSpec spec;
+            spec.dimension = dimension;
+            spec.given = 1;
+            spec.distances = distances;
+            spec.sightsPerStation = 8;
+            const Network network = ReadInput(MakeNetwork(spec).text.Text());
+            const Adjustment sparse = Adjust(network, Type::SparseInverse);
+            const Adjustment dense = Adjust(network, Type::Dense);
+            ASSERT_EQ(sparse.cofactors.point.size(), dense.cofactors.point.size());
+            for (std::size_t p = 0; p < sparse.cofactors.point.size(); ++p) {
+                const auto& q = dense.cofactors.point[p];
+                const double size = q[0] + q[2] + q[5];
+                for (std::size_t k = 0; k < q.size(); ++k)
+                    EXPECT_NEAR(sparse.cofactors.point[p][k], q[k], 1e-9 * size)
+                        << dimension << " dimensions, point " << p << ", entry " << k;
+            }
+        }
+    }
+}
+
 // Unknowns less the rank of the design matrix with all unknowns free, its columns at length 1.
 int DefectOfTheDesign(const Adjustment& adjustment) {
     const auto& measures = adjustment.structure.measures;
