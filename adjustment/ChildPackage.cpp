@@ -69,6 +69,10 @@ bool ChildPackage::ReceiveOrWait(Words& answer) {
     }
 }
 
+bool ChildPackage::HasAnsweredGo(const Words& request, Words& answer) {
+    return request[0] == "go" && Own->Channel.Receive(0, answer) == Host::Arrival::Text;
+}
+
 Words ChildPackage::Ask(const Words& request) {
     if (!Own)
         Begin();
@@ -76,6 +80,11 @@ Words ChildPackage::Ask(const Words& request) {
     try {
         if (!Own->Channel.Send(request) || !ReceiveOrWait(answer))
             RaiseEnd();
+    } catch (const RunCancelled&) {
+        if (!HasAnsweredGo(request, answer)) {
+            Own->Process.End();
+            throw;
+        }
     } catch (...) {
         Own->Process.End();
         throw;

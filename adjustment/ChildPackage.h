@@ -15,8 +15,7 @@ namespace Dorvane {
 /// errors.
 ///
 /// Each Start runs a fresh process, which ends after Stop, and at the latest with this object or with the
-/// program, in whatever way that ends. A call blocks until the package has finished: there is no time-out and
-/// no way to cancel but to end the process from outside.
+/// program, in whatever way that ends. A call blocks until the package has finished; there is no time-out.
 ///
 /// Beside the errors of KrennPackage, a call raises 53 when KRENNRUN.EXE is missing, and 51 when the process
 /// ends before it has answered or the package raises an exception: "The adjustment package ended
@@ -25,7 +24,8 @@ namespace Dorvane {
 class ChildPackage : public AdjustmentPackage {
   public:
     /// `whileWaiting` is called some 40 times a second while a call blocks. It must not call the package.
-    /// What it raises leaves the call and ends the process.
+    /// What it raises leaves the call and ends the process. RunCancelled leaves Go only where the package has
+    /// not answered meanwhile: a run that is done stands.
     explicit ChildPackage(std::function<void()> whileWaiting = {});
     ~ChildPackage() override;
     ChildPackage(const ChildPackage&) = delete;
@@ -48,6 +48,7 @@ class ChildPackage : public AdjustmentPackage {
 
     void Begin();
     bool ReceiveOrWait(PackageChannel::Words& answer);
+    bool HasAnsweredGo(const PackageChannel::Words& request, PackageChannel::Words& answer);
     PackageChannel::Words Ask(const PackageChannel::Words& request);
     [[noreturn]] void RaiseEnd();
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "adjustment/AdjustmentResults.h"
 #include "adjustment/VarnState.h"
@@ -26,6 +27,14 @@ struct ExportKind {
     MenuEntry VarnState::*Entry;
     bool (*Write)(const std::string& folder, const std::string& fileName, const AdjustmentResults& results,
                   const ExportContext& context);
+    // What of the written file those who read it cannot take; may be null.
+    std::vector<std::string> (*Doubts)(const AdjustmentResults& results, const ExportContext& context);
+};
+
+/// What an export shows while it goes. Each may be left empty.
+struct ExportView {
+    std::function<void(bool)> ShowWait;  // true before the reading, false at the end, however it came
+    std::function<void()> ShowNotice;    // VarnState::Notice has changed
 };
 
 extern const ExportKind ExportDbs;   // mnuDbs
@@ -35,10 +44,14 @@ extern const ExportKind ExportKeld;  // mnuKeld
 extern const ExportKind ExportSta;   // MnuSta
 
 /// Exports the master listing, whatever version is chosen: reads it, asks for the file, writes it, tells that
-/// it is finished and ticks the menu entry. A listing that is missing or not whole, a cancelled dialog and a
-/// No to overwriting end it in silence; a failure is reported as "frmVarn-" and the entry's name. `showWait`
-/// is called with true before the reading and with false at the end, however it came.
-void ExportResults(VarnState& state, const ExportKind& kind, const std::function<void(bool)>& showWait);
+/// it is finished and ticks the menu entry. Behind that a warning names what of the file cannot be used. A
+/// cancelled dialog and a No to overwriting end it in silence; a failure is reported as "frmVarn-" and the
+/// entry's name.
+///
+/// A listing that is missing, not whole, or perhaps another input's (SharesItsBase) is not exported and asks
+/// nothing: Notice then tells the reason. It also tells that the master's listing goes out where a version is
+/// chosen.
+void ExportResults(VarnState& state, const ExportKind& kind, const ExportView& view);
 
 /// Project and task of a listing: the names of its last but one and its last folder; both empty where the
 /// folder's path has two names or fewer.

@@ -6,6 +6,9 @@
 
 namespace Dorvane {
 
+/// Thrown out of a call that waits for the package when the operator has cancelled the run.
+struct RunCancelled {};
+
 /// The adjustment package as the run calls it: Start, Go and Stop, once each and in this order. The calls
 /// block until the package has finished.
 class AdjustmentPackage {

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "adjustment/ListingVerdict.h"
 #include "core/List1.h"
 
 namespace Dorvane {
@@ -67,6 +68,10 @@ struct VarnState {
     MenuEntry mnuInu;
     MenuEntry mnuKeld;
     MenuEntry MnuSta;
+
+    ListingVerdict Verdict;   // of the listing of the chosen version
+    std::string Notice;       // what the last event has to tell; empty where the screen shows it all
+    std::string MadeListing;  // the listing that a run on this input has written while the screen was open
 };
 
 }  // namespace Dorvane

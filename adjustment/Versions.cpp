@@ -21,6 +21,11 @@ std::string WithExtension(std::string_view path, std::string_view extension) {
     return BeforeFirstPoint(path) + "." + std::string(extension);
 }
 
+bool SharesItsBase(std::string_view path) {
+    const std::size_t point = path.find('.');
+    return point != std::string_view::npos && path.find_first_of(".\\", point + 1) != std::string_view::npos;
+}
+
 bool VersionDigits(std::string_view versionText, std::string& digits) {
     if (versionText == MasterVersion)
         return false;

@@ -17,6 +17,11 @@ inline constexpr std::string_view MasterVersion = "Master";
 /// The file of another extension beside an input file: "D:\X\A.INP" and "OUT" give "D:\X\A.OUT".
 std::string WithExtension(std::string_view path, std::string_view extension);
 
+/// True when the base is cut short: at a point in a folder's name, or before the last point of the file's
+/// name. Other inputs may have the same base then, and the package, which takes the path up to the last point
+/// of the file's name, writes under another name.
+bool SharesItsBase(std::string_view path);
+
 /// The two digits of a version's text ("07" of "Version 07"): its second word, when there are exactly two.
 /// False for any other text, "Master" among them.
 bool VersionDigits(std::string_view versionText, std::string& digits);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "adjustment/basVarn.h"
 
-#include "adjustment/Banner.h"
 #include "adjustment/Versions.h"
 #include "core/Globals.h"
 #include "core/PathType.h"
@@ -14,11 +13,6 @@ namespace {
 
 constexpr std::string_view Profile = "dv_tarvex.ini";
 
-void Call(const std::function<void()>& step) {
-    if (step)
-        step();
-}
-
 LabelColour ColourOf(bool exists) {
     return exists ? LabelColour::Black : LabelColour::LightRed;
 }
@@ -27,12 +21,6 @@ void EnableExports(VarnState& state, bool enabled) {
     state.mnuXyz.Enabled = enabled;
     state.mnuInu.Enabled = enabled;
     state.mnuKeld.Enabled = enabled;
-}
-
-void ShowOutputExists(VarnState& state, bool exists) {
-    state.chkOutputFile.Enabled = exists;
-    state.lblOutput.Colour = ColourOf(exists);
-    EnableExports(state, exists);
 }
 
 void ShowParExists(VarnState& state) {
@@ -56,48 +44,12 @@ void ShowEditor(VarnState& state, bool text) {
     state.fraOptions = text ? "File Options (Text)" : "File Options (Tarvex)";
 }
 
-std::int16_t Adjust(AdjustmentPackage& package, int selectedType) {
-    if (selectedType < 1 || selectedType > static_cast<int>(AdjustmentTypes.size()))
-        return 0;
-    return package.Go(AdjustmentTypes[static_cast<std::size_t>(selectedType - 1)].Value);
+// The listing of another input is not spoken of as this one's.
+ListingVerdict VerdictOf(const VarnState& state, const std::string& listing) {
+    if (SharesItsBase(state.txtInput) && state.MadeListing != listing)
+        return {};
+    return ReadListingVerdict(listing);
 }
-
-std::int16_t CallPackage(VarnState& state, AdjustmentPackage& package, std::string inputPath,
-                         const VarnRunView& view) {
-    // The path is a copy that the package may write into; nothing depends on it.
-    state.lblStartReturn = std::to_string(package.Start(inputPath));
-    Call(view.ShowNumbers);
-    const std::int16_t result = Adjust(package, state.cmbVarn.Selected);
-    state.lblGoReturn = std::to_string(result);
-    Call(view.ShowNumbers);
-    package.Stop();
-    return result;
-}
-
-// Shows which files are there as soon as the package has done, however it came back: the listing, and the
-// parameter file, which the package writes when there is none.
-struct FileCheck {
-    FileCheck(VarnState& state, const std::string& listing) : State(state), Listing(listing) {}
-    ~FileCheck() {
-        ShowOutputExists(State, FileExists(Listing));
-        ShowParExists(State);
-    }
-    FileCheck(const FileCheck&) = delete;
-    FileCheck& operator=(const FileCheck&) = delete;
-
-    VarnState& State;
-    const std::string& Listing;
-};
-
-// Ends the look of waiting however the run is left.
-struct Waiting {
-    explicit Waiting(const VarnRunView& view) : View(view) { Call(View.BeginWait); }
-    ~Waiting() { Call(View.EndWait); }
-    Waiting(const Waiting&) = delete;
-    Waiting& operator=(const Waiting&) = delete;
-
-    const VarnRunView& View;
-};
 
 }  // namespace
 
@@ -122,6 +74,8 @@ void LoadVarn(VarnState& state) {
 
 void ChangeInput(VarnState& state, const std::string& text) {
     state.txtInput = text;
+    state.MadeListing.clear();
+    state.Verdict = {};
     state.mnuXyz.Ticked = false;
     state.mnuInu.Ticked = false;
     if (text.empty()) {
@@ -156,8 +110,29 @@ void ClickVersion(VarnState& state, int selected) {
     if (text != MasterVersion && !VersionDigits(text, digits))
         return;
     state.chkParFile.Enabled = true;
+    ShowFilesPresent(state);
+}
+
+void ShowFilesPresent(VarnState& state) {
+    const std::string listing = OfVersion(state.lblOutput.Caption, state.cmbVersion.Text());
+    const bool exists = FileExists(listing);
+    state.chkOutputFile.Enabled = exists;
+    state.lblOutput.Colour = ColourOf(exists);
+    EnableExports(state, exists);
+    state.Verdict = VerdictOf(state, listing);
     ShowParExists(state);
-    ShowOutputExists(state, FileExists(OfVersion(state.lblOutput.Caption, text)));
+}
+
+std::string StatusOf(const VarnState& state) {
+    if (!state.Notice.empty())
+        return state.Notice;
+    if (state.txtInput.empty())
+        return "No input file chosen";
+    if (!state.chkInputFile.Enabled)
+        return "Input file not found";
+    if (SharesItsBase(state.txtInput))
+        return "The path is cut at its first \".\"; the files named above may be another job's";
+    return state.chkOutputFile.Enabled ? "Output file present" : "No output file yet";
 }
 
 void TickFile(VarnState& state, FileBox box, bool ticked) {
@@ -183,29 +158,6 @@ void LeaveVarn(const VarnState& state) {
     std::string folder = state.txtInput;
     if (FolderExists(folder))
         StoreLastTreePath(folder);
-}
-
-void RunVarn(VarnState& state, AdjustmentPackage& package, const VarnRunView& view) {
-    const std::string version = state.cmbVersion.Text();
-    const std::string inputPath = OfVersion(state.txtInput, version, "INP");
-    std::string digits;
-    const std::string outputPath =
-        VersionDigits(version, digits) ? WithExtension(inputPath, "OUT") : state.lblOutput.Caption;
-
-    const Waiting waiting(view);
-    std::int16_t result = 0;
-    {
-        const FileCheck check(state, outputPath);
-        result = CallPackage(state, package, inputPath, view);
-    }
-    if (result == 0)
-        AddVarnBanner(inputPath, outputPath);
-    Call(view.StopAnimation);
-    if (result == 0)
-        TheDesktop().ShowMessage({"Varn completed successfully!", "Varn Successful", Icon::Information});
-    else
-        TheDesktop().ShowMessage(
-            {"Varn completed.  Error " + state.lblGoReturn + " returned.", "Varn Error", Icon::Information});
 }
 
 }  // namespace Dorvane

@@ -3,13 +3,11 @@
 
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <string>
 
-#include "adjustment/Package.h"
 #include "adjustment/VarnState.h"
 
-// What the events of the adjustment screen decide, and the run itself.
+// What the events of the adjustment screen decide.
 namespace Dorvane {
 
 /// The adjustment types in the order of their list. The number in the text is what the package receives.
@@ -38,6 +36,13 @@ void ListVersions(VarnState& state);
 /// A text that is no version changes nothing.
 void ClickVersion(VarnState& state, int selected);
 
+/// What is there of the chosen version: the colours of its files, what can be exported, and what the listing
+/// says.
+void ShowFilesPresent(VarnState& state);
+
+/// What the status bar says: Notice, else what there is.
+std::string StatusOf(const VarnState& state);
+
 /// A tick of one of the three file boxes takes the ticks of the other two.
 enum class FileBox { Input, Par, Output };
 void TickFile(VarnState& state, FileBox box, bool ticked);
@@ -48,19 +53,5 @@ void ChooseTarvexEditor(VarnState& state);
 
 /// Leaving the screen keeps txtInput as the last path when it names an existing folder.
 void LeaveVarn(const VarnState& state);
-
-/// What the run shows while it goes. Each may be left empty.
-struct VarnRunView {
-    std::function<void()> BeginWait;      // wait cursor, the animation opened and playing
-    std::function<void()> ShowNumbers;    // lblStartReturn or lblGoReturn has changed
-    std::function<void()> StopAnimation;  // before the closing message
-    std::function<void()> EndWait;        // animation closed and hidden, normal cursor; comes in any case
-};
-
-/// The run: Start, Go with the chosen type and Stop of the package on the input file of the chosen version,
-/// the banner on the listing when Go gave 0, and the closing message. Without a chosen type Go is not called
-/// and counts as 0. What fails in between (no package, no listing, no PROJECT and TASK lines in the input) is
-/// raised, and the listing is then as the package left it. Whether there is one is shown in any case.
-void RunVarn(VarnState& state, AdjustmentPackage& package, const VarnRunView& view);
 
 }  // namespace Dorvane

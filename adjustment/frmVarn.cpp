@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "adjustment/frmVarn.h"
 
-#include <QApplication>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
@@ -10,19 +9,14 @@
 #include "adjustment/ExportRun.h"
 #include "adjustment/VarnFiles.h"
 #include "core/basGeneral.h"
+#include "core/widgets/PathLabel.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/ScreenText.h"
-#include "core/widgets/StatusPanels.h"
 #include "ui_frmVarn.h"
 
 namespace Dorvane {
 
 namespace {
-
-std::unique_ptr<AdjustmentPackage> PackageOfItsOwnProcess() {
-    return std::make_unique<ChildPackage>(
-        [] { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); });
-}
 
 struct ButtonPicture {
     QAbstractButton* Button;
@@ -61,27 +55,36 @@ void ShowEntry(QAction& action, const MenuEntry& entry) {
     action.setChecked(entry.Ticked);
 }
 
-const char* StatusText(const VarnState& state) {
-    if (state.txtInput.empty())
-        return "No input file chosen";
-    if (!state.chkInputFile.Enabled)
-        return "Input file not found";
-    return state.chkOutputFile.Enabled ? "Output file present" : "No output file yet";
+// The marks differ by shape as well as by colour.
+const char* PictureOf(ListingVerdict::Mark mark) {
+    switch (mark) {
+        case ListingVerdict::Mark::Good: return "result_good.svg";
+        case ListingVerdict::Mark::Remark: return "result_remark.svg";
+        case ListingVerdict::Mark::Doubt: return "result_doubt.svg";
+        case ListingVerdict::Mark::Failed: return "result_failed.svg";
+        default: return "";
+    }
 }
 
 }  // namespace
 
 frmVarn::frmVarn(Navigator& navigator, PackageFactory makePackage)
     : Nav(navigator),
-      MakePackage(makePackage ? std::move(makePackage) : PackageOfItsOwnProcess),
+      MakePackage(makePackage
+                      ? std::move(makePackage)
+                      : [this] { return std::make_unique<ChildPackage>([this] { WhileRunning(); }); }),
       Form(std::make_unique<Ui::frmVarn>()) {
     Form->setupUi(this);
     ReturnsBy(Form->cmdHome);
-    Status = AddPanel(*Form->sbrVarn, QStringLiteral("lblStatus"), 1);
+    Status = new PathLabel(Form->sbrVarn);
+    Status->setObjectName(QStringLiteral("lblStatus"));
+    Status->setMargin(3);
+    Form->sbrVarn->addWidget(Status, 1);
     LoadPictures();
     LoadForm();
     ConnectInput();
     ConnectCommands();
+    ConnectRun();
     ConnectMenus();
     ConnectExports();
 }
@@ -89,10 +92,11 @@ frmVarn::frmVarn(Navigator& navigator, PackageFactory makePackage)
 frmVarn::~frmVarn() = default;
 
 void frmVarn::LoadPictures() {
-    const std::initializer_list<ButtonPicture> pictures = {
-        {Form->cmdBrowse, "browse.svg", 1.4}, {Form->cmdViewVersion, "view.svg", 1.4},
-        {Form->cmdVarn, "adjust.svg", 2.8},   {Form->cmdEdit, "edit.svg", 1.7},
-        {Form->cmdPrint, "printer.svg", 1.7}, {Form->cmdHome, "home.svg", 1.7}};
+    const std::initializer_list<ButtonPicture> pictures = {{Form->cmdBrowse, "browse.svg", 1.4},
+                                                           {Form->cmdViewVersion, "view.svg", 1.4},
+                                                           {Form->cmdEdit, "edit.svg", 1.7},
+                                                           {Form->cmdPrint, "printer.svg", 1.7},
+                                                           {Form->cmdHome, "home.svg", 1.7}};
     for (const ButtonPicture& of : pictures)
         Dress(*of.Button, of.Picture, of.Lines);
 }
@@ -103,8 +107,18 @@ void frmVarn::LoadForm() {
         number->setText(QStringLiteral(" -32768 "));
         number->setMinimumSize(number->sizeHint());
     }
-    // Room for the animation, so that nothing moves when it is shown.
-    Form->runLayout->addStrut(metrics.lineSpacing() * 9 / 2);
+    PrepareRunButton();
+    QFont strong = Form->lblResult->font();
+    strong.setBold(true);
+    Form->lblResult->setFont(strong);
+    Form->lblMark->setFixedSize(metrics.lineSpacing() * 2, metrics.lineSpacing() * 2);
+    QPalette asTheWindow = Form->txtDoubt->palette();
+    asTheWindow.setColor(QPalette::Base, Qt::transparent);
+    Form->txtDoubt->setPalette(asTheWindow);
+    Form->txtDoubt->document()->setDocumentMargin(0);
+    Form->txtDoubt->setMinimumHeight(metrics.lineSpacing() * 4);
+    Form->lblM0->setMinimumHeight(metrics.lineSpacing());
+    Form->lblCounts->setMinimumHeight(metrics.lineSpacing());
     resize(metrics.averageCharWidth() * 84, sizeHint().height());
     Form->aniVarn->hide();
     LoadVarn(State);
@@ -121,6 +135,7 @@ void frmVarn::On(const char* event, const Body& body) {
     if (Busy)
         return;
     const QScopedValueRollback<bool> busy(Busy, true);
+    State.Notice.clear();
     Guarded(std::string("frmVarn-") + event, body);
     ShowState();
 }
@@ -144,7 +159,6 @@ void frmVarn::ConnectCommands() {
     connect(Form->cmdBrowse, &QPushButton::clicked, this,
             [this] { On("cmdBrowse_Click", [&](Guard&) { BrowseInput(State); }); });
     connect(Form->cmdViewVersion, &QPushButton::clicked, this, [this] { cmdViewVersion_Click(); });
-    connect(Form->cmdVarn, &QPushButton::clicked, this, [this] { cmdVarn_Click(); });
     connect(Form->cmdEdit, &QPushButton::clicked, this,
             [this] { On("cmdEdit_Click", [&](Guard&) { EditFiles(State); }); });
     connect(Form->cmdPrint, &QPushButton::clicked, this,
@@ -169,10 +183,10 @@ void frmVarn::ConnectExports() {
         {Form->mnuInu, &ExportInu},
         {Form->mnuKeld, &ExportKeld},
         {Form->MnuSta, &ExportSta}};
+    const ExportView view{[this](bool waiting) { ShowWaiting(waiting); }, [this] { ShowStatus(); }};
     for (const auto& [action, kind] : exports)
-        connect(action, &QAction::triggered, this, [this, kind = kind] {
-            On(kind->Name,
-               [&](Guard&) { ExportResults(State, *kind, [this](bool waiting) { ShowWaiting(waiting); }); });
+        connect(action, &QAction::triggered, this, [this, view, kind = kind] {
+            On(kind->Name, [&](Guard&) { ExportResults(State, *kind, view); });
         });
 }
 
@@ -188,37 +202,6 @@ void frmVarn::SetInput(const std::string& path) {
 
 void frmVarn::txtInput_Change(const std::string& text) {
     On("txtInput_Change", [&](Guard&) { ChangeInput(State, text); });
-}
-
-void frmVarn::cmdVarn_Click() {
-    On("cmdVarn_Click", [&](Guard&) {
-        State.cmbVarn.Selected = Form->cmbVarn->currentIndex() + 1;
-        const std::unique_ptr<AdjustmentPackage> package = MakePackage();
-        RunVarn(State, *package, RunView());
-    });
-}
-
-VarnRunView frmVarn::RunView() {
-    VarnRunView view;
-    view.BeginWait = [this] {
-        ShowWaiting(true);
-        Status->setText(QStringLiteral("The adjustment is running ..."));
-        // A picture that cannot be shown has been told of, and does not stop the run.
-        if (Guarded("frmVarn-cmdVarn_Click", [&](Guard&) { Form->aniVarn->Open("gears.avi"); }))
-            Form->aniVarn->show();
-    };
-    view.ShowNumbers = [this] { ShowNumbers(); };
-    view.StopAnimation = [this] {
-        Form->aniVarn->Stop();
-        ShowState();
-    };
-    view.EndWait = [this] {
-        Form->aniVarn->Stop();
-        Form->aniVarn->hide();
-        ShowWaiting(false);
-        ShowState();
-    };
-    return view;
 }
 
 void frmVarn::cmdViewVersion_Click() {
@@ -257,7 +240,31 @@ void frmVarn::ShowState() {
     ShowNumbers();
     ShowOptions();
     ShowMenus();
-    Status->setText(QLatin1String(StatusText(State)));
+    ShowVerdict();
+    ShowStatus();
+}
+
+void frmVarn::ShowVerdict() {
+    const ListingVerdict& verdict = State.Verdict;
+    const std::string picture = PictureOf(verdict.Sign);
+    Form->lblMark->clear();
+    if (!PictureFile(picture).empty())
+        Form->lblMark->setPixmap(LoadPicture(picture).pixmap(Form->lblMark->size(), devicePixelRatioF()));
+    Form->lblResult->setText(ToScreen(verdict.Result));
+    Form->lblRunTime->setText(ToScreen(verdict.When));
+    const std::string test = verdict.Test.empty() ? "" : "; " + verdict.Test;
+    Form->lblM0->setText(verdict.M0.empty() ? QString() : ToScreen("m0 " + verdict.M0 + test));
+    Form->lblCounts->setText(verdict.Observations.empty()
+                                 ? QString()
+                                 : ToScreen(verdict.Observations + " observations, " +
+                                            std::to_string(verdict.Points) + " points"));
+    const std::string more =
+        verdict.Doubts > 1 ? " (and " + std::to_string(verdict.Doubts - 1) + " more in the output file)" : "";
+    Form->txtDoubt->setPlainText(ToScreen(verdict.Doubt + more));
+}
+
+void frmVarn::ShowStatus() {
+    Status->setText(ToScreen(StatusOf(State)));
 }
 
 void frmVarn::ShowVersions() {

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QIcon>
 #include <functional>
 #include <memory>
 #include <string>
 
 #include "adjustment/Package.h"
+#include "adjustment/VarnRun.h"
 #include "adjustment/VarnState.h"
 #include "adjustment/basVarn.h"
 #include "core/Navigator.h"
@@ -28,8 +30,8 @@ class frmVarn : public Screen {
   public:
     using PackageFactory = std::function<std::unique_ptr<AdjustmentPackage>()>;
 
-    /// The package of each run is made by `makePackage`. Without one it works in a process of its own, and
-    /// the screen is painted meanwhile but takes no input.
+    /// The package of each run is made by `makePackage`. Without one it works in a process of its own;
+    /// meanwhile the screen is painted and takes no input but the wish to cancel the run.
     explicit frmVarn(Navigator& navigator, PackageFactory makePackage = {});
     ~frmVarn() override;
 
@@ -49,16 +51,28 @@ class frmVarn : public Screen {
     void On(const char* event, const Body& body);
 
     void txtInput_Change(const std::string& text);
-    void cmdVarn_Click();
     void cmdViewVersion_Click();
     void GoHome(const char* event);
+
+    // The run, in frmVarnRun.cpp.
+    void ConnectRun();
+    void cmdVarn_Click();
+    void Escape();
+    void AskToCancel();
+    void WhileRunning();
     VarnRunView RunView();
+    void BeginRun();
+    void ShowRunning(bool running);
+    void DressRunButton();
+    void PrepareRunButton();
 
     void ShowState();
     void ShowVersions();
     void ShowNumbers();
     void ShowOptions();
     void ShowMenus();
+    void ShowVerdict();
+    void ShowStatus();
     void ShowWaiting(bool waiting);
 
     Navigator& Nav;
@@ -68,6 +82,10 @@ class frmVarn : public Screen {
     VarnState State;
     List1<std::string> ShownVersions;
     bool Busy = false;
+    QIcon RunPicture;
+    QIcon StopPicture;
+    bool Running = false;       // the package works
+    bool CancelWanted = false;  // and is to be ended
 };
 
 }  // namespace Dorvane

@@ -7,6 +7,7 @@
 #include "adjustment/ExportRun.h"
 #include "adjustment/OutputReader.h"
 #include "adjustment/Package.h"
+#include "adjustment/VarnRun.h"
 #include "adjustment/basVarn.h"
 #include "core/Globals.h"
 #include "core/LineReader.h"
@@ -59,17 +60,11 @@ int LinesThatHold(const std::string& path, const std::string& text) {
     return count;
 }
 
-// The word behind a text, on the first line of a listing that holds both; empty when there is no such line.
-std::string WordBehind(const std::string& path, const std::string& text) {
-    LineReader reader(path);
-    while (!reader.AtEnd()) {
-        const std::string_view line = reader.ReadLine();
-        const std::size_t found = line.find(text);
-        List1<std::string> words;
-        if (found != std::string_view::npos && ParseFields(words, line.substr(found + text.size())) > 0)
-            return words[1];
-    }
-    return "";
+std::string InWords(const ListingVerdict& verdict) {
+    std::string text = verdict.Result + ", m0 " + verdict.M0;
+    if (!verdict.Test.empty())
+        text += "; " + verdict.Test;
+    return text;
 }
 
 }  // namespace
@@ -120,11 +115,15 @@ void AdjustTheInput(Walk& walk, const std::string& name) {
     walk.Say("Start " + state.lblStartReturn + ", Go " + state.lblGoReturn);
     const std::string listing = state.lblOutput.Caption;
     walk.Need(walk.Screen.LastTitle == "Varn Successful", "the package returned an error; see " + listing);
-    walk.Say("iterations " + WordBehind(listing, "iterations") + ", m0 " +
-             WordBehind(listing, "m0 a posteriori"));
+    const ListingVerdict& verdict = state.Verdict;
+    walk.Need(verdict.Sign != ListingVerdict::Mark::None, "the listing has no summary");
+    walk.Say("iterations " + verdict.Iterations + ", result " + InWords(verdict));
+    if (!verdict.Doubt.empty())
+        walk.Say("DOUBT " + verdict.Doubt);
     if (walk.ListingPath.empty()) {
         walk.ListingPath = listing;
-        walk.M0 = WordBehind(listing, "m0 a posteriori");
+        walk.M0 = verdict.M0;
+        walk.Verdict = InWords(verdict);
     }
     walk.Done();
 }
@@ -155,7 +154,7 @@ void ExportAll(Walk& walk) {
     LoadVarn(state);
     ChangeInput(state, walk.ProjectFolder + "FIRST.INP");
     for (const ExportKind* kind : {&ExportDbs, &ExportXyz, &ExportInu, &ExportKeld, &ExportSta}) {
-        ExportResults(state, *kind, [](bool) {});
+        ExportResults(state, *kind, {});
         walk.Need(walk.Screen.LastTitle == "Finished",
                   std::string("no ") + kind->Extension + " file was written");
         walk.Screen.LastTitle.clear();

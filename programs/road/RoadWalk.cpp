@@ -75,6 +75,7 @@ bool WalkTheRoad(const std::string& site, const std::string& fieldBook, const st
             walk.Files.PrintChanges(out);
             throw;
         }
+        out << fmt::format("\nThe adjustment: {}\n", Utf8FromText(walk.Verdict));
         out << fmt::format("\nROAD COMPLETE: {} observations, {} points, m0 {}\n", walk.Observations,
                            walk.Points, walk.M0);
         return true;

@@ -35,6 +35,7 @@ struct Walk {
     std::string ListingPath;    // of the first adjustment
     long Observations = 0;      // as the listing of the first adjustment tells them
     std::string M0;             // likewise, four decimals
+    std::string Verdict;        // likewise, its result and the test of m0
     int Points = 0;             // stations and points in it
 
     explicit Walk(std::ostream& out) : Out(out), Screen(out) {}

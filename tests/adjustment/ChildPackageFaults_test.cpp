@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <sys/ioctl.h>
 #include <sys/prctl.h>
 
 #include <algorithm>
@@ -6,6 +7,7 @@
 #include <stdexcept>
 
 #include "adjustment/ChildPackage.h"
+#include "adjustment/VarnRun.h"
 #include "adjustment/basVarn.h"
 #include "tests/adjustment/ChildSite.h"
 
@@ -32,6 +34,18 @@ class PackageFault : public Testing::ChildSite {
         std::getline(std::ifstream("/proc/" + std::to_string(process) + "/comm"), name);
         EXPECT_EQ(name, "KRENNRUN.EXE");
         kill(process, SIGKILL);
+    }
+
+    // True when something stands in one of this process's channels that was not read yet.
+    static bool AnAnswerWaits() {
+        for (int file = 3; file < 256; ++file) {
+            struct stat info {};
+            int bytes = 0;
+            if (fstat(file, &info) == 0 && S_ISSOCK(info.st_mode) && ioctl(file, FIONREAD, &bytes) == 0 &&
+                bytes > 0)
+                return true;
+        }
+        return false;
     }
 
     static void ExpectAWholeRun(ChildPackage& package) {
@@ -320,16 +334,54 @@ TEST_F(RunOfAFault, EndsTheWaitWhenTheProcessIsKilledInTheMiddle) {
     EXPECT_EQ(Testing::FileContent("D:\\ADJ\\NET.OUT"), "an older listing\r\n");
 }
 
+TEST_F(RunOfAFault, CancelledEndsTheProcessAndLeavesTheListing) {
+    PutFile("D:\\ADJ\\NET.OUT", "an older listing\r\n");
+    ChangeInput(State, Net);
+    for (const char* call : {"PACKAGE_START_DOES", "PACKAGE_GO_DOES", "PACKAGE_STOP_DOES"}) {
+        Site.Set(call, "hang");
+        pid_t hanging = 0;
+        ChildPackage package([&] {
+            hanging = HangingProcess();
+            if (hanging != 0)
+                throw RunCancelled();
+        });
+        RunVarn(State, package, View);
+        EXPECT_EQ(StatusOf(State), "Varn was cancelled; the output file is as it was") << call;
+        EXPECT_NE(kill(hanging, 0), 0) << call;
+        EXPECT_EQ(Testing::FileContent("D:\\ADJ\\NET.OUT"), "an older listing\r\n");
+        unsetenv(call);
+    }
+}
+
+TEST_F(RunOfAFault, CancelledWhenThePackageHasAnsweredStands) {
+    Site.Set("PACKAGE_GO", "6");
+    Site.Set("PACKAGE_GO_DOES", "wait");
+    bool gone = false;
+    ChildPackage package([&] {
+        if (gone || State.lblStartReturn.empty() || !OpenTheGate())
+            return;
+        gone = true;
+        // The operator ponders the question while the package comes to its end.
+        while (!AnAnswerWaits())
+            usleep(1000);
+        throw RunCancelled();
+    });
+    Desktop.ExpectMessage("Varn Error", "Varn completed.  Error 6 returned.");
+    RunVarn(State, package, View);
+    EXPECT_TRUE(gone);
+    EXPECT_EQ(State.lblGoReturn, "6");
+}
+
 TEST_F(RunOfAFault, CanBeRepeatedAtOnce) {
     Site.Set("PACKAGE_GO_DOES", "write nowhere");
     ChildPackage package;
     EXPECT_EQ(ErrorOf([&] { RunVarn(State, package, View); }).Number, 51);
     unsetenv("PACKAGE_GO_DOES");
-    PutFile("D:\\ADJ\\NET.OUT", "the listing\r\n");
-    Desktop.ExpectMessage("Varn Successful", "Varn completed successfully!");
+    Site.Set("PACKAGE_GO", "6");
+    Desktop.ExpectMessage("Varn Error", "Varn completed.  Error 6 returned.");
     Steps.clear();
     RunVarn(State, package, View);
-    EXPECT_THAT(Steps, ElementsAre("begin wait", "show 0/", "show 0/0", "stop animation", "end wait"));
+    EXPECT_THAT(Steps, ElementsAre("begin wait", "show 0/", "show 0/6", "stop animation", "end wait"));
 }
 
 }  // namespace

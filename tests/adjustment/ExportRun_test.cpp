@@ -32,10 +32,16 @@ class ExportRun : public testing::Test {
     }
 
     void Export(const ExportKind& kind) {
-        ExportResults(State, kind, [this](bool waiting) { Waits.push_back(waiting); });
+        ExportView view;
+        view.ShowWait = [this](bool waiting) { Waits.push_back(waiting); };
+        view.ShowNotice = [this] { Notices.push_back(State.Notice); };
+        ExportResults(State, kind, view);
     }
     void ExpectFinished(const std::string& text) { Desktop.ExpectMessage("Finished", text); }
-    void ExpectTarget(const std::string& name) { Desktop.ExpectFile("", Folder + name); }
+    void ExpectTarget(const std::string& name, const std::string& title = "") {
+        Desktop.ExpectFile(title, Folder + name);
+    }
+    const std::string& Notice() const { return State.Notice; }
 
     bool AnyTicked() const {
         return State.mnuDbs.Ticked || State.mnuXyz.Ticked || State.mnuInu.Ticked || State.mnuKeld.Ticked ||
@@ -47,6 +53,7 @@ class ExportRun : public testing::Test {
     Testing::ScriptedDesktop Desktop;
     VarnState State;
     std::vector<bool> Waits;
+    std::vector<std::string> Notices;
 };
 
 TEST_F(ExportRun, ProposesItsFileBesideTheListing) {
@@ -147,21 +154,86 @@ TEST_F(ExportRun, OfInuAndStaNeedsTheCoordinatesOnly) {
     EXPECT_EQ(Desktop.Dialogs.size(), 2U);
 }
 
-TEST_F(ExportRun, OfAMissingListingIsSilent) {
+TEST_F(ExportRun, OfAMissingListingAsksNothingAndTellsWhyInTheStatusBar) {
     Drives::DeleteFile(Folder + "NET.OUT");
-    for (const ExportKind* kind : {&ExportDbs, &ExportXyz, &ExportInu, &ExportKeld, &ExportSta})
+    for (const ExportKind* kind : {&ExportDbs, &ExportXyz, &ExportInu, &ExportKeld, &ExportSta}) {
+        Notices.clear();
         Export(*kind);
+        EXPECT_THAT(Notices, ElementsAre("Nothing exported: " + Folder + "NET.OUT does not exist"));
+    }
     State.lblOutput.Caption = "";
     Export(ExportDbs);
+    EXPECT_EQ(Notice(), "Nothing exported: there is no input file");
     EXPECT_TRUE(Waits.empty());
     EXPECT_FALSE(AnyTicked());
 }
 
-TEST_F(ExportRun, OfAListingWithoutResultsIsSilent) {
+TEST_F(ExportRun, OfAListingWithoutResultsAsksNothingAndTellsWhyInTheStatusBar) {
     PutLines(Folder + "NET.OUT", {"nothing"});
     Export(ExportDbs);
+    EXPECT_EQ(Notice(), "Nothing exported: NET.OUT has no results, or ends before they do");
     EXPECT_EQ(Waits, (std::vector<bool>{true, false}));
     EXPECT_FALSE(AnyTicked());
+}
+
+TEST_F(ExportRun, OfAFailedRunTellsItsErrorInTheStatusBar) {
+    PutLines(Folder + "NET.OUT",
+             {" RUN FAILED", "", "  Error 21: Points are not determined.", "", "  Cause"});
+    Export(ExportInu);
+    EXPECT_EQ(Notice(),
+              "Nothing exported: NET.OUT is of a run that failed: Error 21: Points are not determined.");
+    EXPECT_FALSE(AnyTicked());
+}
+
+TEST_F(ExportRun, OfTheMasterSaysNothingBeyondItsMessages) {
+    ExpectTarget("NET.INU");
+    ExpectFinished("7Fit Inu file " + Folder + "NET.INU completed.");
+    Export(ExportInu);
+    EXPECT_THAT(Notices, testing::IsEmpty());
+    EXPECT_EQ(Notice(), "");
+}
+
+// The file is what it is; who reads it next is warned of.
+TEST_F(ExportRun, OfDbsWarnsBehindItsMessageOfWhatTheDatabaseCannotTake) {
+    std::vector<std::string> lines = {"Final results", "skipped"};
+    for (int i = 10; i < 23; ++i)
+        lines.push_back("LONGNAME" + std::to_string(i) + " 1 2 3");
+    lines.insert(lines.end(), {"GOOD 1 2 3", ""});
+    PutLines(Folder + "NET.OUT", lines);
+    ExpectTarget("NET.DBS");
+    ExpectFinished("Dbs file " + Folder + "NET.DBS completed.");
+    std::string expected = "The coordinate database cannot take all of " + Folder + "NET.DBS:\r\n";
+    for (int i = 10; i < 20; ++i)
+        expected +=
+            "\r\nLONGNAME" + std::to_string(i) +
+            ": the name has more than 8 characters; the line cannot be read back, and so the whole file";
+    Desktop.ExpectMessage("Dbs File Warning", expected + "\r\n... and 3 more");
+    Export(ExportDbs);
+    EXPECT_EQ(Desktop.Shown.back().Picture, Icon::Exclamation);
+    EXPECT_TRUE(State.mnuDbs.Ticked);
+    for (const ExportKind* kind : {&ExportXyz, &ExportInu, &ExportKeld, &ExportSta}) {
+        ExpectTarget(std::string("NET") + kind->Extension);
+        Desktop.ExpectMessageTitled("Finished");
+        Export(*kind);
+    }
+}
+
+// A listing that may be of another input with the same base.
+TEST_F(ExportRun, OfAPathThatIsCutTakesOnlyAListingThatWasMadeHere) {
+    PutFile("D:\\JOB.1\\NET.INP", "");
+    PutLines("D:\\JOB.OUT", Testing::GoodListingLines());
+    ChangeInput(State, "D:\\JOB.1\\NET.INP");
+    Export(ExportInu);
+    EXPECT_EQ(Notice(), "Nothing exported: D:\\JOB.OUT may be another job's");
+    PutFile("D:\\ADJ\\NET.A.INP", "");
+    PutLines("D:\\ADJ\\NET.OUT", Testing::GoodListingLines());
+    ChangeInput(State, "D:\\ADJ\\NET.A.INP");
+    Export(ExportInu);
+    EXPECT_EQ(Notice(), "Nothing exported: D:\\ADJ\\NET.OUT may be another job's");
+    EXPECT_TRUE(Desktop.Dialogs.empty());
+    State.MadeListing = "D:\\ADJ\\NET.OUT";
+    Desktop.ExpectFile("", std::nullopt);
+    Export(ExportInu);
 }
 
 TEST_F(ExportRun, OfAVersionReadsTheMastersListing) {
@@ -169,10 +241,11 @@ TEST_F(ExportRun, OfAVersionReadsTheMastersListing) {
     PutLines(Folder + "NET_v01.OUT", {"Final results", "skipped", "VERSION 1 2 3", ""});
     ChangeInput(State, Folder + "NET.INP");
     ClickVersion(State, 2);
-    ExpectTarget("NET.INU");
+    ExpectTarget("NET.INU", "Export of the master's NET.OUT");
     ExpectFinished("7Fit Inu file " + Folder + "NET.INU completed.");
     Export(ExportInu);
     EXPECT_THAT(FileContent(Folder + "NET.INU"), StartsWith("ST1 "));
+    EXPECT_THAT(Notices, ElementsAre("Export of the master's NET.OUT, not of Version 01"));
 }
 
 TEST_F(ExportRun, OfAVersionDoesNothingWhereTheMastersListingIsMissing) {
@@ -184,6 +257,8 @@ TEST_F(ExportRun, OfAVersionDoesNothingWhereTheMastersListingIsMissing) {
     EXPECT_TRUE(State.mnuInu.Enabled);
     Export(ExportInu);
     EXPECT_FALSE(AnyTicked());
+    EXPECT_EQ(Notice(), "Nothing exported: " + Folder +
+                            "NET.OUT does not exist; a listing of Version 01 is not exported");
 }
 
 TEST_F(ExportRun, CancelledIsSilent) {

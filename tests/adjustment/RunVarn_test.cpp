@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "adjustment/VarnRun.h"
 #include "adjustment/basVarn.h"
 #include "core/Drives.h"
 #include "core/RunTimeError.h"
@@ -14,6 +15,7 @@ namespace {
 using testing::ElementsAre;
 using Testing::FileContent;
 using testing::HasSubstr;
+using testing::IsEmpty;
 using Testing::PutFile;
 using Testing::PutLines;
 
@@ -34,6 +36,8 @@ class RecordedPackage : public AdjustmentPackage {
             PutFile(Listing, "the listing\r\n");
         if (!Parameters.empty())
             PutFile(Parameters, "");
+        if (Deed)
+            Deed();
         return GoResult;
     }
     void Stop() override { Steps.push_back("stop"); }
@@ -43,6 +47,7 @@ class RecordedPackage : public AdjustmentPackage {
     std::string Listing;
     std::string Parameters;
     std::string LeavesInPath;
+    std::function<void()> Deed;
 
   private:
     std::vector<std::string>& Steps;
@@ -202,16 +207,83 @@ TEST_F(VarnRun, ShowsTheParameterFileThatThePackageWrote) {
     EXPECT_EQ(State.lblPar.Colour, LabelColour::LightRed);
 }
 
-TEST_F(VarnRun, OfAVersionCutsAtAPointInAFolderName) {
-    const std::string input = "D:\\JOB.1\\NET.INP";
-    PutFile(input, "");
-    PutFile("D:\\JOB.1\\NET_v02.INP", "");
-    ChangeInput(State, input);
+// An input in a folder with a point in its name, beside the listing of another job.
+class CutNames : public VarnRun {
+  protected:
+    CutNames() {
+        PutLines(Input, {"NORL", "", "  PROJECT = P", "     TASK = T"});
+        PutFile("D:\\JOB.1\\NET_v02.INP", "");
+        PutFile("D:\\JOB.OUT", "another job's\r\n");
+        ChangeInput(State, Input);
+    }
+
+    void ExpectQuestion(const std::string& input, const std::string& listing, Answer answer) {
+        Desktop.ExpectMessage("Varn File Names",
+                              "The files of this run are named by the path up to its first \".\":\r\n\r\n"
+                              "Input : " +
+                                  input + "\r\nOutput : " + listing +
+                                  "\r\n\r\nThey may be another job's.  Do you wish to run Varn?",
+                              answer);
+    }
+
+    const std::string Input = "D:\\JOB.1\\NET.INP";
+};
+
+TEST_F(CutNames, AreShownAndToldInTheStatusBar) {
+    EXPECT_EQ(State.lblPar.Caption, "D:\\JOB.PAR");
+    EXPECT_EQ(State.lblOutput.Caption, "D:\\JOB.OUT");
+    EXPECT_EQ(StatusOf(State),
+              "The path is cut at its first \".\"; the files named above may be another job's");
+}
+
+TEST_F(CutNames, AreAskedAboutAndNothingIsRunAfterNo) {
+    ExpectQuestion(Input, "D:\\JOB.OUT", Answer::No);
+    Run();
+    EXPECT_THAT(Steps, IsEmpty());
+    EXPECT_EQ(Desktop.Shown[0].Default, Answer::No);
+    EXPECT_EQ(Desktop.Shown[0].Choices, Buttons::YesNo);
+    EXPECT_EQ(StatusOf(State), "Varn was not run");
+}
+
+TEST_F(CutNames, OfAVersionAreCutInTheSameWay) {
     ClickVersion(State, 2);
     Package.GoResult = 1;
+    ExpectQuestion("D:\\JOB_v02.INP", "D:\\JOB_v02.OUT", Answer::Yes);
     Desktop.ExpectMessageTitled("Varn Error");
     Run();
     EXPECT_EQ(Steps[1], "start D:\\JOB_v02.INP");
+}
+
+TEST_F(CutNames, DoNotTakeAnotherJobsListing) {
+    Package.Listing = "D:\\JOB.1\\NET.OUT";
+    ExpectQuestion(Input, "D:\\JOB.OUT", Answer::Yes);
+    EXPECT_EQ(ErrorOfRun(), FileNotFound);
+    EXPECT_EQ(FileContent("D:\\JOB.OUT"), "another job's\r\n");
+    EXPECT_EQ(State.MadeListing, "");
+}
+
+TEST_F(CutNames, TakeTheListingOfAPackageThatCutsThemToo) {
+    Package.Listing = "D:\\JOB.OUT";
+    ExpectQuestion(Input, "D:\\JOB.OUT", Answer::Yes);
+    ExpectSuccess();
+    Run();
+    EXPECT_THAT(FileContent("D:\\JOB.OUT"), HasSubstr("VARN Adjustment Output"));
+    EXPECT_EQ(State.MadeListing, "D:\\JOB.OUT");
+    ChangeInput(State, Input);
+    EXPECT_EQ(State.MadeListing, "");
+}
+
+TEST_F(CutNames, DoNotShowWhatAnotherJobsListingSays) {
+    const std::string failed = " RUN FAILED\r\n\r\n  Error 21: Points\r\n";
+    PutFile("D:\\JOB.OUT", failed);
+    ChangeInput(State, Input);
+    EXPECT_EQ(State.Verdict, ListingVerdict());
+    Package.Deed = [&] { PutFile("D:\\JOB.OUT", failed); };
+    Package.GoResult = 21;
+    ExpectQuestion(Input, "D:\\JOB.OUT", Answer::Yes);
+    Desktop.ExpectMessageTitled("Varn Error");
+    Run();
+    EXPECT_EQ(State.Verdict.Result, "RUN FAILED");
 }
 
 TEST_F(VarnRun, OfAMasterCopyHandsItOverAsItWasChosen) {
@@ -245,6 +317,91 @@ TEST_F(VarnRun, WithSuccessButNoListingRaises) {
     EXPECT_EQ(Steps.back(), "end wait");
     EXPECT_EQ(State.lblGoReturn, "0");
     EXPECT_EQ(Testing::AllFiles("D:\\"), std::vector<std::string>{"ADJ\\NET.INP"});
+}
+
+TEST_F(VarnRun, WithSuccessButAnEarlierRunsListingRaisesAndLeavesIt) {
+    PutFile(Output, "an older listing\r\n");
+    ChangeInput(State, Net);
+    try {
+        Run();
+        ADD_FAILURE() << "success was told";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Number, FileNotFound);
+        EXPECT_THAT(error.Description, HasSubstr(Output + " of this run"));
+    }
+    EXPECT_EQ(FileContent(Output), "an older listing\r\n");
+    EXPECT_EQ(State.MadeListing, "");
+    EXPECT_EQ(Steps.back(), "end wait");
+}
+
+TEST_F(VarnRun, WithSuccessThatTookTheListingAwayRaises) {
+    PutFile(Output, "an older listing\r\n");
+    Package.Deed = [this] { Drives::DeleteFile(Output); };
+    EXPECT_EQ(ErrorOfRun(), FileNotFound);
+    EXPECT_EQ(State.MadeListing, "");
+}
+
+TEST_F(VarnRun, TellsThatTheListingIsOfAnEarlierRun) {
+    PutFile(Output, "an older listing\r\n");
+    Package.GoResult = 5;
+    Desktop.ExpectMessageTitled("Varn Error");
+    Run();
+    EXPECT_EQ(StatusOf(State), "The output file is of an earlier run");
+    Package.Listing = Output;
+    State.Notice.clear();
+    Desktop.ExpectMessageTitled("Varn Error");
+    Run();
+    EXPECT_EQ(StatusOf(State), "Output file present");
+}
+
+TEST_F(VarnRun, ShowsWhatTheListingOfTheVersionSays) {
+    EXPECT_EQ(State.Verdict, ListingVerdict());
+    Package.Deed = [this] { PutFile(Output, " RUN FAILED\r\n\r\n  Error 21: Points\r\n"); };
+    Package.GoResult = 21;
+    Desktop.ExpectMessageTitled("Varn Error");
+    Desktop.OnMessage = [this] { EXPECT_EQ(State.Verdict.Doubt, "Error 21: Points"); };
+    Run();
+    EXPECT_EQ(State.Verdict.Result, "RUN FAILED");
+    PutFile("D:\\ADJ\\NET_v02.INP", "");
+    ChangeInput(State, Net);
+    EXPECT_EQ(State.Verdict.Result, "RUN FAILED");
+    ClickVersion(State, 2);
+    EXPECT_EQ(State.Verdict, ListingVerdict());
+    ClickVersion(State, 1);
+    EXPECT_EQ(State.Verdict.Result, "RUN FAILED");
+    for (const char* none : {"", "D:\\ADJ\\GONE.INP"}) {
+        ChangeInput(State, Net);
+        ChangeInput(State, none);
+        EXPECT_EQ(State.Verdict, ListingVerdict()) << none;
+    }
+}
+
+TEST_F(VarnRun, CancelledLeavesTheListingAndTellsNoSuccess) {
+    PutFile(Output, "an older listing\r\n");
+    State.lblGoReturn = "7";
+    Package.Deed = [] { throw RunCancelled(); };
+    Run();
+    EXPECT_THAT(Steps, ElementsAre("begin wait", "start " + Net, "show 0/7", "go 1", "end wait"));
+    EXPECT_EQ(FileContent(Output), "an older listing\r\n");
+    EXPECT_EQ(StatusOf(State), "Varn was cancelled; the output file is as it was");
+    EXPECT_EQ(State.lblGoReturn, "");
+    EXPECT_TRUE(State.mnuXyz.Enabled);
+}
+
+TEST_F(VarnRun, CancelledWithoutAListingSaysSo) {
+    Package.Deed = [] { throw RunCancelled(); };
+    Run();
+    EXPECT_EQ(StatusOf(State), "Varn was cancelled; there is no output file");
+    EXPECT_FALSE(State.mnuXyz.Enabled);
+}
+
+TEST_F(VarnRun, CancelledTooLateSaysThatTheListingIsNew) {
+    PutFile(Output, "an older listing\r\n");
+    Package.Listing = Output;
+    Package.Deed = [] { throw RunCancelled(); };
+    Run();
+    EXPECT_EQ(StatusOf(State), "Varn was cancelled when the listing was written; it has no banner");
+    EXPECT_EQ(FileContent(Output), "the listing\r\n");
 }
 
 TEST_F(VarnRun, WithoutProjectAndTaskRaisesAndLeavesTheListing) {

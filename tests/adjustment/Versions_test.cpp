@@ -123,5 +123,13 @@ TEST_F(Versions, OfAPathWithoutFolderAreAnInvalidCall) {
     }
 }
 
+TEST(SharedBase, IsThatOfAPathCutBeforeTheLastPointOfItsName) {
+    for (const char* cut :
+         {"D:\\JOB.1\\NET.INP", "D:\\JOB.1\\NET", "D:\\A.B\\C\\NET.INP", "D:\\ADJ\\NET.A.INP", "..\\NET.INP"})
+        EXPECT_TRUE(SharesItsBase(cut)) << cut;
+    for (const char* own : {"D:\\ADJ\\NET.INP", "D:\\ADJ\\NET", "NET.INP", "", "D:\\ADJ\\"})
+        EXPECT_FALSE(SharesItsBase(own)) << own;
+}
+
 }  // namespace
 }  // namespace Dorvane

@@ -5,6 +5,9 @@
 #include <unistd.h>
 
 #include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QTimer>
 #include <csignal>
 #include <filesystem>
@@ -81,7 +84,8 @@ TEST_F(frmVarnChild, IsPaintedWhileThePackageWorksAndTakesNoInput) {
         const QImage image = animation.grab().toImage();
         pictures.insert(QByteArray(reinterpret_cast<const char*>(image.constBits()),
                                    static_cast<int>(image.sizeInBytes())));
-        Click(screen, "cmdHome");
+        EXPECT_FALSE(IsEnabled(screen, "cmdHome"));
+        QTest::keyClick(&Control<QWidget>(screen, "txtInput"), Qt::Key_X);
         if (pictures.size() > 2)
             open = OpenTheGate();
     });
@@ -91,6 +95,32 @@ TEST_F(frmVarnChild, IsPaintedWhileThePackageWorksAndTakesNoInput) {
     EXPECT_TRUE(open);
     EXPECT_THAT(Nav.Calls, testing::IsEmpty());
     EXPECT_EQ(TextOf(screen, "lblGoReturn"), "12");
+    EXPECT_EQ(FromScreen(Control<QLineEdit>(screen, "txtInput").text()), Net);
+    ExpectUsable(screen);
+}
+
+TEST_F(frmVarnChild, CancelledEndsThePackageAndLeavesTheListing) {
+    PutFile(Output, "an older listing\r\n");
+    setenv("PACKAGE_GO_DOES", "hang", 1);
+    frmVarn& screen = OpenOnItsOwnPackage();
+    const int gate = open(Gate().c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    pid_t process = 0;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+        if (process == 0 && read(gate, &process, sizeof process) == sizeof process)
+            Click(screen, "cmdVarn");
+    });
+    watch.start(20);
+    Desktop.ExpectMessage("Cancel Varn", "The adjustment is still running.  Do you wish to cancel it?",
+                          Answer::Yes);
+    Click(screen, "cmdVarn");
+    watch.stop();
+    close(gate);
+    EXPECT_NE(process, 0);
+    EXPECT_NE(kill(process, 0), 0) << "the package still runs";
+    EXPECT_EQ(FileContent(Output), "an older listing\r\n");
+    EXPECT_EQ(AllFiles("D:\\ADJ\\"), (std::vector<std::string>{"NET.INP", "NET.OUT"}));
+    EXPECT_EQ(TextOf(screen, "lblStatus"), "Varn was cancelled; the output file is as it was");
     ExpectUsable(screen);
 }
 
@@ -151,10 +181,40 @@ TEST_F(frmVarnChild, AdjustsARealNetworkAndExportsIt) {
     Click(screen, "cmdVarn");
     EXPECT_FALSE(IsRed(screen, "lblOutput"));
     EXPECT_THAT(FileContent(Output), HasSubstr("VARN Adjustment Output"));
+    EXPECT_THAT(TextOf(screen, "lblResult"), testing::AnyOf("GOOD", "GOOD, WITH REMARKS"));
+    EXPECT_THAT(TextOf(screen, "lblM0"), testing::MatchesRegex("m0 [0-9.]+; the test passes: allowed .*"));
+    EXPECT_EQ(TextOf(screen, "lblCounts"), "5 observations, 4 points");
+    EXPECT_EQ(TextOf(screen, "lblRunTime").size(), 19U);
+    EXPECT_FALSE(Control<QLabel>(screen, "lblMark").pixmap().isNull());
     Desktop.ExpectFile("", "D:\\ADJ\\NET.DBS");
     Desktop.ExpectMessage("Finished", "Dbs file D:\\ADJ\\NET.DBS completed.");
+    Desktop.ExpectMessageTitled("Dbs File Warning");  // there are no folders for project and task
     Choose(screen, "mnuDbs");
     EXPECT_EQ(FileLines("D:\\ADJ\\NET.DBS").size(), 5U);
+}
+
+TEST_F(frmVarnChild, ShowsTheDoubtsBehindTheMessageOfSuccess) {
+    Install(DORVANE_FOLDER "/" + KrennPackage::LibraryName());
+    PutLines(Net,
+             {"NORL", "", "PROJECT = P", "TASK = T", "DATE = D", "Height differences", "A B 1.0010 0.001",
+              "B C 1.0002 0.001", "C A -2.0004 0.002", "A D 0.5 0.001", "D B 0.6 0.001", "END"});
+    Put("NET_v01.INP");
+    frmVarn& screen = OpenOnItsOwnPackage();
+    EXPECT_EQ(TextOf(screen, "lblResult"), "");
+    EXPECT_TRUE(Control<QLabel>(screen, "lblMark").pixmap().isNull());
+    Desktop.ExpectMessage("Varn Successful", "Varn completed successfully!");
+    Desktop.OnMessage = [&] { EXPECT_EQ(TextOf(screen, "lblResult"), "DOUBTFUL"); };
+    Click(screen, "cmdVarn");
+    EXPECT_EQ(TextOf(screen, "lblResult"), "DOUBTFUL");
+    EXPECT_THAT(TextOf(screen, "lblM0"), HasSubstr("the test FAILS: allowed "));
+    EXPECT_FALSE(Control<QPlainTextEdit>(screen, "txtDoubt").toPlainText().isEmpty());
+    Pick(screen, "cmbVersion", 2);
+    for (const char* name : {"lblResult", "lblM0", "lblCounts", "lblRunTime"})
+        EXPECT_EQ(TextOf(screen, name), "") << name;
+    EXPECT_TRUE(Control<QPlainTextEdit>(screen, "txtDoubt").toPlainText().isEmpty());
+    EXPECT_TRUE(Control<QLabel>(screen, "lblMark").pixmap().isNull());
+    Pick(screen, "cmbVersion", 1);
+    EXPECT_EQ(TextOf(screen, "lblResult"), "DOUBTFUL");
 }
 
 TEST_F(frmVarnChild, OfAVersionThatVanishedShowsThePackagesError) {

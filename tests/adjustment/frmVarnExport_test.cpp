@@ -28,9 +28,11 @@ constexpr Entry Exports[] = {{"mnuDbs", "NET.DBS", "Dbs file "},
 struct frmVarnExport : VarnScreenSite {
     frmVarnExport() { PutLines(Output, GoodListingLines()); }
 
-    void Export(frmVarn& screen, const Entry& entry) {
-        Desktop.ExpectFile("", std::string("D:\\ADJ\\") + entry.File);
+    void Export(frmVarn& screen, const Entry& entry, const std::string& title = "") {
+        Desktop.ExpectFile(title, std::string("D:\\ADJ\\") + entry.File);
         Desktop.ExpectMessage("Finished", std::string(entry.Text) + "D:\\ADJ\\" + entry.File + " completed.");
+        if (entry.Name == std::string("mnuDbs"))
+            Desktop.ExpectMessageTitled("Dbs File Warning");  // there are no folders for project and task
         Choose(screen, entry.Name);
     }
     static bool AnyTicked(frmVarn& screen) {
@@ -110,23 +112,34 @@ TEST_F(frmVarnExport, OfAVersionReadsTheMastersListing) {
     PutLines("D:\\ADJ\\NET_v01.OUT", {"Final results", "skipped", "VERSION 1 2 3", ""});
     frmVarn& screen = OpenNet();
     Pick(screen, "cmbVersion", 2);
-    Export(screen, Exports[2]);
+    std::string before;
+    Desktop.OnMessage = [&] { before = TextOf(screen, "lblStatus"); };
+    Export(screen, Exports[2], "Export of the master's NET.OUT");
+    EXPECT_EQ(before, "Export of the master's NET.OUT, not of Version 01");
+    EXPECT_EQ(TextOf(screen, "lblStatus"), before);
     EXPECT_THAT(FileContent("D:\\ADJ\\NET.INU"), StartsWith("ST1 "));
     Drives::DeleteFile(Output);
     EXPECT_TRUE(ExportsEnabled(screen));
     Choose(screen, "mnuXyz");
+    EXPECT_EQ(TextOf(screen, "lblStatus"),
+              "Nothing exported: D:\\ADJ\\NET.OUT does not exist; a listing of Version 01 is not exported");
     EXPECT_FALSE(IsTicked(screen, "mnuXyz"));
 }
 
-TEST_F(frmVarnExport, OfADamagedListingIsSilent) {
+TEST_F(frmVarnExport, OfADamagedListingSaysWhyInTheStatusBarAlone) {
     frmVarn& screen = OpenNet();
     for (const std::string& damaged :
          {std::string(), std::string("\xFF\xFE\x00\x1A\r\r\n", 7), std::string(1000000, 'x'),
           std::string("Final results\r\n") + std::string(1000000, '\0'),
           std::string("Final results\r\nskipped\r\n  P1 1.0 2.0")}) {
         PutFile(Output, damaged);
-        for (const Entry& entry : Exports)
+        for (const Entry& entry : Exports) {
             Choose(screen, entry.Name);
+            EXPECT_EQ(TextOf(screen, "lblStatus"),
+                      "Nothing exported: NET.OUT has no results, or ends before they do");
+            Click(screen, "chkInputFile");
+            EXPECT_EQ(TextOf(screen, "lblStatus"), "Output file present");
+        }
         EXPECT_FALSE(AnyTicked(screen));
         EXPECT_NE(screen.cursor().shape(), Qt::WaitCursor);
     }

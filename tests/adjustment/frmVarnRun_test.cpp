@@ -16,6 +16,7 @@ using testing::EndsWith;
 using testing::HasSubstr;
 
 const std::string Ended = "ended unexpectedly";
+const std::string Running = "The adjustment is running ...  Esc cancels it";
 
 struct frmVarnRun : VarnScreenSite {
     frmVarnRun() {
@@ -33,7 +34,7 @@ struct frmVarnRun : VarnScreenSite {
         EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
         EXPECT_TRUE(screen.isVisible());
         EXPECT_TRUE(IsEnabled(screen, "cmdVarn"));
-        EXPECT_NE(TextOf(screen, "lblStatus"), "The adjustment is running ...");
+        EXPECT_NE(TextOf(screen, "lblStatus"), Running);
     }
 };
 
@@ -63,7 +64,7 @@ TEST_F(frmVarnRun, ShowsThatItWaitsFromTheFirstCallToTheMessage) {
                        (ExportsEnabled(screen) ? " exports" : ""));
     };
     Package.Start = [&] {
-        EXPECT_EQ(TextOf(screen, "lblStatus"), "The adjustment is running ...");
+        EXPECT_EQ(TextOf(screen, "lblStatus"), Running);
         EXPECT_GT(Control<Animation>(screen, "aniVarn").sizeHint().width(), 0);
         look("start");
         return 3;
@@ -225,18 +226,115 @@ TEST_F(frmVarnRun, OfAPackageThatEndsShowsWhatItLeft) {
 TEST_F(frmVarnRun, LetsNothingElseStartMeanwhile) {
     frmVarn& screen = OpenNet();
     Package.Start = [&] {
-        Click(screen, "cmdVarn");
-        Click(screen, "cmdHome");
+        for (const char* name : {"txtInput", "cmdBrowse", "cmbVersion", "cmdViewVersion", "cmbVarn",
+                                 "chkInputFile", "cmdEdit", "cmdPrint", "cmdHome", "menuBar"})
+            EXPECT_FALSE(IsEnabled(screen, name)) << name;
         Choose(screen, "mnuTextEditor");
+        QTest::keyClick(&screen, Qt::Key_F5);
         return 0;
     };
-    Desktop.OnMessage = [&] { Click(screen, "cmdViewVersion"); };
+    Desktop.OnMessage = [&] {
+        for (const char* name : {"cmdVarn", "cmdViewVersion", "cmdHome"})
+            Click(screen, name);
+    };
     ExpectSuccess();
     Click(screen, "cmdVarn");
+    for (const char* name : {"txtInput", "cmdBrowse", "cmbVersion", "cmdViewVersion", "cmbVarn",
+                             "chkInputFile", "cmdEdit", "cmdPrint", "cmdHome", "menuBar"})
+        EXPECT_TRUE(IsEnabled(screen, name)) << name;
     EXPECT_THAT(Package.Calls, ElementsAre("start " + Net, "go 1", "stop"));
     EXPECT_THAT(Nav.Calls, testing::IsEmpty());
     EXPECT_TRUE(IsTicked(screen, "mnuTarvexEditor"));
     ExpectAtRest(screen);
+}
+
+TEST_F(frmVarnRun, ShowsTheWayToEndItOnItsButtonAlone) {
+    frmVarn& screen = OpenNet();
+    auto& button = Control<QAbstractButton>(screen, "cmdVarn");
+    const auto look = [&] {
+        return FromScreen(button.text()) + "|" + FromScreen(button.accessibleName()) + "|" +
+               FromScreen(button.toolTip()) + "|" + FromScreen(button.shortcut().toString());
+    };
+    const int width = button.width();
+    const qint64 picture = button.icon().cacheKey();
+    const std::string before = look();
+    EXPECT_EQ(before, "|Run|Run the adjustment (F5)|F5");
+    Package.Go = [&]() -> std::int16_t {
+        HandleEvents();
+        EXPECT_EQ(look(), "Stop|Stop|Cancel the adjustment (Esc)|");
+        EXPECT_NE(button.icon().cacheKey(), picture);
+        EXPECT_EQ(button.width(), width);
+        return 5;
+    };
+    Desktop.ExpectMessageTitled("Varn Error");
+    Desktop.OnMessage = [&] { EXPECT_EQ(look(), before); };
+    Click(screen, "cmdVarn");
+    EXPECT_EQ(button.icon().cacheKey(), picture);
+    EXPECT_EQ(button.width(), width);
+}
+
+TEST_F(frmVarnRun, GoesOnWhenItIsNotToBeCancelled) {
+    frmVarn& screen = OpenNet();
+    Package.Start = [&] {
+        Click(screen, "cmdVarn");
+        return 0;
+    };
+    Package.Go = [&] {
+        QTest::keyClick(&screen, Qt::Key_Escape);
+        return 5;
+    };
+    const std::string question = "The adjustment is still running.  Do you wish to cancel it?";
+    Desktop.ExpectMessage("Cancel Varn", question, Answer::No);
+    Desktop.ExpectMessage("Cancel Varn", question, Answer::No);
+    Desktop.ExpectMessageTitled("Varn Error");
+    Click(screen, "cmdVarn");
+    EXPECT_EQ(Desktop.Shown[0].Default, Answer::No);
+    EXPECT_THAT(Package.Calls, ElementsAre("start " + Net, "go 1", "stop"));
+    EXPECT_THAT(Nav.Calls, testing::IsEmpty());
+    ExpectAtRest(screen);
+}
+
+TEST_F(frmVarnRun, CancelledLeavesTheListingAndSaysSo) {
+    PutFile(Output, "an older listing\r\n");
+    frmVarn& screen = OpenNet();
+    Control<QWidget>(screen, "txtInput").setFocus();
+    Package.Go = [] { return 5; };
+    Desktop.ExpectMessageTitled("Varn Error");
+    Control<QAbstractButton>(screen, "cmdVarn").click();
+    EXPECT_EQ(TextOf(screen, "lblGoReturn"), "5");
+    Package.Go = [&]() -> std::int16_t {
+        for (int i = 0; i < 2; ++i)  // the second time there is nothing to ask
+            QTest::keyClick(&screen, Qt::Key_Escape);
+        throw RunCancelled();
+    };
+    Desktop.ExpectMessageTitled("Cancel Varn", Answer::Yes);
+    Control<QAbstractButton>(screen, "cmdVarn").click();
+    EXPECT_EQ(FileContent(Output), "an older listing\r\n");
+    EXPECT_EQ(TextOf(screen, "lblStatus"), "Varn was cancelled; the output file is as it was");
+    EXPECT_EQ(TextOf(screen, "lblGoReturn"), "");
+    EXPECT_TRUE(Control<QWidget>(screen, "txtInput").hasFocus());
+    ExpectAtRest(screen);
+    Package.Go = [] { return 5; };
+    Desktop.ExpectMessageTitled("Varn Error");
+    Click(screen, "cmdVarn");
+    EXPECT_EQ(TextOf(screen, "lblStatus"), "The output file is of an earlier run");
+    Pick(screen, "cmbVarn", 1);
+    Click(screen, "chkInputFile");
+    EXPECT_EQ(TextOf(screen, "lblStatus"), "Output file present");
+}
+
+TEST_F(frmVarnRun, WithoutPicturesHasWordsOnItsButton) {
+    for (const char* name : {"adjust.svg", "stop.svg"})
+        Drives::DeleteFile(std::string("P:\\DORVANE\\graphics\\") + name);
+    frmVarn& screen = OpenNet();
+    EXPECT_EQ(TextOf(screen, "cmdVarn"), "Run");
+    Package.Go = [&] {
+        EXPECT_EQ(TextOf(screen, "cmdVarn"), "Stop");
+        return 5;
+    };
+    Desktop.ExpectMessageTitled("Varn Error");
+    Click(screen, "cmdVarn");
+    EXPECT_EQ(TextOf(screen, "cmdVarn"), "Run");
 }
 
 TEST_F(frmVarnRun, TellsOfAMissingAnimationAndGoesOn) {

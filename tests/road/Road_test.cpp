@@ -8,6 +8,7 @@
 
 #include "adjustment/OutputReader.h"
 #include "adjustment/Package.h"
+#include "adjustment/VarnRun.h"
 #include "adjustment/basVarn.h"
 #include "core/Drives.h"
 #include "core/Text.h"
