@@ -184,4 +184,13 @@ GeneralEditor ReadGeneralEditor() {
             IniReadString("dv_tarvex.ini", "General Editor", "Name")};
 }
 
+bool HasGeneralEditor(const GeneralEditor& editor) {
+    if (!Trim(editor.Program()).empty())
+        return true;
+    TheDesktop().ShowMessage({.Text = "Editor not found in INI file.  Can not edit file.",
+                              .Title = "Editor Not Found",
+                              .Picture = Icon::Exclamation});
+    return false;
+}
+
 }  // namespace Dorvane

@@ -71,4 +71,8 @@ struct GeneralEditor {
 };
 GeneralEditor ReadGeneralEditor();
 
+/// True when the profile names an editor; else a message says that it does not. Without a program at its head
+/// a command line would start the file that is to be edited.
+bool HasGeneralEditor(const GeneralEditor& editor);
+
 }  // namespace Dorvane

@@ -36,7 +36,8 @@ void AddTypeNodes(InputScreen& screen) {
 void EditResultFiles(const std::string& folder) {
     const GeneralEditor editor = ReadGeneralEditor();
     List1<FileEntry> files;
-    GetFiles(files, folder, "*.RES");
+    if (GetFiles(files, folder, "*.RES") == 0 || !HasGeneralEditor(editor))
+        return;
     for (const FileEntry& file : files)
         RunAndWait(editor.Program() + " " + folder + file.Name);
 }
@@ -136,8 +137,11 @@ void ClickInputNode(InputScreen& screen, const InputServices& services, const st
 void EditInputFile(const InputScreen& screen) {
     Guarded("frmInput-cmdEdit_Click", [&](Guard& guard) {
         const std::string path = FileInHand(screen);
-        if (FileExists(path))
-            guard.Run([&] { TheDesktop().StartProgram(ReadGeneralEditor().Program() + " " + path); });
+        if (!FileExists(path))
+            return;
+        const GeneralEditor editor = ReadGeneralEditor();
+        if (HasGeneralEditor(editor))
+            guard.Run([&] { TheDesktop().StartProgram(editor.Program() + " " + path); });
     });
 }
 

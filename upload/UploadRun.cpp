@@ -149,8 +149,11 @@ void EditSelection(const UploadState& state) {
             ShowWarning("Wildcards (* and ?) not allowed.  Must select file name", "Invalid File Name");
             return;
         }
-        const std::string program = ReadGeneralEditor().Program();
-        guard.Run([&] { TheDesktop().StartProgram(program + " " + state.FromPath + state.FileSelection); });
+        const GeneralEditor editor = ReadGeneralEditor();
+        if (HasGeneralEditor(editor))
+            guard.Run([&] {
+                TheDesktop().StartProgram(editor.Program() + " " + state.FromPath + state.FileSelection);
+            });
     });
 }
 

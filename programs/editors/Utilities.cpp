@@ -78,7 +78,9 @@ void StartUtility(const Utility& utility) {
              .Picture = Icon::Information});
         return;
     }
-    TheDesktop().StartProgram(ExpandNames(utility.Command));
+    const bool edits = ContainsIgnoringCase(utility.Command, "%Editor%");
+    if (!edits || HasGeneralEditor(ReadGeneralEditor()))
+        TheDesktop().StartProgram(ExpandNames(utility.Command));
 }
 
 }  // namespace Dorvane

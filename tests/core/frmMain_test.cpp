@@ -335,6 +335,19 @@ TEST_F(HomeMenu, TheGeneralEditorGetsTheProfileAsItsOneArgument) {
                                           "D:\\EDIT\\ed.exe P:\\DORVANE\\Error.log"));
 }
 
+TEST_F(HomeMenu, AProfileIsNotStartedItselfWithoutAnEditor) {
+    IniWriteString("dv_tarvex.ini", "General Editor", "Path", "");
+    IniWriteString("dv_tarvex.ini", "General Editor", "Name", "");
+    PutFile("P:\\DORVANE\\ERROR.LOG", "");
+    frmMain& menu = Open();
+    for (const char* item :
+         {"mnuDataTypeINI", "mnuDownloadINI", "mnuInputINI", "mnuMainINI", "mnuErrorLog"}) {
+        Desk.ExpectMessage("Editor Not Found", "Editor  does not exist.  Can not edit file(s).");
+        Choose(menu, item);
+    }
+    EXPECT_THAT(Desk.Started, IsEmpty());
+}
+
 TEST_F(HomeMenu, WithoutAnEditorsNameTheMessageShowsJustThePath) {
     IniWriteString("dv_tarvex.ini", "General Editor", "Path", "D:\\TARVEX\\");
     frmMain& menu = Open();

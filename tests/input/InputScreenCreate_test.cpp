@@ -240,6 +240,18 @@ TEST_F(InputScreenCreate, TheFileInHandIsEditedPrintedAndTakenToTheAdjustment) {
     EXPECT_TRUE(Screen.isNull());
 }
 
+TEST_F(InputScreenCreate, TheFileInHandIsNotStartedItselfWithoutAnEditor) {
+    OpenWithFolder();
+    ExpectName("NET");
+    ExpectCompleted();
+    Click(*Screen, "cmdCreate");
+    IniWriteString("dv_tarvex.ini", "General Editor", "Path", "");
+    IniWriteString("dv_tarvex.ini", "General Editor", "Name", "");
+    Desktop.ExpectMessage("Editor Not Found", "Editor not found in INI file.  Can not edit file.");
+    Click(*Screen, "cmdEdit");
+    EXPECT_THAT(Desktop.Started, IsEmpty());
+}
+
 TEST_F(InputScreenCreate, AnEditorThatIsNotThereIsReported) {
     OpenWithFolder();
     ExpectName("NET");

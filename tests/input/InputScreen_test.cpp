@@ -90,6 +90,21 @@ TEST_F(InputScreenTest, AFoldersResultFilesAreEditedOneAfterAnother) {
     EXPECT_NE(screen.trvInput.Find(Folder), nullptr);
 }
 
+TEST_F(InputScreenTest, AResultFileIsNotStartedItselfWithoutAnEditor) {
+    PutProfile("dv_tarvex.ini", {"[General Editor]", "Path=", "Name="});
+    InputScreen screen = OpenScreen();
+    AddTreeFolder(screen.trvInput, "Laser", Folder);
+    Desktop.ExpectMessageTitled("Edit Result File(s)", Answer::Yes);
+    ClickInputNode(screen, Folder);  // a folder without result files has nothing to edit
+
+    PutFile(Folder + "A.RES", "");
+    PutFile(Folder + "B.RES", "");
+    Desktop.ExpectMessageTitled("Edit Result File(s)", Answer::Yes);
+    Desktop.ExpectMessage("Editor Not Found", "Editor not found in INI file.  Can not edit file.");
+    ClickInputNode(screen, Folder);
+    EXPECT_TRUE(Desktop.Started.empty());
+}
+
 TEST_F(InputScreenTest, AFolderIsRemovedAfterTwoQuestions) {
     InputScreen screen = OpenScreen();
     AddTreeFolder(screen.trvInput, "Laser", Folder);

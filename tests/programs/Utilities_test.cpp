@@ -60,4 +60,14 @@ TEST_F(UtilitiesTest, StartWhenWhatTheyNeedIsThere) {
     StartUtility({"Folder", "", "%Init_path%", "x %Init_path%"});
 }
 
+TEST_F(UtilitiesTest, DoNotStartTheFileItselfWithoutAnEditor) {
+    PutLines("C:\\WINDOWS\\dv_tarvex.ini", {"[General Editor]", "Path=", "Name="});
+    PutFile("P:\\DORVANE\\ERROR.LOG", "x");
+    Desktop.ExpectMessage("Editor Not Found", "Editor not found in INI file.  Can not edit file.");
+    StartUtility(ReadUtilities("dv_special.ini")[0]);
+    EXPECT_TRUE(Desktop.Started.empty());
+    StartUtility({"Without", "", "", "x.exe"});
+    EXPECT_EQ(Desktop.Started, (std::vector<std::string>{"x.exe"}));
+}
+
 }  // namespace Dorvane::Testing

@@ -410,9 +410,20 @@ TEST_F(EditSelectionTest, RefusesAnAsteriskOnly) {
     State.FileSelection = "*.LEV";
     ExpectWarning("Invalid File Name", "Wildcards (* and ?) not allowed.  Must select file name");
     EditSelection(State);
+    PutLines("C:\\WINDOWS\\dv_tarvex.ini", {"[General Editor]", "Path=C:\\EDIT\\", "Name=ed.exe"});
     State.FileSelection = "A?.LEV";
     EditSelection(State);
-    EXPECT_EQ(Desktop.Started, Names{" " + From + "A?.LEV"});
+    EXPECT_EQ(Desktop.Started, Names{"C:\\EDIT\\ed.exe " + From + "A?.LEV"});
+}
+
+TEST_F(EditSelectionTest, DoesNotStartTheFileItselfWithoutAnEditor) {
+    for (const char* blank : {"", "\" \""}) {
+        PutLines("C:\\WINDOWS\\dv_tarvex.ini", {"[General Editor]", "Path=" + std::string(blank), "Name="});
+        State.FileSelection = "A.LEV";
+        ExpectWarning("Editor Not Found", "Editor not found in INI file.  Can not edit file.");
+        EditSelection(State);
+    }
+    EXPECT_TRUE(Desktop.Started.empty());
 }
 
 }  // namespace
