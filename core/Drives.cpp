@@ -297,6 +297,27 @@ std::int64_t FileLength(std::string_view path) {
     return entry.Size;
 }
 
+PiecewiseFile::PiecewiseFile(std::string_view path)
+    : Bytes(FileLength(path)), Handle(Host::OpenPieces(HostPath(path))) {}
+
+PiecewiseFile::~PiecewiseFile() {
+    Host::ClosePieces(Handle);
+}
+
+std::string PiecewiseFile::Read(std::int64_t offset, std::size_t count) const {
+    std::string bytes(count, '\0');
+    bytes.resize(Host::ReadPiece(Handle, offset, bytes.data(), count));
+    return bytes;
+}
+
+std::string ChangeMark(std::string_view path) {
+    return Host::ChangeMark(Host::RealPath(HostPath(path)));
+}
+
+bool MayReplace(std::string_view path) {
+    return Host::MayReplace(Host::RealPath(HostPath(path)));
+}
+
 void AppendFile(std::string_view path, std::string_view content) {
     Host::AppendFile(HostPath(path), content);
 }

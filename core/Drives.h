@@ -65,6 +65,31 @@ bool Find(std::string_view path, Entry& entry);
 std::string ReadFile(std::string_view path);
 std::int64_t FileLength(std::string_view path);
 
+/// A file that is read piece by piece, so that a long one need not be in memory. It stays open: what replaces
+/// the file under its name does not change what is read. Raises error 75 or 70 for what is no plain file.
+class PiecewiseFile {
+  public:
+    explicit PiecewiseFile(std::string_view path);
+    ~PiecewiseFile();
+    PiecewiseFile(const PiecewiseFile&) = delete;
+    PiecewiseFile& operator=(const PiecewiseFile&) = delete;
+
+    std::int64_t Length() const { return Bytes; }  // bytes when it was opened
+
+    /// `count` bytes from `offset` on, fewer at the file's end.
+    std::string Read(std::int64_t offset, std::size_t count) const;
+
+  private:
+    std::int64_t Bytes;
+    std::intptr_t Handle;
+};
+
+/// A text that is another one after each change of the file, empty when there is none.
+std::string ChangeMark(std::string_view path);
+
+/// True when this user may replace the file, or make it where it is not there.
+bool MayReplace(std::string_view path);
+
 /// Appends in one write, making the file when absent. What a full disk cut is taken back, so that the file
 /// holds all of `content` or none of it.
 void AppendFile(std::string_view path, std::string_view content);

@@ -7,11 +7,11 @@
 namespace Dorvane {
 
 std::string FileStamp(std::string_view path) {
-    return FileExists(path) ? Host::FileStamp(Drives::HostPath(path)) : "";
+    return FileExists(path) ? Drives::ChangeMark(path) : "";
 }
 
 std::string FileHead(std::string_view path, std::size_t most) {
-    return Host::FileHead(Drives::HostPath(path), most);
+    return Drives::PiecewiseFile(path).Read(0, most);
 }
 
 }  // namespace Dorvane

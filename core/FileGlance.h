@@ -15,12 +15,4 @@ std::string FileStamp(std::string_view path);
 /// The first bytes of a file, at most `most`; all of a shorter one. Raises what Drives::ReadFile raises.
 std::string FileHead(std::string_view path, std::size_t most);
 
-// Once per host (Host_posix.cpp, Host_windows.cpp), by host paths.
-namespace Host {
-
-std::string FileStamp(const std::string& path);
-std::string FileHead(const std::string& path, std::size_t most);
-
-}  // namespace Host
-
 }  // namespace Dorvane

@@ -41,6 +41,18 @@ void CreateFolder(const std::string& path);
 void CreateLink(const std::string& link, const std::string& target);
 
 std::string ReadFile(const std::string& path);
+
+/// Opens a file that is read piece by piece; what is no plain file is refused. Returns a handle.
+std::intptr_t OpenPieces(const std::string& path);
+/// Reads up to `count` bytes from `offset` on. The result tells how many there were, fewer at the end.
+std::size_t ReadPiece(std::intptr_t handle, std::int64_t offset, char* into, std::size_t count);
+void ClosePieces(std::intptr_t handle);
+
+/// A text that is another one after each change of the file, empty when there is none.
+std::string ChangeMark(const std::string& path);
+/// True when this user may replace the file, or make it where it is not there.
+bool MayReplace(const std::string& path);
+
 void AppendFile(const std::string& path, std::string_view content);
 
 /// Makes a new file for writing beside `target`, with the target's permissions where there is one; raises

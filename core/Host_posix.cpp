@@ -19,7 +19,6 @@
 #include <filesystem>
 #include <utility>
 
-#include "core/FileGlance.h"
 #include "core/Host.h"
 #include "core/HostError.h"
 #include "core/OutsideProgram.h"
@@ -276,37 +275,59 @@ std::string ReadFile(const std::string& path) {
     return content;
 }
 
-std::string FileStamp(const std::string& path) {
+std::intptr_t OpenPieces(const std::string& path) {
+    // Without waiting: a pipe has no end to be read to.
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (file < 0)
+        Raise(errno, HostAction::Read, path);
     struct stat info {};
-    if (stat(path.c_str(), &info) != 0)
-        return "";
-    std::string stamp;
-    for (const auto part :
-         {static_cast<std::intmax_t>(info.st_dev), static_cast<std::intmax_t>(info.st_ino),
-          static_cast<std::intmax_t>(info.st_size), static_cast<std::intmax_t>(info.st_mtim.tv_sec),
-          static_cast<std::intmax_t>(info.st_mtim.tv_nsec)})
-        stamp += std::to_string(part) + ' ';
-    return stamp;
+    if (fstat(file, &info) == 0 && S_ISREG(info.st_mode))
+        return file;
+    close(file);
+    throw HostError(EISDIR, HostAction::Read, path);
 }
 
-std::string FileHead(const std::string& path, std::size_t most) {
-    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (file.Number < 0)
-        Raise(errno, HostAction::Read, path);
-    std::string head(most, '\0');
+std::size_t ReadPiece(std::intptr_t handle, std::int64_t offset, char* into, std::size_t count) {
     std::size_t filled = 0;
-    while (filled < most) {
-        const ssize_t count = read(file.Number, head.data() + filled, most - filled);
-        if (count < 0 && errno == EINTR)
+    while (filled < count) {
+        const ssize_t got = pread(static_cast<int>(handle), into + filled, count - filled,
+                                  offset + static_cast<std::int64_t>(filled));
+        if (got < 0 && errno == EINTR)
             continue;
-        if (count < 0)
-            Raise(errno, HostAction::Read, path);
-        if (count == 0)
+        if (got < 0)
+            throw HostError(errno, HostAction::Read, "");
+        if (got == 0)
             break;
-        filled += static_cast<std::size_t>(count);
+        filled += static_cast<std::size_t>(got);
     }
-    head.resize(filled);
-    return head;
+    return filled;
+}
+
+void ClosePieces(std::intptr_t handle) {
+    close(static_cast<int>(handle));
+}
+
+std::string ChangeMark(const std::string& path) {
+    struct stat info {};
+    if (stat(path.c_str(), &info) != 0) {
+        if (errno == ENOENT || errno == ENOTDIR)
+            return "";
+        Raise(errno, HostAction::Read, path);
+    }
+    std::string mark;
+    for (const auto part : {static_cast<long long>(info.st_dev), static_cast<long long>(info.st_ino),
+                            static_cast<long long>(info.st_size), static_cast<long long>(info.st_mtim.tv_sec),
+                            static_cast<long long>(info.st_mtim.tv_nsec)})
+        mark += std::to_string(part) + " ";
+    return mark;
+}
+
+bool MayReplace(const std::string& path) {
+    const bool exists = faccessat(AT_FDCWD, path.c_str(), F_OK, AT_EACCESS) == 0;
+    if (exists && faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0)
+        return false;
+    // The new file is written beside the old one and takes its name.
+    return faccessat(AT_FDCWD, ParentOf(path).c_str(), W_OK | X_OK, AT_EACCESS) == 0;
 }
 
 void AppendFile(const std::string& path, std::string_view content) {

@@ -11,7 +11,6 @@
 #include <ctime>
 #include <filesystem>
 
-#include "core/FileGlance.h"
 #include "core/Host.h"
 #include "core/HostError.h"
 #include "core/OutsideProgram.h"
@@ -203,42 +202,71 @@ std::string ReadFile(const std::string& path) {
     return content;
 }
 
-std::string FileStamp(const std::string& path) {
-    const HANDLE file = CreateFileW(Wide(path).c_str(), FILE_READ_ATTRIBUTES,
-                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
-        return "";
-    BY_HANDLE_FILE_INFORMATION info{};
-    const BOOL known = GetFileInformationByHandle(file, &info);
-    CloseHandle(file);
-    std::string stamp;
-    for (const DWORD part :
-         {info.dwVolumeSerialNumber, info.nFileIndexHigh, info.nFileIndexLow, info.nFileSizeHigh,
-          info.nFileSizeLow, info.ftLastWriteTime.dwHighDateTime, info.ftLastWriteTime.dwLowDateTime})
-        stamp += std::to_string(part) + ' ';
-    return known != 0 ? stamp : "";
-}
-
-std::string FileHead(const std::string& path, std::size_t most) {
-    const HANDLE file = CreateFileW(Wide(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+std::intptr_t OpenPieces(const std::string& path) {
+    // Others may go on writing, replacing and renaming the file.
+    const HANDLE file =
+        CreateFileW(Wide(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         RaiseLast(HostAction::Read, path);
-    std::string head(most, '\0');
-    std::size_t filled = 0;
-    DWORD count = 1;
-    BOOL read = TRUE;
-    while (filled < most && count > 0 && read != 0) {
-        read = ::ReadFile(file, head.data() + filled, static_cast<DWORD>(most - filled), &count, nullptr);
-        filled += read != 0 ? count : 0;
-    }
-    const DWORD failure = GetLastError();
+    if (GetFileType(file) == FILE_TYPE_DISK)
+        return reinterpret_cast<std::intptr_t>(file);
     CloseHandle(file);
-    if (read == 0)
-        throw HostError(ErrnoOf(failure), HostAction::Read, path);
-    head.resize(filled);
-    return head;
+    throw HostError(EISDIR, HostAction::Read, path);
+}
+
+std::size_t ReadPiece(std::intptr_t handle, std::int64_t offset, char* into, std::size_t count) {
+    std::size_t filled = 0;
+    while (filled < count) {
+        const std::int64_t place = offset + static_cast<std::int64_t>(filled);
+        OVERLAPPED where{};
+        where.Offset = static_cast<DWORD>(place & 0xFFFFFFFF);
+        where.OffsetHigh = static_cast<DWORD>(place >> 32);
+        const DWORD wanted = static_cast<DWORD>(count - filled < (1u << 30) ? count - filled : (1u << 30));
+        DWORD got = 0;
+        if (::ReadFile(HandleOf(handle), into + filled, wanted, &got, &where) == 0) {
+            if (GetLastError() == ERROR_HANDLE_EOF)
+                break;
+            RaiseLast(HostAction::Read, "");
+        }
+        if (got == 0)
+            break;
+        filled += got;
+    }
+    return filled;
+}
+
+void ClosePieces(std::intptr_t handle) {
+    CloseHandle(HandleOf(handle));
+}
+
+std::string ChangeMark(const std::string& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (GetFileAttributesExW(Wide(path).c_str(), GetFileExInfoStandard, &data) == 0) {
+        const int code = ErrnoOf(GetLastError());
+        if (code == ENOENT || code == ENOTDIR || code == EINVAL)
+            return "";
+        throw HostError(code, HostAction::Read, path);
+    }
+    std::string mark;
+    for (const DWORD part : {data.nFileSizeHigh, data.nFileSizeLow, data.ftLastWriteTime.dwHighDateTime,
+                             data.ftLastWriteTime.dwLowDateTime, data.ftCreationTime.dwHighDateTime,
+                             data.ftCreationTime.dwLowDateTime})
+        mark += std::to_string(part) + " ";
+    return mark;
+}
+
+bool MayReplace(const std::string& path) {
+    const DWORD attributes = GetFileAttributesW(Wide(path).c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
+        return false;
+    // What the folder's rights say is known only by trying: a file that goes when it is closed.
+    const HANDLE probe = CreateFileW((Wide(path) + L".dv~").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                     FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    if (probe == INVALID_HANDLE_VALUE)
+        return GetLastError() == ERROR_FILE_EXISTS;
+    CloseHandle(probe);
+    return true;
 }
 
 void AppendFile(const std::string& path, std::string_view content) {

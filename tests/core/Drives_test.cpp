@@ -53,6 +53,48 @@ TEST_F(DrivesTest, FindsNamesIgnoringCase) {
     EXPECT_EQ(Drives::ReadFile("D:\\data\\north\\LEVEL.RES"), "x");
 }
 
+TEST_F(DrivesTest, ReadsAFileInPieces) {
+    PutFile("D:\\LONG.TXT", "0123456789");
+    const Drives::PiecewiseFile file("D:\\long.txt");
+    EXPECT_EQ(file.Length(), 10);
+    EXPECT_EQ(file.Read(3, 4), "3456");
+    EXPECT_EQ(file.Read(8, 4), "89");
+    EXPECT_EQ(file.Read(10, 4), "");
+    Drives::WriteFile("D:\\LONG.TXT", "another");
+    EXPECT_EQ(file.Read(0, 20), "0123456789");  // what was opened, not what has its name now
+    EXPECT_EQ(NumberRaised([] { Drives::PiecewiseFile("D:\\NONE.TXT"); }), FileNotFound);
+    EXPECT_EQ(NumberRaised([] { Drives::PiecewiseFile("D:\\"); }), PathFileAccess);
+}
+
+TEST_F(DrivesTest, MarksEveryChangeOfAFile) {
+    EXPECT_EQ(Drives::ChangeMark("D:\\A.TXT"), "");
+    PutFile("D:\\A.TXT", "one");
+    const std::string mark = Drives::ChangeMark("D:\\A.TXT");
+    EXPECT_NE(mark, "");
+    EXPECT_EQ(Drives::ChangeMark("D:\\a.txt"), mark);
+    Drives::WriteFile("D:\\A.TXT", "two");  // as long as before, and within the same second
+    EXPECT_NE(Drives::ChangeMark("D:\\A.TXT"), mark);
+}
+
+TEST_F(DrivesTest, KnowsWhatMayBeReplaced) {
+    PutFile("D:\\OPEN\\MINE.TXT", "x");
+    PutFile("D:\\OPEN\\LOCKED.TXT", "x");
+    PutFile("D:\\SHUT\\MINE.TXT", "x");
+    chmod(Drives::HostPath("D:\\OPEN\\").c_str(), 0777);
+    chmod(Drives::HostPath("D:\\OPEN\\MINE.TXT").c_str(), 0666);
+    chmod(Drives::HostPath("D:\\OPEN\\LOCKED.TXT").c_str(), 0444);
+    chmod(Drives::HostPath("D:\\SHUT\\").c_str(), 0755);
+    chmod(Drives::HostPath("D:\\SHUT\\MINE.TXT").c_str(), 0666);
+    AsNobody([] {
+        EXPECT_TRUE(Drives::MayReplace("D:\\OPEN\\MINE.TXT"));
+        EXPECT_TRUE(Drives::MayReplace("D:\\OPEN\\NEW.TXT"));
+        EXPECT_FALSE(Drives::MayReplace("D:\\OPEN\\LOCKED.TXT"));
+        EXPECT_FALSE(Drives::MayReplace("D:\\SHUT\\MINE.TXT"));
+        EXPECT_FALSE(Drives::MayReplace("D:\\SHUT\\NEW.TXT"));
+    });
+    EXPECT_FALSE(Drives::MayReplace("D:\\NONE\\NEW.TXT"));
+}
+
 TEST_F(DrivesTest, PrefersTheNameSpelledAlike) {
     std::filesystem::create_directories(Site.HostFolder() + "d:");
     std::ofstream(Site.HostFolder() + "d:/A.TXT") << "upper";
