@@ -5,6 +5,7 @@
 #include "core/Globals.h"
 #include "core/Host.h"
 #include "core/ProfileStore.h"
+#include "core/ProgramPath.h"
 #include "core/ReportError.h"
 #include "core/Text.h"
 
@@ -180,7 +181,7 @@ std::string StripAtNul(std::string_view text) {
 }
 
 GeneralEditor ReadGeneralEditor() {
-    return {IniReadString("dv_tarvex.ini", "General Editor", "Path"),
+    return {ExpandAppPath(IniReadString("dv_tarvex.ini", "General Editor", "Path")),
             IniReadString("dv_tarvex.ini", "General Editor", "Name")};
 }
 

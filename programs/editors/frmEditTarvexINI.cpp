@@ -7,6 +7,7 @@
 
 #include "core/Desktop.h"
 #include "core/Globals.h"
+#include "core/ProgramPath.h"
 #include "core/ReportError.h"
 #include "core/basGeneral.h"
 #include "core/widgets/Pictures.h"
@@ -47,7 +48,7 @@ frmEditTarvexINI::frmEditTarvexINI()
     Form->txtEditorName->setText(ToScreen(Former.EditorName));
     const auto showEditor = [this] {
         const std::string editor = FromScreen(Form->txtEditorPath->text() + Form->txtEditorName->text());
-        Form->lblEditorState->setText(FileExists(editor) ? tr("exists") : tr("missing"));
+        Form->lblEditorState->setText(FileExists(ExpandAppPath(editor)) ? tr("exists") : tr("missing"));
     };
     connect(Form->txtEditorPath, &QLineEdit::textChanged, this, showEditor);
     connect(Form->txtEditorName, &QLineEdit::textChanged, this, showEditor);
@@ -117,7 +118,8 @@ void frmEditTarvexINI::cmdMake_Click(std::size_t index) {
 void frmEditTarvexINI::cmdBrowseEditor_Click() {
     Guarded("frmEditTarvexINI-cmdBrowseEditor_Click", [&](Guard&) {
         const std::optional<std::string> file = TheDesktop().AskFile(
-            {.Title = "General Editor Selection", .Folder = FromScreen(Form->txtEditorPath->text())});
+            {.Title = "General Editor Selection",
+             .Folder = ExpandAppPath(FromScreen(Form->txtEditorPath->text()))});
         if (!file)
             return;
         std::string folder;

@@ -250,6 +250,20 @@ TEST_F(General, ACommandLineIsTakenApartAtTheFirstProgramThatExists) {
     EXPECT_EQ(command.Arguments[1], "B.TXT");
 }
 
+TEST_F(General, TheGeneralEditorMayLieInTheProgramsOwnFolder) {
+    const auto editor = [](const std::string& path, const std::string& name) {
+        PutLines("C:\\WINDOWS\\dv_tarvex.ini", {"[General Editor]", "Path=" + path, "Name=" + name});
+        return ReadGeneralEditor().Program();
+    };
+    EXPECT_EQ(editor("%AppPath%Programs\\", "edittext.exe"), "P:\\DORVANE\\Programs\\edittext.exe");
+    EXPECT_EQ(editor("%apppath%", "x.exe"), "P:\\DORVANE\\x.exe");
+    // The values of a site stay as they are, joined without anything between.
+    EXPECT_EQ(editor("C:\\ED", "IT.EXE"), "C:\\EDIT.EXE");
+    EXPECT_EQ(editor("C:\\%AppPath%\\", "ed.exe"), "C:\\%AppPath%\\ed.exe");
+    EXPECT_EQ(editor("", "%AppPath%"), "%AppPath%");
+    EXPECT_EQ(editor("", ""), "");
+}
+
 TEST_F(General, ACommandLineMayQuoteItsProgram) {
     const CommandLine command = SplitCommandLine("\"D:\\My P\\X.EXE\" dv_special.ini");
     EXPECT_EQ(command.Program, "D:\\My P\\X.EXE");
