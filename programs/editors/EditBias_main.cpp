@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/Globals.h"
-#include "programs/editors/EditorProgram.h"
 #include "programs/editors/frmEditBias.h"
+#include "programs/window/EditorProgram.h"
 
 using namespace Dorvane;
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "programs/editors/EditorProgram.h"
 #include "programs/editors/frmEditTarvexINI.h"
+#include "programs/window/EditorProgram.h"
 
 int main(int count, char** arguments) {
     return Dorvane::RunEditor(count, arguments, "EditTarvexINI",

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/Globals.h"
-#include "programs/editors/ArgumentPath.h"
-#include "programs/editors/EditorProgram.h"
 #include "programs/editors/frmEditInp.h"
+#include "programs/window/ArgumentPath.h"
+#include "programs/window/EditorProgram.h"
 
 using namespace Dorvane;
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "programs/editors/EditorProgram.h"
 #include "programs/editors/frmUtilities.h"
+#include "programs/window/EditorProgram.h"
 
 // utilities.exe PROFILE: the launcher of what a profile lists, by its bare name; dv_special.ini without one.
 int main(int count, char** arguments) {

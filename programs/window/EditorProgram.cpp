@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "programs/editors/EditorProgram.h"
+#include "programs/window/EditorProgram.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -28,9 +28,8 @@ void FindTheProgram() {
         QApplication::setWindowIcon(LoadPicture("dorvane.svg"));
 }
 
-}  // namespace
-
-int RunEditor(int& count, char** arguments, const char* name, const std::function<ScreenDialog*()>& open) {
+template <class Window>
+int Run(int& count, char** arguments, const char* name, const std::function<Window*()>& open) {
     if (count == 2 && std::string_view(arguments[1]) == "--version") {
         QTextStream(stdout) << name << ' ' << QString::fromStdString(ProgramVersion()) << '\n';
         return EXIT_SUCCESS;
@@ -39,18 +38,28 @@ int RunEditor(int& count, char** arguments, const char* name, const std::functio
     QApplication::setOrganizationName(QStringLiteral("Dorvane"));
     QApplication::setApplicationName(QStringLiteral("Dorvane"));
     const QtDesktop desktop;
-    QPointer<ScreenDialog> window;
+    QPointer<Window> window;
     Guarded(std::string(name) + "-Main", [&](Guard&) {
         FindTheProgram();
         window = open();
     });
     if (window.isNull())
         return EXIT_FAILURE;
-    QObject::connect(window, &ScreenDialog::Unloaded, &application, &QApplication::quit);
+    QObject::connect(window, &Window::Unloaded, &application, &QApplication::quit);
     window->show();
     const int result = QApplication::exec();
     delete window;
     return result;
+}
+
+}  // namespace
+
+int RunEditor(int& count, char** arguments, const char* name, const std::function<ScreenDialog*()>& open) {
+    return Run(count, arguments, name, open);
+}
+
+int RunEditor(int& count, char** arguments, const char* name, const std::function<Screen*()>& open) {
+    return Run(count, arguments, name, open);
 }
 
 bool HasInitPath() {

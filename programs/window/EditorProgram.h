@@ -13,6 +13,7 @@ namespace Dorvane {
 /// told that there is none; the program ends with it. "--version" tells the name and the version, and that is
 /// all. The result is the exit code.
 int RunEditor(int& count, char** arguments, const char* name, const std::function<ScreenDialog*()>& open);
+int RunEditor(int& count, char** arguments, const char* name, const std::function<Screen*()>& open);
 
 /// True when the profile names a folder of structure files that exists; else a message says that there is
 /// none.

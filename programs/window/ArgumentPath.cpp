@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "programs/editors/ArgumentPath.h"
+#include "programs/window/ArgumentPath.h"
 
 #include "core/Drives.h"
+#include "core/Host.h"
 #include "core/Text.h"
 
 namespace Dorvane {
@@ -20,7 +21,10 @@ std::string ArgumentPath(int count, const char* const* arguments) {
         path += (i == 1 ? "" : " ") + std::string(arguments[i]);
     if (path.empty())
         return "";
-    return IsDrivePath(path) ? TextFromUtf8(path) : Drives::DrivePath(path);
+    if (IsDrivePath(path))
+        return TextFromUtf8(path);
+    const bool isWhole = Host::PathsAreDrivePaths() || path.front() == '/';
+    return Drives::DrivePath(isWhole ? path : Host::WorkingFolder() + "/" + path);
 }
 
 }  // namespace Dorvane
