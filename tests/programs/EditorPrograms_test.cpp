@@ -45,6 +45,8 @@ struct EditorPrograms : testing::TestWithParam<const char*> {
         const std::string tool = GetParam();
         if (tool == "editinp")
             return Drives::HostPath("D:\\TARVEX\\NET.INP");
+        if (tool == "edittext")
+            return Drives::HostPath("C:\\WINDOWS\\dv_tarvex.ini");
         return tool == "editpar" ? Drives::HostPath("D:\\TARVEX\\NET.PAR") : "";
     }
 
@@ -94,6 +96,6 @@ TEST_P(EditorPrograms, ComesUpAndRunsUntilItIsEnded) {
 
 INSTANTIATE_TEST_SUITE_P(Tools, EditorPrograms,
                          testing::Values("EditTarvexINI", "EditChoice", "EditCalib", "EditBias", "utilities",
-                                         "editinp", "editpar"));
+                                         "editinp", "editpar", "edittext"));
 
 }  // namespace Dorvane::Testing

@@ -12,6 +12,7 @@
 #include "core/Globals.h"
 #include "core/basGeneral.h"
 #include "datatree/DirectoryTree.h"
+#include "programs/edittext/frmEditText.h"
 #include "tests/support/ScreenTest.h"
 #include "tests/support/TestSite.h"
 #include "tests/tour/Tour.h"
@@ -115,6 +116,20 @@ void Adjustment(PictureBook& book, AppNavigator& navigator) {
     Click(PictureBook::Visible("frmVarn"), "cmdHome");
 }
 
+// The listing as the text editor shows it.
+void Listing(PictureBook& book) {
+    frmEditText editor(OpenTextFile(std::string(Project) + "FIRST.OUT", false));
+    editor.show();
+    auto& headings = Control<QListWidget>(editor, "lstSections");
+    if (!QTest::qWaitFor([&] { return headings.count() > 0; }, 60000))
+        throw std::runtime_error("the listing has no headings");
+    ClickItem(editor, "lstSections", "Solution");
+    book.Shoot(editor, "frmEditText");
+    Choose(editor, "mnuReplace");
+    book.Shoot(editor, "frmEditText-replace");
+    book.ShootMenu(editor, "mnuSearch", "frmEditText-search");
+}
+
 void Database(PictureBook& book, AppNavigator& navigator) {
     navigator.OpenDatabase();
     Click(book.Shoot("frmDbOption"), "cmdRetrieve");
@@ -140,6 +155,7 @@ void WalkSecondHalf(PictureBook& book, AppNavigator& navigator) {
     Reduction(book, navigator);
     Input(book, navigator);
     Adjustment(book, navigator);
+    Listing(book);
     Database(book, navigator);
 }
 
