@@ -129,8 +129,8 @@ TEST_F(ShippedSite, AnswersTheStartUp) {
     EXPECT_EQ(IniReadString("dv_tarvex.ini", "Tarvex Info", "Editor_type"), "1");
     // The reduction screen asks CALIB.PTH by that fixed name.
     EXPECT_THAT(IniReadString("dv_tarvex.ini", "Tarvex Info", "Calib_path"), EndsWith("\\CALIB\\"));
-    EXPECT_THAT(IniReadString("dv_tarvex.ini", "General Editor", "Path"), EndsWith("\\"));
-    EXPECT_NE(IniReadString("dv_tarvex.ini", "General Editor", "Name"), "");
+    EXPECT_EQ(ReadGeneralEditor().Program(), AppPath() + "Programs\\edittext.exe");
+    EXPECT_TRUE(std::filesystem::exists(DORVANE_PROGRAMS_FOLDER "edittext.exe"));
 }
 
 TEST_F(ShippedSite, NamesTheTenButtons) {

@@ -209,7 +209,6 @@ class WholeRoad : public Workstation, public testing::WithParamInterface<int> {
 
     // The real editor is waited for, and the screen goes on when it was closed.
     void EditTheInput() {
-        IniWriteString("dv_tarvex.ini", "General Editor", "Name", "env");  // any that is there
         QWidget& varn = Screen("frmVarn");
         Control<QCheckBox>(varn, "chkInputFile").click();
         AwaitedProgram editor("editinp.exe");
