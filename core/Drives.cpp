@@ -297,8 +297,14 @@ std::int64_t FileLength(std::string_view path) {
     return entry.Size;
 }
 
-PiecewiseFile::PiecewiseFile(std::string_view path)
-    : Bytes(FileLength(path)), Handle(Host::OpenPieces(HostPath(path))) {}
+PiecewiseFile::PiecewiseFile(std::string_view path) : Handle(Host::OpenPieces(HostPath(path))) {
+    try {
+        Bytes = FileLength(path);
+    } catch (...) {
+        Host::ClosePieces(Handle);
+        throw;
+    }
+}
 
 PiecewiseFile::~PiecewiseFile() {
     Host::ClosePieces(Handle);

@@ -80,7 +80,7 @@ class PiecewiseFile {
     std::string Read(std::int64_t offset, std::size_t count) const;
 
   private:
-    std::int64_t Bytes;
+    std::int64_t Bytes = 0;
     std::intptr_t Handle;
 };
 
