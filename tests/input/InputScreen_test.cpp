@@ -95,13 +95,13 @@ TEST_F(InputScreenTest, AResultFileIsNotStartedItselfWithoutAnEditor) {
     InputScreen screen = OpenScreen();
     AddTreeFolder(screen.trvInput, "Laser", Folder);
     Desktop.ExpectMessageTitled("Edit Result File(s)", Answer::Yes);
-    ClickInputNode(screen, Folder);  // a folder without result files has nothing to edit
+    ClickInputNode(screen, Services(), Folder);  // a folder without result files has nothing to edit
 
     PutFile(Folder + "A.RES", "");
     PutFile(Folder + "B.RES", "");
     Desktop.ExpectMessageTitled("Edit Result File(s)", Answer::Yes);
     Desktop.ExpectMessage("Editor Not Found", "Editor not found in INI file.  Can not edit file.");
-    ClickInputNode(screen, Folder);
+    ClickInputNode(screen, Services(), Folder);
     EXPECT_TRUE(Desktop.Started.empty());
 }
 
