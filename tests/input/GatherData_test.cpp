@@ -196,6 +196,17 @@ TEST_F(GatherDataTest, AnAngleTypeAppendsEveryAngleTwiceWhenBothFilesArePresent)
     EXPECT_EQ(Model().Points[1].HangCount, 2);
 }
 
+TEST_F(GatherDataTest, AnglesOfOneFolderAreNotPairedWithDistancesOfTheNext) {
+    PutLines(Folder + "REDIR.RES", {"S", "P1 10", "QUIT"});
+    PutLines(Folder + "ZENITH.RES", {"S", "P1 90", "QUIT"});
+    PutLines("D:\\TWO\\DIST.RES", {"S P1 4.5"});
+    Add("Totalstation");
+    Add("Totalstation", "D:\\TWO\\");
+    Gather();
+    EXPECT_EQ(Model().TotalSets[1].Count(), 0);
+    EXPECT_EQ(Model().Points.Count(), 0);
+}
+
 TEST_F(GatherDataTest, DistancesReadForATotalTypeClearTheCurrentCount) {
     PutLines(Folder + "TOTAL.RES", {"S P1 10 90 4.5"});
     PutLines(Folder + "DIST.RES", {"S P1 4.5"});
