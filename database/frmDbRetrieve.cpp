@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/frmDbRetrieve.h"
 
-
 #include "core/Globals.h"
 #include "core/ReportError.h"
 #include "core/basGeneral.h"

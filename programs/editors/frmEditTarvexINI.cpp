@@ -117,9 +117,9 @@ void frmEditTarvexINI::cmdMake_Click(std::size_t index) {
 
 void frmEditTarvexINI::cmdBrowseEditor_Click() {
     Guarded("frmEditTarvexINI-cmdBrowseEditor_Click", [&](Guard&) {
-        const std::optional<std::string> file = TheDesktop().AskFile(
-            {.Title = "General Editor Selection",
-             .Folder = ExpandAppPath(FromScreen(Form->txtEditorPath->text()))});
+        const std::optional<std::string> file =
+            TheDesktop().AskFile({.Title = "General Editor Selection",
+                                  .Folder = ExpandAppPath(FromScreen(Form->txtEditorPath->text()))});
         if (!file)
             return;
         std::string folder;
