@@ -215,6 +215,13 @@ TEST(ReadGsiLevelBook, TakesNumbersAsTurningPointsButForTheEndsOfALine) {
     EXPECT_FALSE(line.SetUps[1].Fore.TurningPoint);
 }
 
+TEST(ReadGsiLevelBook, TakesANumberAtTheHeadOfALineAsAMark) {
+    const LevelBook book =
+        Gsi("410001+?......1\r\n110002+00000101 331.08+00150000\r\n110003+0000000B 332.08+00100000\r\n");
+    EXPECT_EQ(book.Lines[0].SetUps[0].Back.Point, "101");
+    EXPECT_FALSE(book.Lines[0].SetUps[0].Back.TurningPoint);
+}
+
 TEST(ReadGsiLevelBook, BeginsALineAtTheMethodCode) {
     const LevelBook book =
         Gsi("410001+?......1\r\n110002+0000000A 331.08+00150000\r\n110003+0000000B 332.08+00100000\r\n"

@@ -172,6 +172,17 @@ TEST(WorkOutSetUp, NamesFacesThatDisagree) {
     EXPECT_THAT(all, HasSubstr("C disagree in distance by -20.0 mm"));
 }
 
+TEST(WorkOutSetUp, NamesNoFacesThatDisagreeOnlyByTheInstrumentsErrors) {
+    // Collimation 0.05 gon and index 0.05 gon in both pairs.
+    std::vector<Remark> warnings;
+    const SetUpFrame frame = WorkOutSetUp(Station({At("A", 10.05, 100.05), At("A", 209.95, 300.05),
+                                                   At("B", 20.05, 100.05), At("B", 219.95, 300.05)}),
+                                          warnings);
+    EXPECT_NEAR(frame.Collimation.Mean, 0.05, 1e-6);
+    EXPECT_NEAR(frame.Index.Mean, 0.05, 1e-10);
+    EXPECT_TRUE(warnings.empty());
+}
+
 TEST(WorkOutSetUp, TakesPlumbSights) {
     std::vector<Remark> warnings;
     const SetUpFrame frame = WorkOutSetUp(Station({At("A", 10, 0), At("A", 210, 0)}), warnings);

@@ -148,6 +148,13 @@ TEST_F(SaveUploadStateTest, WritesOnlyFoldersThatExist) {
                                                             "To_path=" + To, "Print=0"}));
 }
 
+TEST_F(SaveUploadStateTest, KeepsTheTargetThatWasStoredWhenTheNewOneIsNotThere) {
+    SaveUploadState(State);
+    State.ToPath = "D:\\GONE\\";
+    SaveUploadState(State);
+    EXPECT_EQ(IniReadString("dv_tarvex.ini", "Upload Select", "To_path"), To);
+}
+
 TEST_F(CopyAnimationTest, TakesTheTypesOwnWhenItIsThere) {
     PutLines("C:\\WINDOWS\\Datatype.ini", {"[LEVEL]", "FileCopy=level.avi"});
     EXPECT_EQ(CopyAnimation("LEVEL"), "filecopy.avi");
