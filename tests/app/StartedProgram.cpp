@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QToolButton>
+#include <algorithm>
 #include <cstdio>
 #include <set>
 #include <stdexcept>
@@ -42,11 +43,20 @@ void Attend(QWidget& window) {
         AttendHome(window);
 }
 
+// The waiting window comes and goes by itself, and what is read under it is guarded.
+bool IsWaiting() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->isVisible() && window->objectName() == "frmSearch";
+    });
+}
+
 void Look() {
     static std::set<const QWidget*> seen;
+    if (IsWaiting())
+        return;
     for (QWidget* window : QApplication::topLevelWidgets())
-        // The waiting window comes and goes by itself.
-        if (window->isVisible() && window->objectName() != "frmSearch" && seen.insert(window).second)
+        if (window->isVisible() && seen.insert(window).second)
             return Attend(*window);
 }
 
