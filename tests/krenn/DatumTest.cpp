@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -187,9 +188,11 @@ TEST(FindDatum, OneGivenPointGivesTheVariancesOfTheBorderedEquations) {
             const Adjustment sparse = Adjust(network, Type::SparseInverse);
             const Adjustment dense = Adjust(network, Type::Dense);
             ASSERT_EQ(sparse.cofactors.point.size(), dense.cofactors.point.size());
+            double size = 0;  // of the largest variance; that of the given point itself may be 0
+            for (const auto& q : dense.cofactors.point)
+                size = std::max({size, q[0], q[2], q[5]});
             for (std::size_t p = 0; p < sparse.cofactors.point.size(); ++p) {
                 const auto& q = dense.cofactors.point[p];
-                const double size = q[0] + q[2] + q[5];
                 for (std::size_t k = 0; k < q.size(); ++k)
                     EXPECT_NEAR(sparse.cofactors.point[p][k], q[k], 1e-9 * size)
                         << dimension << " dimensions, point " << p << ", entry " << k;
