@@ -38,6 +38,9 @@ class frmVarn : public Screen {
     /// Sets txtInput, the input file to begin with; empty for none. The change does the rest.
     void SetInput(const std::string& path);
 
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
     using Body = std::function<void(Guard&)>;
 
@@ -57,7 +60,6 @@ class frmVarn : public Screen {
     // The run, in frmVarnRun.cpp.
     void ConnectRun();
     void cmdVarn_Click();
-    void Escape();
     void AskToCancel();
     void WhileRunning();
     VarnRunView RunView();

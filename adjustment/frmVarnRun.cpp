@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The run of the adjustment screen: the button that starts and cancels it, and what shows that it goes on.
 #include <QApplication>
+#include <QKeyEvent>
 #include <QPointer>
-#include <QShortcut>
 #include <algorithm>
 
 #include "adjustment/frmVarn.h"
@@ -20,7 +20,6 @@ constexpr double RunButtonLines = 2.8;
 
 void frmVarn::ConnectRun() {
     connect(Form->cmdVarn, &QPushButton::clicked, this, [this] { cmdVarn_Click(); });
-    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { Escape(); });
 }
 
 // Both pictures of the button, and room for either look and for the animation, so that nothing moves when
@@ -71,11 +70,12 @@ void frmVarn::cmdVarn_Click() {
     });
 }
 
-void frmVarn::Escape() {
-    if (Running)
+// While the package works Escape means to cancel it.
+void frmVarn::keyPressEvent(QKeyEvent* event) {
+    if (!Running || !event->matches(QKeySequence::Cancel))
+        Screen::keyPressEvent(event);
+    else if (!event->isAutoRepeat())
         AskToCancel();
-    else
-        Form->cmdHome->click();
 }
 
 void frmVarn::AskToCancel() {
