@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DriveFileDialog.h"
 
-#include <QAbstractItemView>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QFileSystemModel>
 #include <QHeaderView>
 #include <QLayout>
 #include <QLineEdit>
-#include <QListView>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTreeView>
 
 #include "core/Drives.h"
@@ -21,12 +22,26 @@ namespace {
 
 constexpr int NoValidation = 256;
 
+// "Save DBS File" for the filter "DBS Files(*.dbs)".
+QString DefaultTitle(const FileDialog& dialog) {
+    const QStringList parts = ToScreen(dialog.Filter).split(QLatin1Char('|'));
+    QString kind = parts.value(2 * (dialog.FilterIndex - 1)).section(QLatin1Char('('), 0, 0).trimmed();
+    if (kind.startsWith(QLatin1String("All ")))
+        kind = kind.mid(4);
+    if (kind.endsWith(QLatin1String("Files")))
+        kind.chop(1);
+    if (kind.isEmpty())
+        kind = QStringLiteral("File");
+    const bool save = dialog.Purpose == FileDialog::Kind::Save;
+    return (save ? QStringLiteral("Save ") : QStringLiteral("Open ")) + kind;
+}
+
 QString HostFolder(const std::string& path) {
     return QString::fromStdString(Drives::HostPath(path));
 }
 
 std::string DriveFolder(const QString& hostFolder) {
-    std::string path = Drives::DrivePath(hostFolder.toStdString());
+    std::string path = Drives::DrivePath(QDir::cleanPath(hostFolder).toStdString());
     if (path.empty() || path.back() != '\\')
         path += '\\';
     return path;
@@ -57,16 +72,18 @@ std::string NearestFolder(std::string folder) {
 }  // namespace
 
 DriveFileDialog::DriveFileDialog(const FileDialog& dialog, QWidget* parent)
-    : QFileDialog(parent), NamesNeedNotExist((dialog.Flags & NoValidation) != 0) {
+    : QFileDialog(parent), ChoosesFolder((dialog.Flags & NoValidation) != 0) {
     setOptions(DontUseNativeDialog | DontConfirmOverwrite | HideNameFilterDetails);
-    setWindowTitle(ToScreen(dialog.Title));
+    setWindowTitle(dialog.Title.empty() ? DefaultTitle(dialog) : ToScreen(dialog.Title));
     const bool save = dialog.Purpose == FileDialog::Kind::Save;
     setAcceptMode(save ? AcceptSave : AcceptOpen);
-    setFileMode(save || NamesNeedNotExist ? AnyFile : ExistingFile);
+    setFileMode(ChoosesFolder ? Directory : save ? AnyFile : ExistingFile);
     SetUpDrives();
     SetUpFilters(dialog);
     SetUpFolderList();
     SetUpRoom();
+    if (ChoosesFolder)
+        SetUpFolderChoice();
     GoToStart(dialog);
 }
 
@@ -120,8 +137,39 @@ void DriveFileDialog::SetUpRoom() {
     if (auto* list = findChild<QTreeView*>(QStringLiteral("treeView"))) {
         constexpr int Name = 0;
         constexpr int Date = 3;
+        list->sortByColumn(Name, Qt::AscendingOrder);
         list->header()->resizeSection(Name, letter * 46);
         list->header()->resizeSection(Date, letter * 28);
+    }
+}
+
+// Files are told from folders by their grey: no name of a file matches.
+void DriveFileDialog::SetUpFolderChoice() {
+    if (auto* files = findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"))) {
+        files->setNameFilters({QStringLiteral("/")});
+        files->setNameFilterDisables(true);
+    }
+    for (const char* name : {"fileTypeLabel", "fileTypeCombo"})
+        if (auto* control = findChild<QWidget*>(QLatin1String(name)))
+            control->hide();
+    setLabelText(FileName, tr("&Folder:"));
+    setLabelText(Accept, tr("&Choose"));
+    // The toolkit does not know drive paths: it would complete them wrongly and switch the button off.
+    const auto* field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    disconnect(field, &QLineEdit::textChanged, this, nullptr);
+    connect(field, &QLineEdit::textChanged, this, [this] {
+        if (auto* buttons = findChild<QDialogButtonBox*>(QStringLiteral("buttonBox")))
+            buttons->button(QDialogButtonBox::Open)->setEnabled(true);
+    });
+    // The toolkit empties the field when it has entered a folder.
+    connect(
+        this, &QFileDialog::directoryEntered, this, [this] { ShowChosenFolder(); }, Qt::QueuedConnection);
+}
+
+void DriveFileDialog::ShowChosenFolder() {
+    if (auto* field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+        field->setText(ToScreen(DriveFolder(directory().absolutePath())));
+        field->selectAll();
     }
 }
 
@@ -146,6 +194,8 @@ void DriveFileDialog::GoToStart(const FileDialog& dialog) {
         field->selectAll();
         field->setFocus();
     }
+    if (ChoosesFolder)
+        ShowChosenFolder();
 }
 
 void DriveFileDialog::ShowFolder() {
@@ -165,23 +215,6 @@ void DriveFileDialog::ShowFolder() {
     Folders->setCurrentIndex(0);
 }
 
-// True when a marked folder was entered.
-bool DriveFileDialog::EnterMarkedFolder() {
-    const auto* view = findChild<QListView*>(QStringLiteral("listView"));
-    if (view == nullptr || view->selectionModel() == nullptr)
-        return false;
-    const QModelIndexList marked = view->selectionModel()->selectedRows();
-    if (marked.size() != 1)
-        return false;
-    const QString path = marked.first().data(QFileSystemModel::FilePathRole).toString();
-    if (!QFileInfo(path).isDir())
-        return false;
-    setDirectory(path);
-    emit directoryEntered(path);
-    view->selectionModel()->clear();
-    return true;
-}
-
 QString DriveFileDialog::HostNameOf(const QString& typed) const {
     std::string path = FromScreen(typed);
     const bool hasDrive = path.size() >= 2 && path[1] == ':';
@@ -199,13 +232,25 @@ QString DriveFileDialog::HostNameOf(const QString& typed) const {
     }
 }
 
+void DriveFileDialog::ChooseFolder(const QString& typed) {
+    const QString host = typed.isEmpty() ? directory().absolutePath() : HostNameOf(typed);
+    if (QFileInfo(host).isDir()) {
+        ChosenFolder = DriveFolder(host);
+        return QDialog::accept();
+    }
+    QMessageBox box(QMessageBox::Warning, windowTitle(), typed + tr("\nThere is no such folder."),
+                    QMessageBox::Ok, this);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
 void DriveFileDialog::accept() {
     auto* field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (ChoosesFolder)
+        return ChooseFolder(field == nullptr ? QString() : field->text());
     if (field == nullptr || field->text().isEmpty())
         return QFileDialog::accept();
     const QString typed = field->text();
-    if (NamesNeedNotExist && typed == Proposed && EnterMarkedFolder())
-        return;
     const QString host = HostNameOf(typed);
     if (QFileInfo(host).isDir()) {
         setDirectory(host);
@@ -220,6 +265,8 @@ void DriveFileDialog::accept() {
 }
 
 std::string DriveFileDialog::ChosenPath() const {
+    if (ChoosesFolder)
+        return ChosenFolder + FromScreen(Proposed);
     const QStringList files = selectedFiles();
     return files.isEmpty() ? "" : Drives::DrivePath(files.first().toStdString());
 }

@@ -13,9 +13,9 @@ class QComboBox;
 namespace Dorvane {
 
 /// A file dialog that speaks drive paths: drives at its side, the drive path of the folder at its top, and
-/// names typed with or without a drive, found ignoring case. With flag 256 it picks a folder, too: the
-/// proposed name need not exist, and the button goes into a folder that is marked before it takes the one
-/// that is open.
+/// names typed with or without a drive, found ignoring case. With flag 256 it chooses a folder: the files are
+/// shown and cannot be chosen, and the answer is the proposed name in the chosen folder. Without a title it
+/// bears one made of its purpose and its filter.
 class DriveFileDialog : public QFileDialog {
     Q_OBJECT
 
@@ -23,7 +23,8 @@ class DriveFileDialog : public QFileDialog {
     DriveFileDialog(const FileDialog& dialog, QWidget* parent);
     ~DriveFileDialog() override;
 
-    /// The chosen file's drive path, once the dialog was accepted.
+    /// The drive path of the chosen file, or of the proposed name in the chosen folder, once the dialog was
+    /// accepted.
     std::string ChosenPath() const;
 
   protected:
@@ -36,11 +37,14 @@ class DriveFileDialog : public QFileDialog {
     void SetUpRoom();
     void GoToStart(const FileDialog& dialog);
     void ShowFolder();
-    bool EnterMarkedFolder();
+    void SetUpFolderChoice();
+    void ShowChosenFolder();
+    void ChooseFolder(const QString& typed);
     QString HostNameOf(const QString& typed) const;
 
-    bool NamesNeedNotExist;
+    bool ChoosesFolder;
     QString Proposed;
+    std::string ChosenFolder;
     QComboBox* Folders = nullptr;
     QList<QUrl> FormerSides;
 };

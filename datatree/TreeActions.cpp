@@ -19,6 +19,7 @@ namespace {
 std::string AskCopyTarget(const std::string& file) {
     FileDialog dialog;
     dialog.Purpose = FileDialog::Kind::Save;
+    dialog.Title = "Copy File To";
     dialog.Folder = Global().Temp_path;
     dialog.FileName = file;
     dialog.Filter = "All Files (*.*)|*.*";

@@ -81,6 +81,7 @@ void BrowseUserDbFile(std::vector<ListEntry>& list) {
             return;
         }
         FileDialog dialog;
+        dialog.Title = "Open Coordinate File";
         dialog.Filter = "All Files (*.*)|*.*|Dbase Files(*.bdd;*.dbs)|*.bdd;*.dbs|Text Files (*.txt)|*.txt|";
         const std::optional<std::string> file = TheDesktop().AskFile(dialog);
         if (!file || file->empty())

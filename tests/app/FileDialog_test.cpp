@@ -235,26 +235,102 @@ TEST_F(FileDialogs, GoIntoAFolderThatIsTyped) {
     Screen.AskFile(Open());
 }
 
-TEST_F(FileDialogs, PickTheFolderInWhichTheyStandByTheProposedName) {
+TEST_F(FileDialogs, ChooseTheFolderInWhichTheyStand) {
     Hands.ExpectFile("Pick", "");
     EXPECT_EQ(BrowseForFolder("D:\\DATA\\", "ReducePath", "Pick"), "D:\\DATA\\");
-    EXPECT_EQ(Hands.Proposed, std::vector<std::string>{"ReducePath"});
+    EXPECT_EQ(Hands.Proposed, std::vector<std::string>{"D:\\DATA\\"});
+    FileDialog dialog = Open();
+    dialog.FileName = "ReducePath";
+    dialog.Flags = 256;
+    Hands.ExpectFile("Open it", "");
+    EXPECT_EQ(Screen.AskFile(dialog), "D:\\DATA\\ReducePath");
 }
 
-TEST_F(FileDialogs, PickAFolderWalkedInto) {
+TEST_F(FileDialogs, ChooseAFolderThatIsMarked) {
     Hands.ExpectDialog("Pick", [](QWidget& box) {
         Mark(box, "SUB");
-        EXPECT_EQ(Control<QLineEdit>(box, "fileNameEdit").text(), QStringLiteral("ReducePath"));
-        PressButton(box);  // goes into the marked folder
-        ASSERT_TRUE(box.isVisible());
-        EXPECT_EQ(FromScreen(Control<QComboBox>(box, "cmbFolders").currentText()), "D:\\DATA\\SUB\\");
+        EXPECT_EQ(Control<QLineEdit>(box, "fileNameEdit").text(), QStringLiteral("SUB"));
+        PressButton(box);
+        EXPECT_FALSE(box.isVisible());
+    });
+    EXPECT_EQ(BrowseForFolder("D:\\DATA\\", "ReducePath", "Pick"), "D:\\DATA\\SUB\\");
+}
+
+TEST_F(FileDialogs, ChooseAFolderWalkedInto) {
+    Hands.ExpectDialog("Pick", [](QWidget& box) {
         auto& list = Control<QListView>(box, "listView");
+        emit list.activated(Item(box, "SUB"));
+        EXPECT_EQ(FromScreen(Control<QComboBox>(box, "cmbFolders").currentText()), "D:\\DATA\\SUB\\");
         emit list.activated(Item(box, "DEEP"));
-        EXPECT_EQ(FromScreen(Control<QComboBox>(box, "cmbFolders").currentText()), "D:\\DATA\\SUB\\DEEP\\");
-        EXPECT_EQ(Control<QLineEdit>(box, "fileNameEdit").text(), QStringLiteral("ReducePath"));
+        HandleEvents();
+        EXPECT_EQ(FromScreen(Control<QLineEdit>(box, "fileNameEdit").text()), "D:\\DATA\\SUB\\DEEP\\");
         PressButton(box);
     });
     EXPECT_EQ(BrowseForFolder("D:\\DATA\\", "ReducePath", "Pick"), "D:\\DATA\\SUB\\DEEP\\");
+}
+
+TEST_F(FileDialogs, ChooseAFolderThatIsTyped) {
+    for (const auto& [typed, folder] :
+         {std::pair{"sub", "D:\\DATA\\SUB\\"}, std::pair{"SUB\\deep\\", "D:\\DATA\\SUB\\DEEP\\"},
+          std::pair{"c:\\temp", "C:\\TEMP\\"}, std::pair{"C:", "C:\\"}, std::pair{"\\DATA", "D:\\DATA\\"}}) {
+        Hands.ExpectFile("Pick", typed);
+        EXPECT_EQ(BrowseForFolder("D:\\DATA\\", "ReducePath", "Pick"), folder) << typed;
+    }
+}
+
+TEST_F(FileDialogs, ChooseNoFileAndNoFolderThatIsNotThere) {
+    for (const char* typed : {"NONE", "A.INP"}) {
+        Hands.ExpectDialog("Pick", [&](QWidget& box) {
+            auto& field = Control<QLineEdit>(box, "fileNameEdit");
+            field.clear();
+            QTest::keyClicks(&field, typed);
+            Hands.ExpectDialog("Pick", [](QWidget& message) { QTest::keyClick(&message, Qt::Key_Escape); });
+            QTest::keyClick(&field, Qt::Key_Return);
+            EXPECT_TRUE(box.isVisible());
+            EXPECT_EQ(field.text(), QLatin1String(typed));
+            QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        EXPECT_EQ(BrowseForFolder("D:\\DATA\\", "ReducePath", "Pick"), "");
+    }
+}
+
+TEST_F(FileDialogs, ShowFilesBesideTheFoldersWithoutLettingThemBeChosen) {
+    Hands.ExpectDialog("Pick", [](QWidget& box) {
+        EXPECT_EQ(Names(box, "A.INP"),
+                  (std::vector<std::string>{"A.INP", "B.ORG", "NOPOINT", "SUB", "lower.inp"}));
+        EXPECT_FALSE(Item(box, "A.INP").flags() & Qt::ItemIsEnabled);
+        EXPECT_TRUE(Item(box, "SUB").flags() & Qt::ItemIsEnabled);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Item(box, "SUB").row() == 0; }));  // folders first
+        EXPECT_FALSE(IsShown(box, "fileTypeCombo"));
+        EXPECT_TRUE(IsEnabled(box, "newFolderButton"));
+        Mark(box, "A.INP");
+        EXPECT_EQ(FromScreen(Control<QLineEdit>(box, "fileNameEdit").text()), "D:\\DATA\\");
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    EXPECT_EQ(BrowseForFolder("D:\\DATA\\", "ReducePath", "Pick"), "");
+}
+
+TEST_F(FileDialogs, BearATitleOfTheirPurposeAndFilterWithoutOneOfTheirOwn) {
+    const std::string dbs = "All Files (*.*)|*.*|DBS Files(*.dbs)|*.dbs";
+    using Kind = FileDialog::Kind;
+    struct Case {
+        Kind Purpose;
+        std::string Filter;
+        int Index;
+        std::string Title;
+    };
+    for (const Case& each :
+         {Case{Kind::Open, dbs, 2, "Open DBS File"}, Case{Kind::Save, dbs, 2, "Save DBS File"},
+          Case{Kind::Save, dbs, 1, "Save File"}, Case{Kind::Open, "", 1, "Open File"},
+          Case{Kind::Open, "Input Files(*.inp)|*.inp|", 1, "Open Input File"},
+          Case{Kind::Save, "7Fit INU Files(*.inu)|*.inu|", 1, "Save 7Fit INU File"}}) {
+        FileDialog dialog;
+        dialog.Purpose = each.Purpose;
+        dialog.Filter = each.Filter;
+        dialog.FilterIndex = each.Index;
+        Hands.ExpectFile(each.Title, std::nullopt);
+        EXPECT_EQ(Screen.AskFile(dialog), std::nullopt);
+    }
 }
 
 TEST_F(FileDialogs, PickNoFolderWhenCancelled) {

@@ -99,7 +99,7 @@ TEST_F(TreeActions, TellsThatNoEditorIsNamed) {
 TEST_F(TreeActions, CopiesAFileUnderTheMeter) {
     const std::string content("one\r\n\x1a\0two", 10);
     PutFile(Data("DAM\\A.LVL"), content);
-    Desk.ExpectFile("", "C:\\TARVEX\\TEMP\\B.LVL");
+    Desk.ExpectFile("Copy File To", "C:\\TARVEX\\TEMP\\B.LVL");
     CopyTreeFile(Data("DAM\\"), "A.LVL", Navigate);
     EXPECT_EQ(FileContent("C:\\TARVEX\\TEMP\\B.LVL"), content);
     EXPECT_EQ(Navigate.Calls,
@@ -116,7 +116,7 @@ TEST_F(TreeActions, CopiesAFileUnderTheMeter) {
 
 TEST_F(TreeActions, CopiesNothingWhenTheDialogIsCancelled) {
     PutFile(Data("DAM\\A.LVL"), "data");
-    Desk.ExpectFile("", std::nullopt);
+    Desk.ExpectFile("Copy File To", std::nullopt);
     CopyTreeFile(Data("DAM\\"), "A.LVL", Navigate);
     EXPECT_TRUE(Navigate.Calls.empty());
     EXPECT_TRUE(AllFiles("C:\\TARVEX\\TEMP\\").empty());
@@ -126,12 +126,12 @@ TEST_F(TreeActions, AsksBeforeItOverwrites) {
     PutFile(Data("DAM\\A.LVL"), "new");
     PutFile("C:\\TARVEX\\TEMP\\A.LVL", "old");
     const std::string question = "File C:\\TARVEX\\TEMP\\A.LVL already exists.  Do you wish to overwrite?";
-    Desk.ExpectFile("", "C:\\TARVEX\\TEMP\\A.LVL");
+    Desk.ExpectFile("Copy File To", "C:\\TARVEX\\TEMP\\A.LVL");
     Desk.ExpectMessage("File Already Exists", question, Answer::No);
     CopyTreeFile(Data("DAM\\"), "A.LVL", Navigate);
     EXPECT_EQ(FileContent("C:\\TARVEX\\TEMP\\A.LVL"), "old");
     EXPECT_TRUE(Navigate.Calls.empty());
-    Desk.ExpectFile("", "C:\\TARVEX\\TEMP\\A.LVL");
+    Desk.ExpectFile("Copy File To", "C:\\TARVEX\\TEMP\\A.LVL");
     Desk.ExpectMessage("File Already Exists", question, Answer::Yes);
     CopyTreeFile(Data("DAM\\"), "A.LVL", Navigate);
     EXPECT_EQ(FileContent("C:\\TARVEX\\TEMP\\A.LVL"), "new");
@@ -141,7 +141,7 @@ TEST_F(TreeActions, AsksBeforeItOverwrites) {
 TEST_F(TreeActions, KeepsAFileThatIsCopiedOntoItself) {
     PutFile(Data("DAM\\a.lvl"), "data");
     SetTimeStamp(Data("DAM\\a.lvl"), {2001, 2, 3, 4, 5, 6});
-    Desk.ExpectFile("", Data("DAM\\A.LVL"));
+    Desk.ExpectFile("Copy File To", Data("DAM\\A.LVL"));
     Desk.ExpectMessageTitled("File Already Exists", Answer::Yes);
     CopyTreeFile(Data("DAM\\"), "A.LVL", Navigate);
     EXPECT_EQ(AllFiles(Data("DAM\\")), (Calls{"a.lvl"}));
@@ -155,7 +155,7 @@ TEST_F(TreeActions, ReportsAFileThatIsGoneAndClosesTheMeter) {
     PutFile(Data("DAM\\A.LVL"), "data");
     const std::string source = Data("DAM\\A.LVL");
     Desk.OnYield = [source] { Drives::DeleteFile(source); };
-    Desk.ExpectFile("", "C:\\TARVEX\\TEMP\\A.LVL");
+    Desk.ExpectFile("Copy File To", "C:\\TARVEX\\TEMP\\A.LVL");
     Desk.ExpectMessageTitled("Program Error");
     CopyTreeFile(Data("DAM\\"), "A.LVL", Navigate);
     EXPECT_NE(Desk.Shown[0].Text.find("Source : Dorvane-frmTree-cmdCopy_Click"), std::string::npos);
@@ -168,7 +168,7 @@ TEST_F(TreeActions, KeepsTheFormerFileOnAFullDisk) {
     PutFile(Data("DAM\\A.LVL"), std::string(300000, 'x'));
     OnSmallDisk("C:\\SMALL\\", 128, [&] {
         PutFile("C:\\SMALL\\A.LVL", "former");
-        Desk.ExpectFile("", "C:\\SMALL\\A.LVL");
+        Desk.ExpectFile("Copy File To", "C:\\SMALL\\A.LVL");
         Desk.ExpectMessageTitled("File Already Exists", Answer::Yes);
         ExpectDiskFull(Desk, "frmTree-cmdCopy_Click", Answer::No);
         CopyTreeFile(Data("DAM\\"), "A.LVL", Navigate);
@@ -182,7 +182,7 @@ TEST_F(TreeActions, CopiesToAFolderWithoutRightsAsAReport) {
     PutFile(Data("DAM\\A.LVL"), "data");
     Shut("C:\\TARVEX\\WORK\\");
     AsNobody([&] {
-        Desk.ExpectFile("", "C:\\TARVEX\\WORK\\A.LVL");
+        Desk.ExpectFile("Copy File To", "C:\\TARVEX\\WORK\\A.LVL");
         Desk.ExpectMessageTitled("Program Error", Answer::Cancel);
         CopyTreeFile(Data("DAM\\"), "A.LVL", Navigate);
         EXPECT_EQ(Navigate.Calls.back(), "Close");

@@ -97,7 +97,7 @@ TEST_F(DataTreeScreen, CannotPrintWithoutAPrinter) {
 TEST_F(DataTreeScreen, CopiesTheSelectedFile) {
     frmTree& screen = Open(Browse, Data("DAM\\NORTH\\LEVEL\\SRV1\\"));
     ClickItem(screen, "lsvFiles", "LINE.LVL");
-    Desk.ExpectFile("", "C:\\TARVEX\\TEMP\\COPY.LVL");
+    Desk.ExpectFile("Copy File To", "C:\\TARVEX\\TEMP\\COPY.LVL");
     Click(screen, "cmdCopy");
     EXPECT_EQ(FileContent("C:\\TARVEX\\TEMP\\COPY.LVL"), "data\r\n");
     EXPECT_EQ(Navigate.Calls.at(0), "CopyMeter Copying File ...");
@@ -252,7 +252,7 @@ TEST_F(DataTreeScreen, ReportsAFileThatVanishedBeforeItWasCopied) {
     frmTree& screen = Open(Browse, Data("DAM\\NORTH\\LEVEL\\SRV1\\"));
     ClickItem(screen, "lsvFiles", "LINE.LVL");
     Drives::DeleteFile(Data("DAM\\NORTH\\LEVEL\\SRV1\\LINE.LVL"));
-    Desk.ExpectFile("", "C:\\TARVEX\\TEMP\\COPY.LVL");
+    Desk.ExpectFile("Copy File To", "C:\\TARVEX\\TEMP\\COPY.LVL");
     Desk.ExpectMessageTitled("Program Error");
     Click(screen, "cmdCopy");
     EXPECT_TRUE(screen.isEnabled());

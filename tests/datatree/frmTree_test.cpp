@@ -187,7 +187,7 @@ TEST_F(DataTreeScreen, ShowsNamesAsTheyStandAndGoesBackToTheDiskWithThem) {
     ClickItem(screen, "lsvFiles", "A&B M\xC9T\xC9O.TXT");
     EXPECT_EQ(TextOf(screen, "lblFile"), "A&B M\xC9T\xC9O.TXT");
     EXPECT_EQ(Control<QLabel>(screen, "lblFile").textFormat(), Qt::PlainText);
-    Desk.ExpectFile("", "C:\\TARVEX\\TEMP\\\xE9.txt");
+    Desk.ExpectFile("Copy File To", "C:\\TARVEX\\TEMP\\\xE9.txt");
     Click(screen, "cmdCopy");
     EXPECT_EQ(FileContent("C:\\TARVEX\\TEMP\\\xE9.txt"), "weather\r\n");
     EXPECT_EQ(NodeNamed("R&D <b>\xE9t\xE9</b>")->toolTip(0),

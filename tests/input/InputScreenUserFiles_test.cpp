@@ -22,7 +22,7 @@ class InputScreenUserFiles : public InputScreenSite {
     bool IsChecked(int row) { return List("lstUserDBFiles").item(row)->checkState() == Qt::Checked; }
 
     void Browse(const std::optional<std::string>& file) {
-        Desktop.ExpectFile("", file);
+        Desktop.ExpectFile("Open Coordinate File", file);
         Click(*Screen, "cmdBrowse");
     }
 };
@@ -74,7 +74,7 @@ TEST_F(InputScreenUserFiles, StayAsTheyWereAfterACancelledDialog) {
 TEST_F(InputScreenUserFiles, AreNotAddedTwice) {
     frmInput& screen = OpenUserDefined();
     Browse("D:\\A.TXT");
-    Desktop.ExpectFile("", "D:\\A.TXT");
+    Desktop.ExpectFile("Open Coordinate File", "D:\\A.TXT");
     Desktop.ExpectMessage("File Already Seleceted", "Name D:\\A.TXT has already been selected!");
     Click(screen, "cmdBrowse");
     EXPECT_EQ(Items(screen, "lstUserDBFiles"), (Texts{"D:\\A.TXT"}));

@@ -35,7 +35,7 @@ TEST_F(UserDbFiles, SavingWritesEveryKeyAndOneBlankForTheUnused) {
 
 TEST_F(UserDbFiles, BrowsingAddsTheFileCheckedAndSaves) {
     std::vector<ListEntry> list;
-    Desktop.ExpectFile("", "D:\\New.txt");
+    Desktop.ExpectFile("Open Coordinate File", "D:\\New.txt");
     BrowseUserDbFile(list);
     EXPECT_EQ(list, (std::vector<ListEntry>{{"D:\\New.txt", true}}));
     EXPECT_EQ(IniReadString("dv_input.ini", "User Database", "Names1"), "D:\\New.txt 1");
@@ -45,14 +45,14 @@ TEST_F(UserDbFiles, BrowsingAddsTheFileCheckedAndSaves) {
 
 TEST_F(UserDbFiles, ACancelledDialogChangesNothing) {
     std::vector<ListEntry> list;
-    Desktop.ExpectFile("", std::nullopt);
+    Desktop.ExpectFile("Open Coordinate File", std::nullopt);
     BrowseUserDbFile(list);
     EXPECT_TRUE(list.empty());
 }
 
 TEST_F(UserDbFiles, AFileThatIsListedIsToldAndNotAdded) {
     std::vector<ListEntry> list{{"D:\\A.TXT", false}};
-    Desktop.ExpectFile("", "D:\\a.txt");
+    Desktop.ExpectFile("Open Coordinate File", "D:\\a.txt");
     Desktop.ExpectMessage("File Already Seleceted", "Name D:\\a.txt has already been selected!");
     BrowseUserDbFile(list);
     EXPECT_EQ(list.size(), 1u);

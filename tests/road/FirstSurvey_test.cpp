@@ -172,7 +172,7 @@ TEST_F(NewWorkstation, AScreenLeftBehindForTheHomeMenuIsShownAgainAsItWas) {
     LayDownStructures();
     PutFile("D:\\FIELD\\A.GSI", "");
     Click(Screen("frmMain"), "cmdMain2");
-    Person.ExpectFile("Upload Data From ", "D:\\FIELD\\UploadPath");
+    Person.ExpectFile("Upload Data From ", "D:\\FIELD\\");
     Click(Screen("frmUploadMenu"), "cmdFromBrowse");
     Click(Screen("frmUploadMenu"), "cmdToBrowse");
     Click(Screen("frmTree"), "cmdHome");

@@ -89,10 +89,10 @@ class WholeRoad : public Workstation, public testing::WithParamInterface<int> {
     }
 
     /// What the operator does in the folder picker that a click opens: the tree or the file dialog.
-    void PickFolderBy(QWidget& screen, const char* button, const std::string& title, const char* proposed,
+    void PickFolderBy(QWidget& screen, const char* button, const std::string& title,
                       const std::string& folder) {
         if (ByHand()) {
-            Person.ExpectFile(title, folder + proposed);
+            Person.ExpectFile(title, folder);
             return Click(screen, button);
         }
         WhenOpen("frmTree", [&, folder](QWidget& tree) {
@@ -108,14 +108,13 @@ class WholeRoad : public Workstation, public testing::WithParamInterface<int> {
     void UploadTheBook() {
         Click(Screen("frmMain"), "cmdMain2");
         QWidget& upload = Screen("frmUploadMenu");
-        Person.ExpectFile("Upload Data From ", "D:\\FIELD\\UploadPath");
+        Person.ExpectFile("Upload Data From ", "D:\\FIELD\\");
         Click(upload, "cmdFromBrowse");
-        PickFolderBy(upload, "cmdToBrowse", ByHand() ? "Upload Data To " : "Upload Data To", "UploadPath",
-                     Survey);
+        PickFolderBy(upload, "cmdToBrowse", ByHand() ? "Upload Data To " : "Upload Data To", Survey);
         Click(upload, "cmdUpload");
         EXPECT_TRUE(FileExists(std::string(Survey) + "DAM.GSI"));
         EXPECT_TRUE(FileExists("D:\\FIELD\\DAM.999"));
-        PickFolderBy(upload, "cmdReduce", "Data Reduction Directory Selection", "ReducePath", Survey);
+        PickFolderBy(upload, "cmdReduce", "Data Reduction Directory Selection", Survey);
     }
 
     void ReduceTheBook() {
@@ -132,8 +131,8 @@ class WholeRoad : public Workstation, public testing::WithParamInterface<int> {
         Type(input, "txtProject", "Road of one field file");
         Type(input, "txtTask", "DAM.GSI");
         ChooseEntry(input, "icmbInput", Control<QComboBox>(input, "icmbInput").findText("Total Station"));
-        PickFolderBy(input, "cmdImport", "Input Total Station field data from", "RES", Survey);
-        Person.ExpectFile("", "D:\\TARVEX\\ROAD.gpf");
+        PickFolderBy(input, "cmdImport", "Input Total Station field data from", Survey);
+        Person.ExpectFile("Save Project File", "D:\\TARVEX\\ROAD.gpf");
         Choose(input, "mnuSaveProject");
         EXPECT_TRUE(FileExists("D:\\TARVEX\\ROAD.gpf"));
     }
@@ -165,7 +164,7 @@ class WholeRoad : public Workstation, public testing::WithParamInterface<int> {
                 Click(tree, "cmdOK");
             });
         else
-            Person.ExpectFile("VARN input file location", std::string(Project) + "VarnInput");
+            Person.ExpectFile("VARN input file location", Project);
         Person.ExpectText("Enter VARN input file name", name);
         Person.ExpectMessageTitled("Input File Creation");
         Click(input, "cmdCreate");
@@ -220,8 +219,10 @@ class WholeRoad : public Workstation, public testing::WithParamInterface<int> {
 
     void ExportAll() {
         QWidget& varn = Screen("frmVarn");
-        for (const char* item : {"mnuDbs", "mnuXyz", "mnuInu", "mnuKeld", "MnuSta"}) {
-            Person.ExpectFile("", "");
+        for (const auto& [item, kind] :
+             {std::pair{"mnuDbs", "DBS"}, std::pair{"mnuXyz", "XYZ"}, std::pair{"mnuInu", "7Fit INU"},
+              std::pair{"mnuKeld", "KELD TRG"}, std::pair{"MnuSta", "STA"}}) {
+            Person.ExpectFile(std::string("Save ") + kind + " File", "");
             Person.ExpectMessageTitled("Finished");
             Choose(varn, item);
         }
@@ -234,7 +235,7 @@ class WholeRoad : public Workstation, public testing::WithParamInterface<int> {
         QWidget& update = Screen("frmDbUpdate");
         ChooseFolder(update, "DATABASE\\DAM\\NORTH\\");
         ChooseOption(update, "opt3dim");
-        Person.ExpectFile("", std::string(Project) + "FIRST.DBS");
+        Person.ExpectFile("Open DBS File", std::string(Project) + "FIRST.DBS");
         Click(update, "cmdBrowse");
         Person.ExpectMessageTitled("Update Overview", Answer::Yes);
         Person.ExpectMessage("Update Complete", "Update complete");
@@ -253,7 +254,7 @@ class WholeRoad : public Workstation, public testing::WithParamInterface<int> {
             Click(retrieve, "cmdRetrieve");
             EXPECT_EQ(TextOf(retrieve, "lblOutputFile"), "C:\\TARVEX\\TEMP\\3DIM.OUT");
         }
-        Person.ExpectFile("", "D:\\TARVEX\\COPY.OUT");
+        Person.ExpectFile("Save 3D File", "D:\\TARVEX\\COPY.OUT");
         Click(retrieve, "cmdCopy");
         EXPECT_EQ(FileContent("D:\\TARVEX\\COPY.OUT"), FileContent("C:\\TARVEX\\TEMP\\3DIM.OUT"));
         Person.ExpectMessageTitled("Printing Complete");
@@ -268,7 +269,7 @@ class WholeRoad : public Workstation, public testing::WithParamInterface<int> {
     void CreateASecondInput() {
         Click(Screen("frmMain"), "cmdMain4");
         QWidget& input = Screen("frmInput");
-        Person.ExpectFile("", "D:\\TARVEX\\ROAD.gpf");
+        Person.ExpectFile("Open Project File", "D:\\TARVEX\\ROAD.gpf");
         Choose(input, "mnuOpenProject");
         EXPECT_EQ(TextOf(input, "txtTask"), "DAM.GSI");
         ClickItem(input, "lstCoordDirectorys", "DAM\\NORTH");
