@@ -89,6 +89,8 @@ std::string FormatBias(const std::vector<BiasLine>& lines) {
 BiasEdit OpenBias(const std::string& folder) {
     BiasEdit bias;
     bias.File = OpenEditedFile(folder + "BIAS.STR");
+    if (!bias.File.Exists)
+        bias.Lines.push_back({"", true, "STDBIAS", {"0", "0", "0", "0"}, ""});
     LineReader reader = LineReader::OfText(bias.File.Content);
     while (!reader.AtEnd()) {
         const std::string line(reader.ReadLine());

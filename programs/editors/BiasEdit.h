@@ -26,7 +26,8 @@ struct BiasEdit {
     std::vector<BiasLine> Lines;
 };
 
-/// Reads BIAS.STR of a folder, which ends in a backslash. Raises what reading raises.
+/// Reads BIAS.STR of a folder, which ends in a backslash. One that is not there begins with a line for all
+/// locations that changes nothing, since a retrieval needs one. Raises what reading raises.
 BiasEdit OpenBias(const std::string& folder);
 
 BiasLine ParseBiasLine(const std::string& line);

@@ -82,12 +82,9 @@ TEST_F(BiasEditTest, ChangesOneEntryAndKeepsEverythingElse) {
 TEST_F(BiasEditTest, MakesTheFileWhenThereIsNone) {
     Drives::DeleteFile(Init + "BIAS.STR");
     Bias = OpenBias(Init);
-    EXPECT_TRUE(Bias.Lines.empty());
-    BiasLine line;
-    line.IsEntry = true;
-    line.Key = "STDBIAS";
-    line.Values = {"0", "0", "0", "1.5"};
-    Bias.Lines.push_back(line);
+    ASSERT_EQ(Bias.Lines.size(), 1U);
+    EXPECT_EQ(FormatBias(Bias.Lines), "STDBIAS  0 0 0 0\r\n");
+    Bias.Lines[0].Values[3] = "1.5";
     EXPECT_EQ(SaveBias(Bias), "");
     EXPECT_EQ(FileContent(Init + "BIAS.STR"), "STDBIAS  0 0 0 1.5\r\n");
 }
