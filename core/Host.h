@@ -39,6 +39,8 @@ std::string RealPath(
     const std::string& path);  // links followed as far as it exists; the path itself if it fails
 void CreateFolder(const std::string& path);
 void CreateLink(const std::string& link, const std::string& target);
+std::string LinkTarget(const std::string& link);  // as it stands in the link; empty for what is none
+bool MayWrite(const std::string& folder);         // whether this user may make files in a folder
 
 std::string ReadFile(const std::string& path);
 

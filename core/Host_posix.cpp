@@ -248,6 +248,16 @@ void CreateLink(const std::string& link, const std::string& target) {
         throw HostError(errno, HostAction::Folder, link);
 }
 
+std::string LinkTarget(const std::string& link) {
+    std::error_code failure;
+    const std::filesystem::path target = std::filesystem::read_symlink(link, failure);
+    return failure ? "" : target.string();
+}
+
+bool MayWrite(const std::string& folder) {
+    return faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
 std::string ReadFile(const std::string& path) {
     const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (file.Number < 0)

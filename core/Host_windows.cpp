@@ -183,6 +183,14 @@ void CreateLink(const std::string& link, const std::string&) {
     throw HostError(EINVAL, HostAction::Folder, link);
 }
 
+std::string LinkTarget(const std::string&) {
+    return "";
+}
+
+bool MayWrite(const std::string& folder) {
+    return _waccess(Wide(folder).c_str(), 2) == 0;
+}
+
 std::string ReadFile(const std::string& path) {
     const HANDLE file = CreateFileW(Wide(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                     nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);

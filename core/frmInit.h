@@ -23,6 +23,8 @@ class frmInit : public ScreenDialog {
 
   private:
     void FillDrives(QComboBox& list, char preferred);
+    void ShowDrives();
+    void cmdDrives_Click();
     void cmdOK_Click();
     void cmdCancel_Click();
 

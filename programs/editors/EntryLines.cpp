@@ -46,4 +46,15 @@ void TellProblems(const std::string& title, const std::vector<std::string>& prob
     TheDesktop().ShowMessage({.Text = text, .Title = title, .Picture = Icon::Exclamation});
 }
 
+bool AskInSpite(const std::string& title, const std::vector<std::string>& warnings) {
+    std::string text;
+    for (const std::string& warning : warnings)
+        text += warning + "\r\n";
+    return TheDesktop().ShowMessage({.Text = text + "\r\nSave all the same?",
+                                     .Title = title,
+                                     .Picture = Icon::Question,
+                                     .Choices = Buttons::YesNo,
+                                     .Default = Answer::No}) == Answer::Yes;
+}
+
 }  // namespace Dorvane

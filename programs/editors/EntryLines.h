@@ -22,4 +22,7 @@ void MarkEntries(EntryTable& table, const std::vector<std::string>& notes);
 /// The faults, a line each, as a message of a window.
 void TellProblems(const std::string& title, const std::vector<std::string>& problems);
 
+/// Tells what is doubtful, a line each; true when the operator saves all the same.
+bool AskInSpite(const std::string& title, const std::vector<std::string>& warnings);
+
 }  // namespace Dorvane

@@ -29,6 +29,7 @@ std::vector<KeyValue> KeysOf(const TarvexProfile& profile) {
     for (std::size_t i = 0; i < FolderKeys.size(); ++i)
         keys.push_back({FolderSection, FolderKeys[i].Key, profile.Folders[i]});
     keys.push_back({FolderSection, "Path_type", profile.PathType});
+    keys.push_back({FolderSection, "Editor_type", profile.EditorType});
     keys.push_back({EditorSection, "Path", profile.EditorPath});
     keys.push_back({EditorSection, "Name", profile.EditorName});
     return keys;
@@ -41,6 +42,7 @@ TarvexProfile ReadTarvexProfile() {
     for (std::size_t i = 0; i < FolderKeys.size(); ++i)
         profile.Folders[i] = IniReadString(File, FolderSection, FolderKeys[i].Key);
     profile.PathType = IniReadString(File, FolderSection, "Path_type");
+    profile.EditorType = IniReadString(File, FolderSection, "Editor_type");
     profile.EditorPath = IniReadString(File, EditorSection, "Path");
     profile.EditorName = IniReadString(File, EditorSection, "Name");
     return profile;

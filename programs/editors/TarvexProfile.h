@@ -28,6 +28,7 @@ constexpr std::array<FolderKey, 8> FolderKeys{{{"Data_drive", "Survey data"},
 struct TarvexProfile {
     std::array<std::string, FolderKeys.size()> Folders;
     std::string PathType;    // as it stands in the file; "2" is by hand, anything else the managed tree
+    std::string EditorType;  // as it stands in the file; "0" is the general editor, anything else the own one
     std::string EditorPath;  // with a trailing backslash
     std::string EditorName;
 

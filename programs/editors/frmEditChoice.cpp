@@ -204,16 +204,7 @@ void frmEditChoice::tblSystems_LineChosen() {
 // False when the operator goes back to the form.
 bool frmEditChoice::SettleWarnings() {
     const std::vector<std::string> warnings = ChoiceWarnings(Choices);
-    if (warnings.empty())
-        return true;
-    std::string text;
-    for (const std::string& warning : warnings)
-        text += warning + "\r\n";
-    return TheDesktop().ShowMessage({.Text = text + "\r\nSave all the same?",
-                                     .Title = Title,
-                                     .Picture = Icon::Question,
-                                     .Choices = Buttons::YesNo,
-                                     .Default = Answer::No}) == Answer::Yes;
+    return warnings.empty() || AskInSpite(Title, warnings);
 }
 
 void frmEditChoice::cmdOK_Click() {

@@ -6,12 +6,14 @@
 #include <QPushButton>
 
 #include "core/Desktop.h"
+#include "core/DriveLinks.h"
 #include "core/Globals.h"
 #include "core/ProgramPath.h"
 #include "core/ReportError.h"
 #include "core/basGeneral.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/ScreenText.h"
+#include "programs/editors/frmEditDrives.h"
 #include "ui_frmEditTarvexINI.h"
 
 namespace Dorvane {
@@ -30,6 +32,10 @@ bool IsManual(const TarvexProfile& profile) {
     return profile.PathType == "2";
 }
 
+bool IsText(const TarvexProfile& profile) {
+    return profile.EditorType == "0";
+}
+
 }  // namespace
 
 frmEditTarvexINI::frmEditTarvexINI()
@@ -44,6 +50,8 @@ frmEditTarvexINI::frmEditTarvexINI()
     for (std::size_t i = 0; i < Rows.size(); ++i)
         AddRow(i);
     Form->cmbPathType->setCurrentIndex(IsManual(Former) ? 1 : 0);
+    Form->cmbEditorType->setCurrentIndex(IsText(Former) ? 1 : 0);
+    Form->cmdDrives->setVisible(Drives::CanLayOut());
     Form->txtEditorPath->setText(ToScreen(Former.EditorPath));
     Form->txtEditorName->setText(ToScreen(Former.EditorName));
     const auto showEditor = [this] {
@@ -54,6 +62,7 @@ frmEditTarvexINI::frmEditTarvexINI()
     connect(Form->txtEditorName, &QLineEdit::textChanged, this, showEditor);
     showEditor();
     connect(Form->cmdBrowseEditor, &QPushButton::clicked, this, &frmEditTarvexINI::cmdBrowseEditor_Click);
+    connect(Form->cmdDrives, &QPushButton::clicked, this, &frmEditTarvexINI::cmdDrives_Click);
     connect(Form->cmdOK, &QPushButton::clicked, this, &frmEditTarvexINI::cmdOK_Click);
     connect(Form->cmdCancel, &QPushButton::clicked, this, [this] { Unload(); });
     Rows[0].Folder->setFocus();
@@ -99,6 +108,20 @@ void frmEditTarvexINI::ShowState(std::size_t index) {
     Rows[index].Make->setEnabled(!folder.empty() && !exists);
 }
 
+void frmEditTarvexINI::ShowAllStates() {
+    for (std::size_t i = 0; i < Rows.size(); ++i)
+        ShowState(i);
+}
+
+void frmEditTarvexINI::cmdDrives_Click() {
+    Guarded("frmEditTarvexINI-cmdDrives_Click", [&](Guard&) {
+        auto* drives = new frmEditDrives;
+        drives->setAttribute(Qt::WA_DeleteOnClose);
+        connect(drives, &ScreenDialog::Unloaded, this, &frmEditTarvexINI::ShowAllStates);
+        drives->ShowModal();
+    });
+}
+
 void frmEditTarvexINI::cmdBrowse_Click(std::size_t index) {
     Guarded("frmEditTarvexINI-cmdBrowse_Click", [&](Guard&) {
         const std::string folder =
@@ -138,6 +161,8 @@ TarvexProfile frmEditTarvexINI::Edited() const {
     // A type that the program does not know reads as 1, and stays in the file until it is changed.
     if ((Form->cmbPathType->currentIndex() == 1) != IsManual(Former))
         profile.PathType = IsManual(Former) ? "1" : "2";
+    if ((Form->cmbEditorType->currentIndex() == 1) != IsText(Former))
+        profile.EditorType = IsText(Former) ? "1" : "0";
     profile.EditorName = FromScreen(Form->txtEditorName->text().trimmed());
     if (Form->txtEditorPath->text() != ToScreen(Former.EditorPath))
         profile.EditorPath = WithBackslash(FromScreen(Form->txtEditorPath->text().trimmed()));
@@ -171,8 +196,7 @@ void frmEditTarvexINI::cmdOK_Click() {
             return Unload();
         TheDesktop().ShowMessage({.Text = problem, .Title = Title, .Picture = Icon::Exclamation});
     });
-    for (std::size_t i = 0; i < Rows.size(); ++i)
-        ShowState(i);
+    ShowAllStates();
 }
 
 }  // namespace Dorvane

@@ -38,7 +38,9 @@ class frmEditTarvexINI : public ScreenDialog {
     void cmdBrowse_Click(std::size_t index);
     void cmdMake_Click(std::size_t index);
     void cmdBrowseEditor_Click();
+    void cmdDrives_Click();
     void cmdOK_Click();
+    void ShowAllStates();
     TarvexProfile Edited() const;
     bool SettleMissingFolders(const TarvexProfile& profile);
 

@@ -9,6 +9,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "core/DriveLinks.h"
 #include "core/Drives.h"
 #include "core/Globals.h"
 #include "core/ProfileStore.h"
@@ -169,6 +170,23 @@ TEST_F(DefaultDirectories, AFolderThatCannotBeMadeIsReportedAndTheDialogStays) {
     Click(init, "cmdOK");
     EXPECT_TRUE(IsClosed());
     EXPECT_FALSE(Global().InitFailed);
+}
+
+TEST_F(DefaultDirectories, ShowsTheDriveLettersThatWereLaidOutFromIt) {
+    frmInit& init = Open();
+    EXPECT_TRUE(IsShown(init, "cmdDrives"));
+    ChooseDrive(init, "drvLocal", "P");
+    Desk.OnRun = [](const std::string& command) {
+        EXPECT_EQ(command, AppPath() + "Programs\\EditDrives.exe");
+        Drives::SetLink({'E', "/tmp"});
+    };
+    Click(init, "cmdDrives");
+    EXPECT_EQ(Desk.Started.size(), 1U);
+    const auto letters = static_cast<int>(Drives::DriveLetters().size());
+    EXPECT_EQ(Control<QComboBox>(init, "drvMain").count(), letters);
+    EXPECT_GE(Control<QComboBox>(init, "drvMain").findText("E: [/tmp", Qt::MatchStartsWith), 0);
+    EXPECT_TRUE(Control<QComboBox>(init, "drvMain").currentText().startsWith("D:"));
+    EXPECT_TRUE(Control<QComboBox>(init, "drvLocal").currentText().startsWith("P:"));
 }
 
 }  // namespace Dorvane

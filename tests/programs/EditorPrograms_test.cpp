@@ -95,7 +95,7 @@ TEST_P(EditorPrograms, ComesUpAndRunsUntilItIsEnded) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Tools, EditorPrograms,
-                         testing::Values("EditTarvexINI", "EditChoice", "EditCalib", "EditBias", "utilities",
-                                         "editinp", "editpar", "edittext"));
+                         testing::Values("EditTarvexINI", "EditDrives", "EditChoice", "EditCalib", "EditBias",
+                                         "utilities", "editinp", "editpar", "edittext"));
 
 }  // namespace Dorvane::Testing

@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/DriveLinks.h"
+#include "programs/editors/EditorProgram.h"
+#include "programs/editors/frmEditDrives.h"
+
+using namespace Dorvane;
+
+int main(int count, char** arguments) {
+    return RunEditor(count, arguments, "EditDrives",
+                     []() -> ScreenDialog* { return Drives::CanLayOut() ? new frmEditDrives : nullptr; });
+}
