@@ -46,6 +46,7 @@ constexpr ScreenPage Pages[] = {
     {"frmEditBias", "editors.html#bias"},
     {"frmEditInp", "editors.html#input"},
     {"frmEditPar", "editors.html#parameters"},
+    {"frmEditText", "edittext.html"},
     {"frmUtilities", "editors.html#utilities"},
 };
 

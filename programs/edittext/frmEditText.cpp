@@ -157,6 +157,7 @@ void frmEditText::ConnectViewMenu() {
         QSettings().setValue(Setting("ruler"), shown);
         View().ShowRuler(shown);
     });
+    Form->mnuZoomIn->setShortcuts({QKeySequence::ZoomIn, QKeySequence(QStringLiteral("Ctrl+="))});
     connect(Form->mnuZoomIn, &QAction::triggered, this, [this] { Zoom(1); });
     connect(Form->mnuZoomOut, &QAction::triggered, this, [this] { Zoom(-1); });
     connect(Form->mnuZoomReset, &QAction::triggered, this, [this] { Zoom(0); });

@@ -238,6 +238,13 @@ TEST_F(frmEditTextTest, AsksBeforeItPrintsHundredsOfPages) {
     EXPECT_TRUE(Desktop.PrintedLines.empty());
 }
 
+TEST_F(frmEditTextTest, TheHelpKeyLeadsToItsPage) {
+    Open("x");
+    Press(Qt::Key_F1);
+    ASSERT_EQ(Desktop.Started.size(), 1U);
+    EXPECT_NE(Desktop.Started[0].find("edittext.html"), std::string::npos);
+}
+
 TEST_F(frmEditTextTest, WithoutAPrinterNothingIsPrinted) {
     Global().PrinterPresent = false;
     Open("x");
