@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/DriveLinks.h"
-#include "programs/editors/EditorProgram.h"
 #include "programs/editors/frmEditDrives.h"
+#include "programs/window/EditorProgram.h"
 
 using namespace Dorvane;
 

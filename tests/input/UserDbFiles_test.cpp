@@ -70,7 +70,7 @@ TEST_F(UserDbFiles, AFileThatTheProfileWouldLoseIsRefusedWithTheReason) {
         {longest + "A", "Its path has more than 125 characters"}};
     for (const auto& [file, reason] : refused) {
         std::vector<ListEntry> list;
-        Desktop.ExpectFile("", file);
+        Desktop.ExpectFile("Open Coordinate File", file);
         Desktop.ExpectMessage("File Not Added", "File " + file + " can not be added.  " + reason +
                                                     ", and the list of user files would lose it.");
         BrowseUserDbFile(list);
@@ -78,7 +78,7 @@ TEST_F(UserDbFiles, AFileThatTheProfileWouldLoseIsRefusedWithTheReason) {
         EXPECT_EQ(Desktop.Shown.back().Picture, Icon::Exclamation);
     }
     std::vector<ListEntry> list;
-    Desktop.ExpectFile("", longest);
+    Desktop.ExpectFile("Open Coordinate File", longest);
     BrowseUserDbFile(list);
     EXPECT_EQ(ReadUserFiles(), (List1<std::string>{longest}));
 }
