@@ -54,8 +54,10 @@ struct EditDrives : testing::Test {
         Click(*Form, "cmdAdd");
         auto* list = Grid().findChild<QComboBox*>("cmbField");
         ASSERT_NE(list, nullptr);
-        QTest::keyClicks(list, letter);
-        QTest::keyClick(list, Qt::Key_Tab);
+        QTest::keyClicks(list, letter);  // which takes the letter and closes the list
+        HandleEvents();
+        QTest::keyClick(&Grid(), Qt::Key_Tab);
+        QTest::keyClick(&Grid(), Qt::Key_F2);
         HandleEvents();
         auto* field = Grid().findChild<QLineEdit*>();
         ASSERT_NE(field, nullptr);
@@ -116,6 +118,8 @@ TEST_F(EditDrives, OffersTheLettersThatAreFree) {
 TEST_F(EditDrives, TakesAFolderThatIsBrowsed) {
     Open();
     Add("F", Survey);
+    Grid().setFocus();  // Enter has opened a new line; its field is left
+    HandleEvents();
     Grid().setCurrentCell(RowOf("F"), 2);
     Desktop.ExpectFile("Drive Letter Folder Selection", "Z:\\tmp\\Drive");
     Click(*Form, "cmdBrowse");
