@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DriveFileDialog.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileSystemModel>
@@ -161,6 +162,15 @@ void DriveFileDialog::SetUpFolderChoice() {
         if (auto* buttons = findChild<QDialogButtonBox*>(QStringLiteral("buttonBox")))
             buttons->button(QDialogButtonBox::Open)->setEnabled(true);
     });
+    // The toolkit tells the field of a folder only when what is marked changes, and the first one may be
+    // marked already.
+    for (const char* name : {"listView", "treeView"})
+        if (const auto* list = findChild<QAbstractItemView*>(QLatin1String(name)))
+            connect(list, &QAbstractItemView::clicked, this, [this](const QModelIndex& item) {
+                auto* marked = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+                if (marked != nullptr && (item.flags() & Qt::ItemIsEnabled) != 0)  // and so no file
+                    marked->setText(item.siblingAtColumn(0).data().toString());
+            });
     // The toolkit empties the field when it has entered a folder.
     connect(
         this, &QFileDialog::directoryEntered, this, [this] { ShowChosenFolder(); }, Qt::QueuedConnection);
