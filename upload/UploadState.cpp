@@ -96,7 +96,7 @@ std::string UploadStatus(const UploadState& state) {
 std::string CopyAnimation(const std::string& dataTypeName) {
     const std::string own = IniReadString("Datatype.ini", dataTypeName, "FileCopy");
     const bool isName = own.find_first_of("\\/:*?") == std::string::npos;
-    return isName && FileExists(AppPath() + "graphics\\" + own) ? own : "filecopy.avi";
+    return isName && FileExists(AppPath() + "graphics\\" + own) ? own : ShippedCopyAnimation;
 }
 
 }  // namespace Dorvane

@@ -45,6 +45,9 @@ std::string UploadStatus(const UploadState& state);
 /// it was when the collection folder does not exist. Reports as "frmUploadMenu-Update".
 void Update(UploadState& state);
 
+/// The animation of every data type that has none of its own, or one that cannot be played.
+inline constexpr const char* ShippedCopyAnimation = "filecopy.avi";
+
 /// The animation of the meters, by its name in the program's graphics folder: what key `FileCopy` names in
 /// the data type's section of "Datatype.ini" when the folder holds just that file, else the one for all.
 std::string CopyAnimation(const std::string& dataTypeName);

@@ -24,7 +24,8 @@ void frmCopyMeter::Open(int fileCount) {
 
 void frmCopyMeter::LoadForm() {
     // A picture that cannot be shown has been told of, and does not stop the work.
-    Guarded("frmCopyMeter-LoadForm", [&](Guard&) { Form->aniCopyMeter->Open(CopyAnimation(DataTypeName)); });
+    Guarded("frmCopyMeter-LoadForm",
+            [&](Guard&) { Form->aniCopyMeter->Open(CopyAnimation(DataTypeName), ShippedCopyAnimation); });
     Init();
 }
 

@@ -16,7 +16,8 @@ frmMoveMeter::~frmMoveMeter() = default;
 
 void frmMoveMeter::LoadForm() {
     // A picture that cannot be shown has been told of, and does not stop the work.
-    Guarded("frmMoveMeter-LoadForm", [&](Guard&) { Form->aniMoveMeter->Open(CopyAnimation(DataTypeName)); });
+    Guarded("frmMoveMeter-LoadForm",
+            [&](Guard&) { Form->aniMoveMeter->Open(CopyAnimation(DataTypeName), ShippedCopyAnimation); });
     Init();
 }
 

@@ -25,10 +25,13 @@ Animation::Animation(QWidget* parent) : QWidget(parent) {
 
 Animation::~Animation() = default;
 
-void Animation::Open(const std::string& name) {
+void Animation::Open(const std::string& name, const std::string& shipped) {
     const std::vector<std::string> files = PictureFiles(name);
-    if (std::none_of(files.begin(), files.end(), [this](const std::string& file) { return Plays(file); }))
-        throw RunTimeError(InvalidPicture, files.front());
+    if (std::none_of(files.begin(), files.end(), [this](const std::string& file) { return Plays(file); })) {
+        if (shipped.empty() || shipped == name)
+            throw RunTimeError(InvalidPicture, files.front());
+        return Open(shipped);
+    }
     updateGeometry();
     Start();
 }

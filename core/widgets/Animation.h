@@ -20,9 +20,10 @@ class Animation : public QWidget {
     ~Animation() override;
 
     /// Opens a picture of graphics\ by its bare file name and starts it; the drawing of the same base name
-    /// stands in for one that is not there or cannot be played here (see Pictures.h). Error 53 when there is
-    /// none, 481 when neither can be played.
-    void Open(const std::string& name);
+    /// stands in for one that is not there or cannot be played here (see Pictures.h), and behind it the
+    /// picture named `shipped`, where one is named. Error 53 when what is asked for is not there, 481 when
+    /// none can be played.
+    void Open(const std::string& name, const std::string& shipped = "");
     void Stop();
     void Start();
 

@@ -164,9 +164,18 @@ TEST_F(frmMoveMeterTest, PlaysTheDataTypesOwnAnimationAndTakesItsSize) {
     EXPECT_EQ(Place(other, "aniMoveMeter"), QRect(5, 5, 272, 60));
 }
 
-TEST_F(frmMoveMeterTest, ReportsAnAnimationThatCannotBePlayedAndShowsTheRest) {
+TEST_F(frmMoveMeterTest, ShowsTheShippedAnimationForOneOfTheTypeThatCannotBePlayed) {
     PutLines("C:\\WINDOWS\\Datatype.ini", {"[LEVEL]", "FileCopy=own.avi"});
     PutFile("P:\\DORVANE\\graphics\\own.avi", "no film");
+    frmMoveMeter meter("LEVEL");
+    meter.Open(2);
+    EXPECT_EQ(Place(meter, "aniMoveMeter"), QRect(5, 5, 272, 60));
+}
+
+TEST_F(frmMoveMeterTest, ReportsThatNoAnimationCanBePlayedAndShowsTheRest) {
+    PutLines("C:\\WINDOWS\\Datatype.ini", {"[LEVEL]", "FileCopy=own.avi"});
+    PutFile("P:\\DORVANE\\graphics\\own.avi", "no film");
+    PutFile("P:\\DORVANE\\graphics\\filecopy.svg", "no drawing");
     Desktop.ExpectMessageTitled("Program Error");
     frmMoveMeter meter("LEVEL");
     meter.Open(2);
