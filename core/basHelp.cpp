@@ -44,6 +44,7 @@ constexpr ScreenPage Pages[] = {
     {"frmEditChoice", "editors.html#choice"},
     {"frmEditCalib", "editors.html#calib"},
     {"frmEditBias", "editors.html#bias"},
+    {"frmEditDrives", "editors.html#drives"},
     {"frmEditInp", "editors.html#input"},
     {"frmEditPar", "editors.html#parameters"},
     {"frmEditText", "edittext.html"},

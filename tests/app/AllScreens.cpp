@@ -26,10 +26,12 @@
 #include "programs/editors/frmEditBias.h"
 #include "programs/editors/frmEditCalib.h"
 #include "programs/editors/frmEditChoice.h"
+#include "programs/editors/frmEditDrives.h"
 #include "programs/editors/frmEditInp.h"
 #include "programs/editors/frmEditPar.h"
 #include "programs/editors/frmEditTarvexINI.h"
 #include "programs/editors/frmUtilities.h"
+#include "programs/edittext/frmEditText.h"
 #include "reduction/frmAddCalib.h"
 #include "reduction/frmCalibTree.h"
 #include "reduction/frmReduce.h"
@@ -183,6 +185,8 @@ const std::vector<ScreenKind>& AllScreens() {
         {"frmEditInp", "cmdClose", [](ScreenSite&) { return new frmEditInp(Input); }},
         {"frmEditPar", "cmdCancel",
          [](ScreenSite&) { return new frmEditPar(Input.substr(0, Input.size() - 3) + "PAR"); }},
+        {"frmEditDrives", "cmdCancel", [](ScreenSite&) { return new frmEditDrives; }},
+        {"frmEditText", "", [](ScreenSite&) { return new frmEditText(OpenTextFile(Input, false)); }},
         {"frmUtilities", "cmdClose", [](ScreenSite&) { return new frmUtilities("dv_special.ini"); }},
     };
     return screens;

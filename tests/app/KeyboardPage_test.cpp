@@ -37,7 +37,7 @@ QString PageText() {
 Keys KeysOf(const QString& cell) {
     static const QRegularExpression key(
         QStringLiteral("\\b((?:(?:Ctrl|Alt|Shift)\\+)*"
-                       "(?:F\\d+|Page Up|Page Down|Ins|Del|Enter|Up|Down|[A-Z0-9])\\b)"));
+                       "(?:F\\d+|Page Up|Page Down|Ins|Del|Enter|Up|Down|[A-Z0-9])\\b|Ctrl\\+[+-])"));
     QString text = cell;
     text.replace(QStringLiteral("1 to 9"), QStringLiteral("1, 2, 3, 4, 5, 6, 7, 8, 9"));
     text.remove(QRegularExpression(QStringLiteral("<b>.*?</b>")));
@@ -56,18 +56,24 @@ struct Row {
     Keys Named;
 };
 
-/// The rows of the table of single screens; a row without a screen belongs to the one above it.
+QString Table(const QString& page, const char* id) {
+    const qsizetype begin = page.indexOf(QStringLiteral("id=\"%1\"").arg(QLatin1String(id)));
+    return page.mid(begin, page.indexOf(QStringLiteral("</table>"), begin) - begin);
+}
+
+/// The rows about screens; a row without a screen belongs to the one above it, a table of its own to one
+/// screen.
 std::vector<Row> RowsOfScreens() {
-    const QString page = PageText();
-    const qsizetype begin = page.indexOf(QStringLiteral("id=\"screens\""));
-    const QString table = page.mid(begin, page.indexOf(QStringLiteral("</table>"), begin) - begin);
     static const QRegularExpression row(QStringLiteral("<tr><td>(.*?)</td><td>(.*?)</td>"));
     static const QRegularExpression link(QStringLiteral("href=\"([^\"]*)\""));
+    const QString page = PageText();
     std::vector<Row> rows;
-    for (const QRegularExpressionMatch& match : row.globalMatch(table)) {
+    for (const QRegularExpressionMatch& match : row.globalMatch(Table(page, "screens"))) {
         const QString leads = link.match(match.captured(1)).captured(1);
         rows.push_back({leads.isEmpty() ? rows.back().Page : leads.toStdString(), KeysOf(match.captured(2))});
     }
+    for (const QRegularExpressionMatch& match : row.globalMatch(Table(page, "text")))
+        rows.push_back({"edittext.html", KeysOf(match.captured(1))});
     return rows;
 }
 
@@ -120,13 +126,15 @@ TEST(KeyboardPage, NamesEveryKeyOfEveryScreen) {
     EXPECT_GT(keys, 20);
 }
 
-// What a tree or a tab does with its own keys is not a shortcut, and has tests of its own.
+// What a tree, a tab or the text does with its own keys is not a shortcut, and has tests of its own.
 TEST(KeyboardPage, NamesNoKeyThatItsScreenLacks) {
     ScreenSite site;
     const std::vector<Row> rows = RowsOfScreens();
     ASSERT_GE(rows.size(), 8U);
     for (const Row& row : rows) {
         Keys there = {"Enter", "Left", "Right", "Space"};
+        if (row.Page == "edittext.html")
+            there.insert({"Shift+Enter", "Ctrl+Up", "Ctrl+Down"});
         for (const ScreenKind& each : AllScreens())
             if (IsAboutThem(row, HelpPageOf(each.Form())))
                 there.merge(KeysOf(site.Show(each.Make(site))));
