@@ -6,25 +6,12 @@
 
 #include "core/Globals.h"
 #include "core/basGeneral.h"
+#include "programs/edittext/TextMessages.h"
 #include "programs/window/ArgumentPath.h"
 
 namespace Dorvane {
 
 namespace {
-
-constexpr const char* Title = "Text Editor";
-
-void Tell(const std::string& text) {
-    TheDesktop().ShowMessage({.Text = text, .Title = Title, .Picture = Icon::Exclamation});
-}
-
-bool Asks(const std::string& text, Answer usual) {
-    return TheDesktop().ShowMessage({.Text = text,
-                                     .Title = Title,
-                                     .Picture = Icon::Question,
-                                     .Choices = Buttons::YesNo,
-                                     .Default = usual}) == Answer::Yes;
-}
 
 std::string FolderOf(const std::string& path) {
     return path.substr(0, path.find_last_of('\\') + 1);
@@ -33,14 +20,14 @@ std::string FolderOf(const std::string& path) {
 std::optional<TextFile> OpenNew(const std::string& path, bool readOnly) {
     std::string folder = FolderOf(path);
     if (!FolderExists(folder)) {
-        Tell(path + " is not there, and there is no folder " + folder + ".");
+        WarnOfText(path + " is not there, and there is no folder " + folder + ".");
         return std::nullopt;
     }
     if (readOnly) {
-        Tell(path + " is not there.");
+        WarnOfText(path + " is not there.");
         return std::nullopt;
     }
-    if (!Asks(path + " is not there. Begin it as a new file?", Answer::Yes))
+    if (!ConfirmText(path + " is not there. Begin it as a new file?", Answer::Yes))
         return std::nullopt;
     return OpenTextFile(path, false);
 }
@@ -68,10 +55,11 @@ std::optional<TextFile> AskTextFile(const std::string& path, bool readOnly) {
             const std::string folder = path.back() == '\\' ? path : path + "\\";
             return ChooseTextFile(folder, folder + " is a folder: choose a file", readOnly);
         }
-        case PathKind::Other: Tell(path + " is no file that holds a text."); return std::nullopt;
+        case PathKind::Other: WarnOfText(path + " is no file that holds a text."); return std::nullopt;
         case PathKind::File: break;
     }
-    if (LooksBinary(path) && !Asks(path + " does not look like a text. Open it all the same?", Answer::No))
+    if (LooksBinary(path) &&
+        !ConfirmText(path + " does not look like a text. Open it all the same?", Answer::No))
         return std::nullopt;
     return OpenTextFile(path, readOnly);
 }

@@ -15,6 +15,7 @@
 #include "core/basHelp.h"
 #include "core/widgets/ScreenText.h"
 #include "core/widgets/StatusPanels.h"
+#include "programs/edittext/TextMessages.h"
 #include "programs/edittext/TextOpening.h"
 #include "programs/edittext/TextPrint.h"
 #include "programs/edittext/TextWork.h"
@@ -24,7 +25,6 @@ namespace Dorvane {
 
 namespace {
 
-constexpr const char* Title = "Text Editor";
 constexpr Offset ManyLines = 5000;  // some hundred sheets
 constexpr Offset LinesOfSheet = 60;
 
@@ -35,14 +35,6 @@ QString Setting(const char* name) {
 void Split(const std::string& path, std::string& folder, std::string& name) {
     folder = path.substr(0, path.find_last_of('\\') + 1);
     name = path.substr(folder.size());
-}
-
-bool Asks(const std::string& text, Answer usual) {
-    return TheDesktop().ShowMessage({.Text = text,
-                                     .Title = Title,
-                                     .Picture = Icon::Question,
-                                     .Choices = Buttons::YesNo,
-                                     .Default = usual}) == Answer::Yes;
 }
 
 }  // namespace
@@ -200,7 +192,7 @@ bool frmEditText::Save() {
     bool saved = false;
     Guarded("frmEditText-mnuSave_Click", [&](Guard& guard) {
         if (Dorvane::LookAtDisk(File) == DiskState::Changed &&
-            !Asks(File.Path + " was changed by another program. Save your text over it?", Answer::No))
+            !ConfirmText(File.Path + " was changed by another program. Save your text over it?", Answer::No))
             return;
         saved = guard.Run([&] { SaveTextFile(File); });
     });
@@ -222,7 +214,7 @@ bool frmEditText::SaveAs() {
         if (!path || path->empty())
             return;
         if (*path != File.Path && FileExists(*path) &&
-            !Asks(*path + " is there already. Replace it?", Answer::No))
+            !ConfirmText(*path + " is there already. Replace it?", Answer::No))
             return;
         saved = guard.Run([&] { SaveTextFileAs(File, *path); });
     });
@@ -248,7 +240,8 @@ void frmEditText::Reload() {
 void frmEditText::AskReload() {
     if (!FileExists(File.Path))
         Say(tr("%1 is not there").arg(ToScreen(File.Path)));
-    else if (!Text().IsModified() || Asks("Load " + File.Path + " anew and lose your changes?", Answer::No))
+    else if (!Text().IsModified() ||
+             ConfirmText("Load " + File.Path + " anew and lose your changes?", Answer::No))
         Reload();
 }
 
@@ -260,8 +253,8 @@ void frmEditText::Print() {
     const Offset lines =
         text.LineOf(printed.To()).value_or(text.Lines()) - text.LineOf(printed.From()).value_or(0) + 1;
     if (lines > ManyLines &&
-        !Asks("Some " + std::to_string(lines / LinesOfSheet) + " pages would be printed. Print them?",
-              Answer::No))
+        !ConfirmText("Some " + std::to_string(lines / LinesOfSheet) + " pages would be printed. Print them?",
+                     Answer::No))
         return;
     Guarded("frmEditText-mnuPrint_Click", [&](Guard& guard) {
         if (PrinterSetup() && guard.Run([&] { PrintText(text, printed, File.Path); }))
@@ -273,11 +266,7 @@ void frmEditText::Print() {
 bool frmEditText::MayLeave() {
     if (!Text().IsModified())
         return true;
-    const Answer answer = TheDesktop().ShowMessage(
-        {.Text = "Save the changes to " + File.Path + "?\r\n\r\nYes saves them, No discards them.",
-         .Title = Title,
-         .Picture = Icon::Question,
-         .Choices = Buttons::YesNoCancel});
+    const Answer answer = AskToSaveText(File.Path);
     return answer == Answer::Yes ? Save() : answer == Answer::No;
 }
 
@@ -320,9 +309,10 @@ void frmEditText::AnswerToDisk(DiskState state) {
     if (state != DiskState::Changed)
         return;
     const bool modified = Text().IsModified();
-    if (Asks(File.Path + " was changed by another program. Load it anew" +
-                 (modified ? ", and lose your changes?" : "?") + "\r\n\r\nNo keeps the text as it is here.",
-             modified ? Answer::No : Answer::Yes)) {
+    if (ConfirmText(File.Path + " was changed by another program. Load it anew" +
+                        (modified ? ", and lose your changes?" : "?") +
+                        "\r\n\r\nNo keeps the text as it is here.",
+                    modified ? Answer::No : Answer::Yes)) {
         Reload();
     } else {
         KeepMine(File);
