@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "datatree/frmAddSurvey.h"
 
-#include <QBoxLayout>
-#include <QLabel>
 #include <QListWidget>
 #include <QSignalBlocker>
 
 #include "core/ReportError.h"
+#include "core/widgets/EmptyNote.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/ScreenText.h"
 #include "ui_frmAddSurvey.h"
@@ -42,26 +41,6 @@ void OnChoice(QListWidget* list, Click click) {
     QObject::connect(list, &QListWidget::itemClicked, list, click);
 }
 
-// A label in the place of a list's names, for the word that says why there are none.
-void AddNote(QListWidget& list) {
-    auto* note = new QLabel(list.viewport());
-    note->setObjectName(QStringLiteral("lblEmpty") + list.objectName());
-    note->setTextFormat(Qt::PlainText);
-    note->setWordWrap(true);
-    note->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    note->setAttribute(Qt::WA_TransparentForMouseEvents);
-    auto* room = new QVBoxLayout(list.viewport());
-    room->addWidget(note);
-}
-
-void ShowWhyEmpty(QListWidget& list, const SurveyChoice& choice, SurveyList which) {
-    auto* note = list.findChild<QLabel*>(QStringLiteral("lblEmpty") + list.objectName());
-    const std::string text = WhyEmpty(choice, which);
-    note->setText(ToScreen(text));
-    note->setVisible(!text.empty());
-    list.setAccessibleDescription(note->text());
-}
-
 }  // namespace
 
 frmAddSurvey::frmAddSurvey() : Form(std::make_unique<Ui::frmAddSurvey>()) {
@@ -76,7 +55,7 @@ frmAddSurvey::frmAddSurvey() : Form(std::make_unique<Ui::frmAddSurvey>()) {
         SetOptionalPicture(*Form->cmdCancel, "cancel.svg");
     });
     for (QListWidget* list : {Form->lstRoot, Form->lstLocation, Form->lstTypeMulti, Form->lstEpoch})
-        AddNote(*list);
+        AddEmptyNote(*list);
     OnChoice(Form->lstRoot, [this] { lstRoot_Click(); });
     OnChoice(Form->lstLocation, [this] { lstLocation_Click(); });
     OnChoice(Form->lstEpoch, [this] { lstEpoch_Click(); });
@@ -92,7 +71,7 @@ void frmAddSurvey::SetDirectory(const std::string& directory) {
     Form->lblDirectory->setText(ToScreen(Choice.Directory));
     Form->lblDirectory->setVisible(!Choice.Directory.empty());
     Fill(*Form->lstRoot, Choice.Roots, Choice.Root);
-    ShowWhyEmpty(*Form->lstRoot, Choice, SurveyList::Root);
+    ShowEmptyNote(*Form->lstRoot, WhyEmpty(Choice, SurveyList::Root));
     ShowRoot();
     // The next keystroke belongs to the first choice that is open.
     if (Choice.Locations.Empty())
@@ -106,9 +85,9 @@ void frmAddSurvey::SetDirectory(const std::string& directory) {
 void frmAddSurvey::ShowRoot() {
     Form->lblRoot->setText(ToScreen(Choice.Root));
     Fill(*Form->lstLocation, Choice.Locations, Choice.Location);
-    ShowWhyEmpty(*Form->lstLocation, Choice, SurveyList::Location);
+    ShowEmptyNote(*Form->lstLocation, WhyEmpty(Choice, SurveyList::Location));
     Fill(*Form->lstTypeMulti, Choice.Types);
-    ShowWhyEmpty(*Form->lstTypeMulti, Choice, SurveyList::Type);
+    ShowEmptyNote(*Form->lstTypeMulti, WhyEmpty(Choice, SurveyList::Type));
     ShowLocation();
 }
 
@@ -120,7 +99,7 @@ void frmAddSurvey::ShowLocation() {
 void frmAddSurvey::ShowEpochs() {
     Form->lblEpoch->setText(ToScreen(Choice.Epoch));
     Fill(*Form->lstEpoch, Choice.Epochs);
-    ShowWhyEmpty(*Form->lstEpoch, Choice, SurveyList::Epoch);
+    ShowEmptyNote(*Form->lstEpoch, WhyEmpty(Choice, SurveyList::Epoch));
 }
 
 void frmAddSurvey::lstRoot_Click() {

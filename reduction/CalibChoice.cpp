@@ -7,6 +7,12 @@
 
 namespace Dorvane {
 
+namespace {
+
+const char* const Editor = "on the home menu under Edit > Calibration Structures.";
+
+}  // namespace
+
 void OpenCalibChoice(CalibChoice& choice) {
     choice = {};
     choice.Calibrations = ReadCalibRecords();
@@ -37,6 +43,18 @@ void ChooseCalibType(CalibChoice& choice, const std::string& type) {
 
 void ChooseCalibEpoch(CalibChoice& choice, const std::string& epoch) {
     choice.Epoch = epoch;
+}
+
+std::string WhyNoTypes(const CalibChoice& choice) {
+    return choice.Types.Empty() ? std::string("There are no calibration types.  Enter them ") + Editor : "";
+}
+
+std::string WhyNoEpochs(const CalibChoice& choice) {
+    if (choice.Calibrations.Structure.TypeCount == 0)
+        return std::string("There are no calibration epochs.  Enter them ") + Editor;
+    if (choice.Type.empty() || !choice.Epochs.Empty())
+        return "";
+    return choice.Type + " has all epochs already.  Enter more " + Editor;
 }
 
 bool ConfirmCalibration(const CalibChoice& choice, CalibrationAnswer& answer) {

@@ -35,6 +35,11 @@ void ChooseCalibType(CalibChoice& choice, const std::string& type);
 /// A click on an epoch.
 void ChooseCalibEpoch(CalibChoice& choice, const std::string& epoch);
 
+/// Why the list of types, or that of epochs, offers nothing, and where its names are made; empty when it
+/// offers something, or may do so after another choice.
+std::string WhyNoTypes(const CalibChoice& choice);
+std::string WhyNoEpochs(const CalibChoice& choice);
+
 /// The click of cmdOK: false when the dialog stays because a name is missing, which a message says.
 bool ConfirmCalibration(const CalibChoice& choice, CalibrationAnswer& answer);
 

@@ -2,6 +2,7 @@
 #include "reduction/frmAddCalib.h"
 
 #include "core/ReportError.h"
+#include "core/widgets/EmptyNote.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/ScreenText.h"
 #include "ui_frmAddCalib.h"
@@ -38,6 +39,8 @@ frmAddCalib::frmAddCalib() : Form(std::make_unique<Ui::frmAddCalib>()) {
     Guarded("frmAddCalib-LoadForm", [&](Guard&) {
         SetOptionalPicture(*Form->cmdOK, "ok.svg");
         SetOptionalPicture(*Form->cmdCancel, "cancel.svg");
+        AddEmptyNote(*Form->lstType);
+        AddEmptyNote(*Form->lstEpoch);
         OpenCalibChoice(Choice);
     });
     OnChoice(*Form->lstType, [this] { lstType_Click(); });
@@ -58,6 +61,7 @@ void frmAddCalib::SetDirectory(const std::string& directory) {
         if (!Choice.Type.empty())
             Form->lstType->setCurrentItem(
                 Form->lstType->findItems(ToScreen(Choice.Type), Qt::MatchExactly).value(0));
+        ShowEmptyNote(*Form->lstType, WhyNoTypes(Choice));
         ShowType();
     });
 }
@@ -67,6 +71,7 @@ void frmAddCalib::ShowType() {
     const QSignalBlocker quiet(Form->lstEpoch);
     Form->lblType->setText(ToScreen(Choice.Type));
     Fill(*Form->lstEpoch, Choice.Epochs);
+    ShowEmptyNote(*Form->lstEpoch, WhyNoEpochs(Choice));
     Form->lblEpoch->setText(ToScreen(Choice.Epoch));
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reduction/CalibChoice.h"
 
+#include "datatree/basTree.h"
 #include "tests/reduction/CalibSite.h"
 
 namespace Dorvane::Testing {
@@ -80,7 +81,7 @@ TEST_F(CalibChoiceTest, ReportsASeventeenthType) {
     for (int i = 1; i <= 17; ++i)
         lines.push_back("TYPE" + std::to_string(i));
     PutLines(Structure, lines);
-    ExpectReport(9, "Subscript out of range", "basRead-ReadCalibStrFile");
+    ExpectReport(Desktop, 9, "Subscript out of range", "basRead-ReadCalibStrFile");
     Open();
     EXPECT_TRUE(Choice.Types.Empty());
 }
@@ -118,6 +119,29 @@ TEST_F(CalibChoiceTest, AnswersWithBothNames) {
     ChooseCalibEpoch(Choice, "C2607");
     EXPECT_TRUE(ConfirmCalibration(Choice, answer));
     EXPECT_EQ(answer, (CalibrationAnswer{"EDM", "C2607"}));
+}
+
+TEST_F(CalibChoiceTest, SaysWhyAListIsEmptyAndWhereItsNamesAreMade) {
+    Open();
+    EXPECT_EQ(WhyNoTypes(Choice), "");
+    EXPECT_EQ(WhyNoEpochs(Choice), "");
+    ChooseCalibType(Choice, "EDM");
+    EXPECT_EQ(WhyNoEpochs(Choice), "");
+    for (const char* epoch : {"C2601", "C2607", "C2701"})
+        UpdateCalibPthFileAdd("CALIB", "EDM", epoch);
+    Open();
+    ChooseCalibType(Choice, "EDM");
+    EXPECT_EQ(
+        WhyNoEpochs(Choice),
+        "EDM has all epochs already.  Enter more on the home menu under Edit > Calibration Structures.");
+    Drives::DeleteFile(Global().Init_path + "CALIB.STR");
+    Open();
+    EXPECT_EQ(WhyNoTypes(Choice),
+              "There are no calibration types.  Enter them on the home menu under Edit > "
+              "Calibration Structures.");
+    EXPECT_EQ(WhyNoEpochs(Choice),
+              "There are no calibration epochs.  Enter them on the home menu under Edit "
+              "> Calibration Structures.");
 }
 
 }  // namespace Dorvane::Testing
