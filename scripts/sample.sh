@@ -23,6 +23,19 @@ last_line_of() { # SITE
     head -n 1 "$1.record"
 }
 
+# A field book that is to be walked; one that lies on the site is copied aside, since the site goes.
+book_off_site() { # SITE BOOK
+    case $(realpath -- "$2") in
+    "$(realpath -m -- "$1")"/*)
+        local aside
+        aside=$(mktemp -d)
+        cp -- "$2" "$aside/"
+        printf '%s\n' "$aside/$(basename -- "$2")"
+        ;;
+    *) printf '%s\n' "$2" ;;
+    esac
+}
+
 # Takes the site away; the one that was edited last is kept as SITE.old.
 put_aside() { # SITE
     if site_is_edited "$1"; then

@@ -41,6 +41,11 @@ rm "$site/drives/d:/NEW.TXT" "$site/drives/d:/TARVEX/A FILE.TXT"
 site_is_edited "$site" || fail "a file that is gone is not noticed"
 
 walked
+book=$(book_off_site "$site" "$site/drives/d:/TARVEX/A FILE.TXT")
 put_aside "$site"
+grep -q data "$book" && [ "$(basename "$book")" = "A FILE.TXT" ] || fail "a book of the site goes with it"
+rm -r "$(dirname "$book")"
+echo book >"$folder/B.GSI"
+[ "$(book_off_site "$site" "$folder/B.GSI")" = "$folder/B.GSI" ] || fail "a book elsewhere is copied"
 grep -q more "$site.old/drives/d:/TARVEX/A FILE.TXT" || fail "an untouched site took the place of the edited one"
 echo "sample site: kept where it was edited, made anew where it was not"
