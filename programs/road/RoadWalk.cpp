@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "programs/road/RoadWalk.h"
 
+#include <functional>
 #include <ostream>
 
 #include <fmt/format.h>
@@ -40,9 +41,10 @@ void OpenSite(const std::string& site, const std::string& programFolder) {
     if (!Host::Inspect(drives + "/d:").Exists)
         Host::CreateFolder(drives + "/d:");
     Global().ProgramFolder = Drives::DrivePath(programFolder + "/");
-    // The walk has a site of its own and does not stand in the way of the program itself.
+    // The walk has a site of its own and stands in the way neither of the program itself nor of a walk on
+    // another site.
     if (Global().InstanceName == Globals().InstanceName)
-        Global().InstanceName += "-road";
+        Global().InstanceName += fmt::format("-road-{:x}", std::hash<std::string>()(Host::RealPath(drives)));
 }
 
 void WalkAll(Walk& walk, const std::string& fieldBook) {

@@ -167,4 +167,12 @@ TEST_F(RoadTest, ABookWithoutASightIsNamedAndBlocksTheReduction) {
     EXPECT_NE(errors.find("EMPTY.GSI"), std::string::npos);
 }
 
+TEST_F(RoadTest, GoesSideBySideWithAnotherOnASiteOfItsOwn) {
+    const std::string walk = DORVANE_FOLDER "/Programs/ROAD.EXE ";
+    const std::string sites = Site.HostFolder();
+    const std::string both = walk + sites + "one > " + sites + "one.txt & " + walk + sites + "two > " +
+                             sites + "two.txt; second=$?; wait $!; exit $(($? + second))";
+    EXPECT_EQ(std::system(both.c_str()), 0);
+}
+
 }  // namespace Dorvane
