@@ -7,7 +7,9 @@
 namespace Dorvane {
 
 int WidthOfTitle(const QWidget& window) {
-    constexpr int IconAndButtons = 6;  // each about as wide as a line is high
+    // Each about as wide as a line is high; and window managers write titles somewhat larger than the
+    // toolkit.
+    constexpr int IconAndButtons = 9;
     QFont font = window.font();
     font.setBold(true);
     const QFontMetrics metrics(font);
