@@ -13,6 +13,19 @@
 
 namespace Dorvane {
 
+namespace {
+
+// The folder that a drive leads to or, on a host with letters of its own, the drive.
+std::string HostFolderOf(char letter) {
+    if (Drives::CanLayOut())
+        for (const Drives::Link& link : Drives::Links())
+            if (link.Letter == letter)
+                return link.Folder;
+    return Drives::HostPath(std::string(1, letter) + ":\\");
+}
+
+}  // namespace
+
 frmInit::frmInit() : Form(std::make_unique<Ui::frmInit>()) {
     Form->setupUi(this);
     Form->lblDescription->setMinimumWidth(fontMetrics().averageCharWidth() * 60);
@@ -49,8 +62,7 @@ void frmInit::cmdDrives_Click() {
 // A drive is listed as "D: [where it lies on this computer]".
 void frmInit::FillDrives(QComboBox& list, char preferred) {
     for (const char letter : Drives::DriveLetters()) {
-        const std::string root = std::string(1, letter) + ":\\";
-        const QString place = QString::fromStdString(Drives::HostPath(root));
+        const QString place = QString::fromStdString(HostFolderOf(letter));
         list.addItem(QStringLiteral("%1: [%2]").arg(QChar::fromLatin1(letter)).arg(place));
         if (letter == preferred)
             list.setCurrentIndex(list.count() - 1);

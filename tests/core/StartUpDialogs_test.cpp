@@ -184,7 +184,7 @@ TEST_F(DefaultDirectories, ShowsTheDriveLettersThatWereLaidOutFromIt) {
     EXPECT_EQ(Desk.Started.size(), 1U);
     const auto letters = static_cast<int>(Drives::DriveLetters().size());
     EXPECT_EQ(Control<QComboBox>(init, "drvMain").count(), letters);
-    EXPECT_GE(Control<QComboBox>(init, "drvMain").findText("E: [/tmp", Qt::MatchStartsWith), 0);
+    EXPECT_GE(Control<QComboBox>(init, "drvMain").findText("E: [/tmp]"), 0);
     EXPECT_TRUE(Control<QComboBox>(init, "drvMain").currentText().startsWith("D:"));
     EXPECT_TRUE(Control<QComboBox>(init, "drvLocal").currentText().startsWith("P:"));
 }
