@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 #include <QWindow>
 
@@ -98,11 +99,13 @@ GiveUpWindow::GiveUpWindow(const QString& program, QWidget* owner)
     row->addWidget(giveUp);
 }
 
-// In the owner's lower corner, where it covers least of what stands in the middle.
+// In the lower corner of the owner's screen: the program's own window mostly stands where the owner stands, and
+// is often worked in for long.
 void GiveUpWindow::Offer() {
+    constexpr int rim = 24;  // for the frame and the shadow
     adjustSize();
-    if (const QWidget* const owner = parentWidget())
-        move(owner->window()->frameGeometry().bottomRight() - rect().bottomRight() - QPoint(8, 8));
+    const QRect room = screen()->availableGeometry();
+    move(room.bottomRight() - rect().bottomRight() - QPoint(rim, rim));
     show();
 }
 

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QSignalSpy>
 #include <QTest>
@@ -145,6 +146,22 @@ TEST_F(AwaitedPrograms, LetTheWindowsBehindThemBePainted) {
     RunChild(Screen);
     EXPECT_TRUE(painted);
     EXPECT_TRUE(FileExists(Go + ".DONE"));
+}
+
+TEST_F(AwaitedPrograms, AreNamedInTheLowerCornerOfTheScreen) {
+    Behind.move(0, 0);
+    QRect place;
+    QRect room;
+    WhenReady([&] {
+        EXPECT_TRUE(QTest::qWaitFor([] { return Offer() != nullptr; }, 60000));
+        place = Offer()->frameGeometry();
+        room = Offer()->screen()->availableGeometry();
+        Drives::DeleteFile(Go);
+    });
+    RunChild(Impatient);
+    EXPECT_TRUE(room.contains(place));
+    EXPECT_LT(room.bottom() - place.bottom(), 60);
+    EXPECT_LT(room.right() - place.right(), 60);
 }
 
 TEST_F(AwaitedPrograms, KeepWhatIsTypedClickedAndClosedFromAllWindows) {
