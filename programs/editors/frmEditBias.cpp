@@ -8,6 +8,7 @@
 #include "core/widgets/Pictures.h"
 #include "core/widgets/ScreenText.h"
 #include "programs/editors/CodeEntry.h"
+#include "programs/editors/EditWatch.h"
 #include "programs/editors/EntryLines.h"
 #include "ui_frmEditBias.h"
 
@@ -42,7 +43,7 @@ frmEditBias::frmEditBias(const std::string& folder)
     Form->tblBias->setEnabled(understood);
     Form->cmdOK->setEnabled(understood);
     connect(Form->cmdOK, &QPushButton::clicked, this, &frmEditBias::cmdOK_Click);
-    connect(Form->cmdCancel, &QPushButton::clicked, this, [this] { Unload(); });
+    new EditWatch(*this, *Form->cmdCancel);
     Form->tblBias->setFocus();
 }
 

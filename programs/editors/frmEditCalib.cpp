@@ -7,6 +7,7 @@
 #include "core/Text.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/ScreenText.h"
+#include "programs/editors/EditWatch.h"
 #include "programs/editors/EntryLines.h"
 #include "ui_frmEditCalib.h"
 
@@ -41,7 +42,7 @@ frmEditCalib::frmEditCalib(const std::string& folder, const std::string& calibPa
          std::initializer_list<QWidget*>{Form->tblTypes, Form->tblEpochs, Form->txtDescription, Form->cmdOK})
         control->setEnabled(understood);
     connect(Form->cmdOK, &QPushButton::clicked, this, &frmEditCalib::cmdOK_Click);
-    connect(Form->cmdCancel, &QPushButton::clicked, this, [this] { Unload(); });
+    new EditWatch(*this, *Form->cmdCancel);
     Form->tblTypes->setFocus();
 }
 

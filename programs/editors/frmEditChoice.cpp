@@ -12,6 +12,7 @@
 #include "core/widgets/ScreenText.h"
 #include "datatree/basRead.h"
 #include "programs/editors/ChoiceCheck.h"
+#include "programs/editors/EditWatch.h"
 #include "programs/editors/EntryLines.h"
 #include "ui_frmEditChoice.h"
 
@@ -67,7 +68,7 @@ frmEditChoice::frmEditChoice(const std::string& folder)
     connect(Form->tblSystems, &EntryTable::LineChosen, this, &frmEditChoice::tblSystems_LineChosen);
     connect(Form->tblSystems, &EntryTable::Edited, this, &frmEditChoice::tblSystems_LineChosen);
     connect(Form->cmdOK, &QPushButton::clicked, this, &frmEditChoice::cmdOK_Click);
-    connect(Form->cmdCancel, &QPushButton::clicked, this, [this] { Unload(); });
+    new EditWatch(*this, *Form->cmdCancel);
     Form->tblSystems->setFocus();
 }
 

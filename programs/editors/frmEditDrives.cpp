@@ -6,6 +6,7 @@
 #include "core/basGeneral.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/ScreenText.h"
+#include "programs/editors/EditWatch.h"
 #include "programs/editors/EntryLines.h"
 #include "programs/editors/TarvexProfile.h"
 #include "ui_frmEditDrives.h"
@@ -35,7 +36,7 @@ frmEditDrives::frmEditDrives() : Form(std::make_unique<Ui::frmEditDrives>()), Dr
     connect(Form->cmdBrowse, &QPushButton::clicked, this, &frmEditDrives::cmdBrowse_Click);
     connect(Form->cmdMake, &QPushButton::clicked, this, &frmEditDrives::cmdMake_Click);
     connect(Form->cmdOK, &QPushButton::clicked, this, &frmEditDrives::cmdOK_Click);
-    connect(Form->cmdCancel, &QPushButton::clicked, this, [this] { Unload(); });
+    Edits = new EditWatch(*this, *Form->cmdCancel);
     Form->tblDrives->setFocus();
 }
 
@@ -102,6 +103,7 @@ void frmEditDrives::cmdBrowse_Click() {
             BrowseForFolder(DriveFolderOf(ChosenFolder()), "Drive", "Drive Letter Folder Selection");
         if (folder.empty())
             return;
+        Edits->Touch();
         Form->tblDrives->SetText(Form->tblDrives->ChosenId(), FolderColumn, HostFolderOf(folder));
         ShowStates();
     });

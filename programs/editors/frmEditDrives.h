@@ -8,6 +8,7 @@
 
 namespace Dorvane {
 
+class EditWatch;
 namespace Ui {
 class frmEditDrives;
 }
@@ -33,6 +34,7 @@ class frmEditDrives : public ScreenDialog {
     void cmdOK_Click();
 
     std::unique_ptr<Ui::frmEditDrives> Form;
+    EditWatch* Edits = nullptr;
     DriveEdit Drives;
 };
 

@@ -10,6 +10,7 @@
 #include "core/widgets/Pictures.h"
 #include "core/widgets/ScreenText.h"
 #include "core/widgets/WaitCursor.h"
+#include "programs/editors/EditWatch.h"
 #include "programs/editors/EntryLines.h"
 #include "ui_frmEditInp.h"
 
@@ -209,11 +210,7 @@ void frmEditInp::cmdSaveNew_Click() {
 
 void frmEditInp::cmdClose_Click() {
     Guarded("frmEditInp-cmdClose_Click", [&](Guard&) {
-        if (Changed() && TheDesktop().ShowMessage({.Text = "The changes are not saved.  Leave all the same?",
-                                                   .Title = Title,
-                                                   .Picture = Icon::Question,
-                                                   .Choices = Buttons::YesNo,
-                                                   .Default = Answer::No}) != Answer::Yes)
+        if (Changed() && !MayLoseChanges(Title))
             return;
         Unload();
     });

@@ -8,6 +8,7 @@
 #include "core/ReportError.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/ScreenText.h"
+#include "programs/editors/EditWatch.h"
 #include "programs/editors/EntryLines.h"
 #include "ui_frmEditPar.h"
 
@@ -57,7 +58,7 @@ frmEditPar::frmEditPar(const std::string& path)
     connect(Form->tblParameters, &EntryTable::LineChosen, this, &frmEditPar::ShowMeaning);
     connect(Form->cmdAddKnown, &QPushButton::clicked, this, &frmEditPar::cmdAddKnown_Click);
     connect(Form->cmdOK, &QPushButton::clicked, this, &frmEditPar::cmdOK_Click);
-    connect(Form->cmdCancel, &QPushButton::clicked, this, [this] { Unload(); });
+    Edits = new EditWatch(*this, *Form->cmdCancel);
     Form->tblParameters->setFocus();
 }
 
@@ -114,6 +115,7 @@ void frmEditPar::cmdAddKnown_Click() {
         }
         lines.push_back({last + 1, {key->key, Krenn::ParameterDefault(*key), ""}});
         Form->tblParameters->SetLines(lines);
+        Edits->Touch();
         Form->tblParameters->Table().setCurrentCell(static_cast<int>(lines.size()) - 1, 1);
         ShowMeaning();
     });

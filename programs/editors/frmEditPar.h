@@ -10,6 +10,7 @@
 
 namespace Dorvane {
 
+class EditWatch;
 namespace Ui {
 class frmEditPar;
 }
@@ -32,6 +33,7 @@ class frmEditPar : public ScreenDialog {
     void cmdOK_Click();
 
     std::unique_ptr<Ui::frmEditPar> Form;
+    EditWatch* Edits = nullptr;
     ParameterEdit Parameters;
 };
 

@@ -13,6 +13,7 @@
 #include "core/basGeneral.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/ScreenText.h"
+#include "programs/editors/EditWatch.h"
 #include "programs/editors/frmEditDrives.h"
 #include "ui_frmEditTarvexINI.h"
 
@@ -64,7 +65,9 @@ frmEditTarvexINI::frmEditTarvexINI()
     connect(Form->cmdBrowseEditor, &QPushButton::clicked, this, &frmEditTarvexINI::cmdBrowseEditor_Click);
     connect(Form->cmdDrives, &QPushButton::clicked, this, &frmEditTarvexINI::cmdDrives_Click);
     connect(Form->cmdOK, &QPushButton::clicked, this, &frmEditTarvexINI::cmdOK_Click);
-    connect(Form->cmdCancel, &QPushButton::clicked, this, [this] { Unload(); });
+    auto* const edits = new EditWatch(*this, *Form->cmdCancel);
+    for (const QComboBox* list : {Form->cmbPathType, Form->cmbEditorType})
+        connect(list, &QComboBox::currentIndexChanged, edits, &EditWatch::Touch);
     Rows[0].Folder->setFocus();
 }
 

@@ -152,6 +152,11 @@ TEST_F(EditDrives, AsksBeforeALetterInUseGoes) {
 TEST_F(EditDrives, ChangesNothingByCancel) {
     Open();
     Add("F", Survey);
+    const std::string question = "The changes are not saved.  Leave all the same?";
+    Desktop.ExpectMessage("Edit Drive Letters", question, Answer::No);
+    Click(*Form, "cmdCancel");
+    ASSERT_FALSE(Form.isNull());
+    Desktop.ExpectMessage("Edit Drive Letters", question, Answer::Yes);
     Click(*Form, "cmdCancel");
     EXPECT_TRUE(Form.isNull());
     EXPECT_EQ(Drives::DriveLetters().find('F'), std::string::npos);

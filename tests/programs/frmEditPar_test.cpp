@@ -145,6 +145,26 @@ TEST_F(frmEditParTest, MakesTheFileOfAVersionFromThatOfItsMaster) {
     EXPECT_EQ(FileContent(Path), "; ours\r\nITERATIONS = 10\r\n");
 }
 
+TEST_F(frmEditParTest, AsksBeforeChangesAreLost) {
+    const std::string question = "The changes are not saved.  Leave all the same?";
+    Open(Path);
+    TypeInto(0, 1, "25");
+    Desktop.ExpectMessage("Edit Parameter File", question, Answer::No);
+    Click(*Form, "cmdCancel");
+    ASSERT_FALSE(Form.isNull());
+    EXPECT_EQ(Cell(0, 1), "25");
+    Desktop.ExpectMessage("Edit Parameter File", question, Answer::Yes);
+    Click(*Form, "cmdCancel");
+    EXPECT_TRUE(Form.isNull());
+    EXPECT_EQ(FileContent(Path), File);
+    Open(Path);
+    Control<QComboBox>(*Form, "cmbKnown").setCurrentIndex(3);
+    Click(*Form, "cmdAddKnown");
+    Desktop.ExpectMessage("Edit Parameter File", question, Answer::Yes);
+    Click(*Form, "cmdCancel");
+    EXPECT_TRUE(Form.isNull());
+}
+
 TEST_F(frmEditParTest, LeavesNoFileWhenCancelled) {
     Open("D:\\TARVEX\\DAM\\NEW.PAR");
     QTest::keyClick(Form.data(), Qt::Key_Escape);

@@ -263,6 +263,25 @@ TEST_F(EditStructures, TellsAFolderThatIsGoneAndStays) {
     EXPECT_FALSE(Form.isNull());
 }
 
+TEST_F(EditStructures, AsksBeforeChangesAreLost) {
+    const std::string question = "The changes are not saved.  Leave all the same?";
+    const std::string former = FileContent(Init + "DAM.STR");
+    OpenChoice();
+    TypeInto("tblLocations", 0, 1, "New");
+    Desktop.ExpectMessage("Edit Data Structures", question, Answer::No);
+    Click(*Form, "cmdCancel");
+    ASSERT_FALSE(Form.isNull());
+    Desktop.ExpectMessage("Edit Data Structures", question, Answer::Yes);
+    Click(*Form, "cmdCancel");
+    EXPECT_TRUE(Form.isNull());
+    EXPECT_EQ(FileContent(Init + "DAM.STR"), former);
+    OpenCalib();
+    Control<QLineEdit>(*Form, "txtDescription").setText("Calib");
+    Desktop.ExpectMessage("Edit Calibration Structures", question, Answer::Yes);
+    Click(*Form, "cmdCancel");
+    EXPECT_TRUE(Form.isNull());
+}
+
 TEST_F(EditStructures, EditsTheCalibrationStructure) {
     OpenCalib();
     EXPECT_EQ(TextOf(*Form), "Edit Calibration Structures");

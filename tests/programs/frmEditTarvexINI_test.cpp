@@ -125,9 +125,22 @@ TEST_F(FrmEditTarvexINI, StaysWithAValueThatWouldBeCut) {
     EXPECT_FALSE(Form.isNull());
 }
 
+TEST_F(FrmEditTarvexINI, AsksBeforeAChangedChoiceIsLost) {
+    Control<QComboBox>(*Form, "cmbPathType").setCurrentIndex(1);
+    Desktop.ExpectMessageTitled("Edit dv_tarvex.ini", Answer::Yes);
+    QTest::keyClick(Form, Qt::Key_Escape);
+    HandleEvents();
+    EXPECT_TRUE(Form.isNull());
+}
+
 TEST_F(FrmEditTarvexINI, ChangesNothingByCancelAndEscape) {
     const std::string former = FileContent(Profile);
     Type("txtData_drive", "X:\\");
+    const std::string question = "The changes are not saved.  Leave all the same?";
+    Desktop.ExpectMessage("Edit dv_tarvex.ini", question, Answer::No);
+    Click(*Form, "cmdCancel");
+    ASSERT_FALSE(Form.isNull());
+    Desktop.ExpectMessage("Edit dv_tarvex.ini", question, Answer::Yes);
     Click(*Form, "cmdCancel");
     EXPECT_TRUE(Form.isNull());
     EXPECT_EQ(FileContent(Profile), former);
