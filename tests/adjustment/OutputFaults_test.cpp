@@ -8,6 +8,7 @@
 #include "adjustment/OutputReader.h"
 #include "core/Drives.h"
 #include "tests/adjustment/Listing.h"
+#include "tests/support/Reports.h"
 #include "tests/support/ScriptedDesktop.h"
 #include "tests/support/TestSite.h"
 
@@ -22,9 +23,6 @@ class OutputFaults : public testing::Test {
         Testing::PutListing("D:\\ADJ\\", "NET.OUT", content);
         return ReadOutputFile("D:\\ADJ\\", "NET.OUT", Results, true);
     }
-    void ExpectReport(const std::string& error) {
-        Desktop.ExpectMessage("Program Error", error + "\r\n\r\nSource : Dorvane-basRead-ReadOutputFile");
-    }
 
     static std::string Repeated(const std::string& line, int count) {
         std::string text;
@@ -34,7 +32,7 @@ class OutputFaults : public testing::Test {
         return text;
     }
 
-    const std::string Overflow = "Error : 6\r\n\r\nDescription : Overflow";
+    const std::string Reader = "basRead-ReadOutputFile";
     const std::string Head = "Final results\r\nskipped\r\n";
     Testing::TestSite Site;
     Testing::ScriptedDesktop Desktop;
@@ -50,29 +48,29 @@ TEST_F(OutputFaults, ListsMayHoldAsManyAsSixteenBitsCount) {
 }
 
 TEST_F(OutputFaults, OnePointTooManyIsAnOverflow) {
-    ExpectReport(Overflow);
+    ExpectReport(Desktop, 6, "Overflow", Reader);
     EXPECT_EQ(Read(Head + Repeated("P 1 2 3\r\n", 32768) + "\r\n"), 0);
     EXPECT_EQ(Results.Points.Count(), 32767);
 }
 
 TEST_F(OutputFaults, OneStationTooManyIsAnOverflow) {
-    ExpectReport(Overflow);
+    ExpectReport(Desktop, 6, "Overflow", Reader);
     EXPECT_EQ(Read(Head + Repeated("S\r\na b 1 2 3\r\na b 4 5 6\r\n", 32768) + "\r\n"), 0);
 }
 
 TEST_F(OutputFaults, OnePairTooManyIsAnOverflow) {
-    ExpectReport(Overflow);
+    ExpectReport(Desktop, 6, "Overflow", Reader);
     EXPECT_EQ(Read(Head + "P 1 2 3\r\n\r\nhorizontal direction\r\n" + Repeated("A B\r\n", 32768) + "\r\n"),
               0);
 }
 
 TEST_F(OutputFaults, ANumberBeyondAllNumbersIsAnOverflow) {
-    ExpectReport(Overflow);
+    ExpectReport(Desktop, 6, "Overflow", Reader);
     EXPECT_EQ(Read(Head + "P 1E999 2 3\r\n\r\n"), 0);
 }
 
 TEST_F(OutputFaults, ALineOfMoreThanFiftyWordsIsASubscriptError) {
-    ExpectReport("Error : 9\r\n\r\nDescription : Subscript out of range");
+    ExpectReport(Desktop, 9, "Subscript out of range", Reader);
     EXPECT_EQ(Read(Head + "P 1 2 3\r\n\r\nheight differences\r\n" + Repeated("word ", 51) + "\r\n\r\n"), 0);
 }
 

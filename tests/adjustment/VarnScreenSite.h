@@ -18,6 +18,7 @@
 #include "core/RunTimeError.h"
 #include "core/widgets/ScreenText.h"
 #include "tests/support/RecordingNavigator.h"
+#include "tests/support/Reports.h"
 #include "tests/support/ScreenTest.h"
 #include "tests/support/ScriptedDesktop.h"
 #include "tests/support/TestSite.h"
@@ -142,12 +143,6 @@ struct VarnScreenSite : testing::Test {
         PutFile("C:\\EDIT\\ED.EXE", "");
     }
     static std::string LastPath() { return IniReadString("dv_tarvex.ini", "Tarvex", "Last Path"); }
-
-    /// The report of a failure for which the reporter has no wording of its own.
-    static std::string Report(int number, const std::string& description, const std::string& procedure) {
-        return "Error : " + std::to_string(number) + "\r\n\r\nDescription : " + description +
-               "\r\n\r\nSource : Dorvane-" + procedure;
-    }
 
     const std::string Net = "D:\\ADJ\\NET.INP";
     const std::string Output = "D:\\ADJ\\NET.OUT";

@@ -52,9 +52,8 @@ struct frmVarnChild : VarnScreenSite {
     }
 
     void ExpectEnd(const std::string& how) {
-        Desktop.ExpectMessage(
-            "Program Error",
-            Report(51, "The adjustment package ended unexpectedly (" + how + ")", "frmVarn-cmdVarn_Click"));
+        ExpectReport(Desktop, 51, "The adjustment package ended unexpectedly (" + how + ")",
+                     "frmVarn-cmdVarn_Click");
     }
     void ExpectUsable(frmVarn& screen) {
         EXPECT_FALSE(IsShown(screen, "aniVarn"));
@@ -153,8 +152,7 @@ TEST_F(frmVarnChild, ReportsAPackageThatIsKilledAndGoesOn) {
 TEST_F(frmVarnChild, ReportsAMissingPackageAndGoesOn) {
     Drives::DeleteFile("P:\\DORVANE\\" + KrennPackage::LibraryName());
     frmVarn& screen = OpenOnItsOwnPackage();
-    Desktop.ExpectMessage("Program Error", Report(53, "File not found: " + KrennPackage::LibraryName(),
-                                                  "frmVarn-cmdVarn_Click"));
+    ExpectReport(Desktop, 53, "File not found: " + KrennPackage::LibraryName(), "frmVarn-cmdVarn_Click");
     Click(screen, "cmdVarn");
     Install(PLAIN_PACKAGE);
     ExpectUsable(screen);
@@ -163,8 +161,7 @@ TEST_F(frmVarnChild, ReportsAMissingPackageAndGoesOn) {
 TEST_F(frmVarnChild, ReportsAMissingRunnerAndGoesOn) {
     std::filesystem::remove(Programs());
     frmVarn& screen = OpenOnItsOwnPackage();
-    Desktop.ExpectMessage("Program Error", Report(53, "File not found: " + ChildPackage::RunnerPath(),
-                                                  "frmVarn-cmdVarn_Click"));
+    ExpectReport(Desktop, 53, "File not found: " + ChildPackage::RunnerPath(), "frmVarn-cmdVarn_Click");
     Click(screen, "cmdVarn");
     std::filesystem::create_symlink(DORVANE_FOLDER "/Programs", Programs());
     ExpectUsable(screen);

@@ -199,8 +199,7 @@ TEST_F(frmVarnRun, OfAPackageThatEndsIsReportedAndCanBeRepeated) {
     for (const auto& let : calls) {
         const PackageScript whole = Package;
         let([]() -> std::int16_t { throw RunTimeError(51, Ended); });
-        Desktop.ExpectMessage("Program Error",
-                              Report(51, "Internal error: " + Ended, "frmVarn-cmdVarn_Click"));
+        ExpectReport(Desktop, 51, "Internal error: " + Ended, "frmVarn-cmdVarn_Click");
         Click(screen, "cmdVarn");
         ExpectAtRest(screen);
         Package = whole;
@@ -340,8 +339,7 @@ TEST_F(frmVarnRun, WithoutPicturesHasWordsOnItsButton) {
 TEST_F(frmVarnRun, TellsOfAMissingAnimationAndGoesOn) {
     std::filesystem::remove_all(Drives::HostPath("P:\\DORVANE\\graphics"));
     frmVarn& screen = OpenNet();
-    Desktop.ExpectMessage("Program Error", Report(53, "File not found: P:\\DORVANE\\graphics\\gears.avi",
-                                                  "frmVarn-cmdVarn_Click"));
+    ExpectReport(Desktop, 53, "File not found: P:\\DORVANE\\graphics\\gears.avi", "frmVarn-cmdVarn_Click");
     ExpectSuccess();
     Click(screen, "cmdVarn");
     EXPECT_THAT(Package.Calls, ElementsAre("start " + Net, "go 1", "stop"));

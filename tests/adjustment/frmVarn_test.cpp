@@ -273,8 +273,7 @@ TEST_F(frmVarnTest, KeepsATypedCharacterThatTheSystemDoesNotHold) {
 TEST_F(frmVarnTest, ReportsAnExistingFileWithoutItsFolder) {
     PutFile("D:\\LONE.INP", "");
     Drives::ChangeDrive('D');
-    Desktop.ExpectMessage("Program Error",
-                          Report(5, "Invalid procedure call or argument", "frmVarn-txtInput_Change"));
+    ExpectReport(Desktop, 5, "Invalid procedure call or argument", "frmVarn-txtInput_Change");
     frmVarn& screen = Open("LONE.INP");
     EXPECT_TRUE(screen.isVisible());
     screen.SetInput(Net);

@@ -50,7 +50,7 @@ class Restoring : public UpdateSite {
             Desk.ExpectMessageTitled("Restore Backup", Answer::Yes);
         Desk.ExpectMessageTitled("Program Error", answer);
         ClickAlone();
-        ExpectReport(error, "frmDbUpdate-cmdRestore_Click");
+        EXPECT_EQ(LastReport(Desk), std::to_string(error) + " Dorvane-frmDbUpdate-cmdRestore_Click");
         EXPECT_EQ(Picture(North), before);
         EXPECT_EQ(Status, "");
     }

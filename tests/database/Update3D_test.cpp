@@ -53,7 +53,7 @@ TEST_F(Updating, StoresNothingOfAFileWithARefusedPoint) {
     const auto before = Picture(North);
     Desk.ExpectMessageTitled("Program Error");
     EXPECT_FALSE(Update3DPoints(North, UpdateFile));
-    ExpectReport(1103, "basDatabase-Update3DPoints");
+    EXPECT_EQ(LastReport(Desk), "1103 CoordinateRetriever-basDatabase-Update3DPoints");
     EXPECT_NE(Desk.Shown.back().Text.find("Source : CoordinateRetriever-"), std::string::npos);
     ExpectTold("does not take point LONGNAME9: the name has more than 8 characters.  Nothing was changed.");
     EXPECT_EQ(Picture(North), before);
@@ -64,7 +64,7 @@ TEST_F(Updating, StoresNoPointWhenTheReferenceFileDoesNotTakeItsTask) {
     const auto before = Picture(North);
     Desk.ExpectMessageTitled("Program Error");
     EXPECT_FALSE(Update3DPoints(North, UpdateFile));
-    ExpectReport(1103, "basDatabase-Update3DPoints");
+    EXPECT_EQ(LastReport(Desk), "1103 CoordinateRetriever-basDatabase-Update3DPoints");
     ExpectTold("the task \"ELEVENCHARS\" has more than 10 characters.  Nothing was changed.");
     EXPECT_EQ(Picture(North), before);
 }
@@ -81,7 +81,7 @@ TEST_F(Updating, RefusesADateThatIsNone) {
     const auto before = Picture(North);
     Desk.ExpectMessageTitled("Program Error");
     EXPECT_FALSE(Update3DPoints(North, UpdateFile));
-    ExpectReport(1103, "basDatabase-Update3DPoints");
+    EXPECT_EQ(LastReport(Desk), "1103 CoordinateRetriever-basDatabase-Update3DPoints");
     EXPECT_EQ(Picture(North), before);
 }
 
@@ -99,7 +99,7 @@ TEST_F(Updating, ReportsADamagedDatabaseOnce) {
     const auto before = Picture(North);
     Desk.ExpectMessageTitled("Program Error");
     EXPECT_FALSE(Update3DPoints(North, UpdateFile));
-    ExpectReport(1101, "basDatabase-Update3DPoints");
+    EXPECT_EQ(LastReport(Desk), "1101 CoordinateRetriever-basDatabase-Update3DPoints");
     EXPECT_EQ(Picture(North), before);
 }
 
@@ -109,7 +109,7 @@ TEST_F(Updating, StoresNoPointWhenTheReferenceFileIsMissing) {
     const auto before = Picture(North);
     Desk.ExpectMessageTitled("Program Error");
     EXPECT_FALSE(Update3DPoints(North, UpdateFile));
-    ExpectReport(53, "basDatabase-Update3DPoints");
+    EXPECT_EQ(LastReport(Desk), "53 CoordinateRetriever-basDatabase-Update3DPoints");
     EXPECT_EQ(Picture(North), before);
 }
 
@@ -126,7 +126,7 @@ TEST_F(Updating, ChangesNothingWhenOneOfItsFilesMayNotBeWritten) {
         AsNobody([&] {
             Desk.ExpectMessageTitled("Program Error", Answer::Cancel);
             EXPECT_FALSE(Update3DPoints(North, UpdateFile));
-            ExpectReport(75, "basDatabase-Update3DPoints");
+            EXPECT_EQ(LastReport(Desk), "75 CoordinateRetriever-basDatabase-Update3DPoints");
         });
         EXPECT_EQ(Picture(North), before) << locked;
     }
@@ -164,7 +164,7 @@ TEST_F(Updating, LeavesAFullDiskAsItWasWhenTheOperatorGivesUp) {
         const auto before = Picture(North);
         Desk.ExpectMessageTitled("Program Error", Answer::No);
         EXPECT_FALSE(Update3DPoints(North, UpdateFile));
-        ExpectReport(61, "basDatabase-Update3DPoints");
+        EXPECT_EQ(LastReport(Desk), "61 CoordinateRetriever-basDatabase-Update3DPoints");
         EXPECT_EQ(Picture(North), before);
     });
 }

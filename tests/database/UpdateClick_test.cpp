@@ -107,7 +107,7 @@ TEST_F(UpdateClick, UpdatesNothingWithoutABackup) {
     Drives::DeleteFile(North + "NORTH.REF");
     Desk.ExpectMessageTitled("Program Error");
     Click();
-    ExpectReport(53, "basDatabase-MakeCoordBackups");
+    EXPECT_EQ(LastReport(Desk), "53 Dorvane-basDatabase-MakeCoordBackups");
     EXPECT_TRUE(Named({"P1"}).empty());
 }
 
@@ -120,7 +120,7 @@ TEST_F(UpdateClick, EndsWithARefusalAndChangesNothingNotEvenTheBackup) {
     const auto before = Picture(North);
     Desk.ExpectMessageTitled("Program Error");
     Click();
-    ExpectReport(1103, "basDatabase-Update3DPoints");
+    EXPECT_EQ(LastReport(Desk), "1103 CoordinateRetriever-basDatabase-Update3DPoints");
     ExpectTold("Source : CoordinateRetriever-");
     ExpectTold(North +
                "3DIM.DAT does not take point LONGNAME9: the name has more than 8 characters.  Points of the "
@@ -144,7 +144,7 @@ TEST_F(UpdateClick, RefusesATaskThatTheReferenceFileDoesNotTakeBeforeTheBackup) 
     const auto before = Picture(North);
     Desk.ExpectMessageTitled("Program Error");
     Click();
-    ExpectReport(1103, "basDatabase-Update3DPoints");
+    EXPECT_EQ(LastReport(Desk), "1103 CoordinateRetriever-basDatabase-Update3DPoints");
     ExpectTold("the task \"ELEVENCHARS\" has more than 10 characters.  Nothing was changed.");
     EXPECT_EQ(Picture(North), before);
 }
@@ -156,7 +156,7 @@ TEST_F(UpdateClick, KeepsTheLastGoodBackupOfADamagedDatabase) {
     const auto before = Picture(North);
     Desk.ExpectMessageTitled("Program Error");
     Click();
-    ExpectReport(1101, "basDatabase-Update3DPoints");
+    EXPECT_EQ(LastReport(Desk), "1101 CoordinateRetriever-basDatabase-Update3DPoints");
     ExpectTold("Nothing was changed.");
     EXPECT_EQ(Picture(North), before);
 }

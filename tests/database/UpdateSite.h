@@ -7,6 +7,7 @@
 
 #include "database/Update3D.h"
 #include "tests/database/DatabaseSite.h"
+#include "tests/support/Reports.h"
 
 namespace Dorvane::Testing {
 
@@ -24,11 +25,6 @@ class UpdateSite : public DatabaseSite {
         Form.lblDirectory = "DATABASE\\DAM\\NORTH\\";
         Form.lblUpDateFile = UpdateFile;
         Form.opt3dim = true;
-    }
-
-    void ExpectReport(int error, const std::string& procedure) const {
-        ExpectTold("Error : " + std::to_string(error) + "\r\n");
-        ExpectTold("-" + procedure);
     }
 
     void ExpectTold(const std::string& text) const {

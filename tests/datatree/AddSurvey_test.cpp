@@ -203,7 +203,7 @@ TEST_F(AddSurvey, TriesASurveyIndexAgainWhenTheOperatorMadeRoom) {
             throw RunTimeError(DiskFull);
         Drives::WriteFile(folder + name, "");
     };
-    ExpectDiskFull(Desk, "frmTree-cmdAdd_Click", Answer::Yes);
+    ExpectReport(Desk, DiskFull, "frmTree-cmdAdd_Click", Answer::Yes);
     Add(TwoTypes);
     EXPECT_EQ(calls, 3);
     EXPECT_TRUE(Exists(Data("DAM\\NORTH\\ADJUST\\SRV12")));

@@ -9,34 +9,11 @@
 
 #include "core/Drives.h"
 #include "core/Globals.h"
+#include "tests/support/Reports.h"
 #include "tests/support/ScriptedDesktop.h"
 #include "tests/support/TestSite.h"
 
 namespace Dorvane::Testing {
-
-/// The report that a procedure makes of a failure for which the reporter has no wording of its own.
-inline void ExpectReport(ScriptedDesktop& desktop, int number, const std::string& description,
-                         const std::string& procedure) {
-    desktop.ExpectMessage("Program Error", "Error : " + std::to_string(number) + "\r\n\r\nDescription : " +
-                                               description + "\r\n\r\nSource : Dorvane-" + procedure);
-}
-
-/// The report of reading past the end of a file, answered with Cancel.
-inline void ExpectPastEnd(ScriptedDesktop& desktop, const std::string& procedure,
-                          Answer answer = Answer::Cancel) {
-    desktop.ExpectMessage(
-        "Program Error",
-        "Error : 62\r\n\r\nFile has a nonstandard end-of-file marker, or an attempt was made to "
-        "read beyond the end-of-file marker.\r\n\r\nSource : Dorvane-" +
-            procedure,
-        answer);
-}
-
-inline void ExpectDiskFull(ScriptedDesktop& desktop, const std::string& procedure, Answer answer) {
-    desktop.ExpectMessage("Program Error",
-                          "Error : 61\r\n\r\nDisk is full. Continue?\r\n\r\nSource : Dorvane-" + procedure,
-                          answer);
-}
 
 /// Takes all rights of everybody but the owner from a file or a folder.
 inline void Shut(const std::string& path) {

@@ -117,12 +117,12 @@ TEST_F(ReadHisFile, EndsAtAnEmptyLastLine) {
 }
 
 TEST_F(ReadHisFile, ReadsPastALastLineThatIsNoEvent) {
-    ExpectPastEnd(Desk, "basRead-ReadHisFile");
+    ExpectReport(Desk, InputPastEnd, "basRead-ReadHisFile", Answer::Cancel);
     EXPECT_EQ(Read(Head + Folders(2) + "   \r\n").Count, 0);
 }
 
 TEST_F(ReadHisFile, ReportsAHeadingWithoutAnyLineBehindIt) {
-    ExpectPastEnd(Desk, "basRead-ReadHisFile");
+    ExpectReport(Desk, InputPastEnd, "basRead-ReadHisFile", Answer::Cancel);
     EXPECT_EQ(Read(std::string(Head) + "DAM\\NORTH\\LEVEL\\SRV1\r\n").Count, 0);
 }
 
@@ -158,12 +158,12 @@ TEST_F(ReadHisFile, TakesAnyLineEnd) {
 }
 
 TEST_F(ReadHisFile, ReportsAFileOfFewerThanFiveLines) {
-    ExpectPastEnd(Desk, "basRead-ReadHisFile");
+    ExpectReport(Desk, InputPastEnd, "basRead-ReadHisFile", Answer::Cancel);
     EXPECT_EQ(Read(Head).Count, 0);
 }
 
 TEST_F(ReadHisFile, ReportsAnEmptyFile) {
-    ExpectPastEnd(Desk, "basRead-ReadHisFile");
+    ExpectReport(Desk, InputPastEnd, "basRead-ReadHisFile", Answer::Cancel);
     EXPECT_EQ(Read("").Count, 0);
 }
 

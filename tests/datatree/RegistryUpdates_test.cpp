@@ -72,7 +72,7 @@ TEST_F(UpdatePthFileAdd, LeavesTheRegistryAsItWasOnAFullDisk) {
         PutFile(Init("DAM.PTH"), FullPage());
         FillDisk(Init(""));
         ScriptedDesktop desktop;
-        ExpectDiskFull(desktop, "basTree-UpdatePthFileAdd", Answer::No);
+        ExpectReport(desktop, DiskFull, "basTree-UpdatePthFileAdd", Answer::No);
         Dorvane::UpdatePthFileAdd("DAM", "NORTH", "LEVEL", "SRV2");
         EXPECT_EQ(FileContent(Init("DAM.PTH")), FullPage());
     });
@@ -83,7 +83,7 @@ TEST_F(UpdatePthFileAdd, AppendsOnceWhenTheDiskHasRoomAgain) {
         PutFile(Init("DAM.PTH"), FullPage());
         FillDisk(Init(""));
         TidyingDesktop desktop(Init(""));
-        ExpectDiskFull(desktop, "basTree-UpdatePthFileAdd", Answer::Yes);
+        ExpectReport(desktop, DiskFull, "basTree-UpdatePthFileAdd", Answer::Yes);
         Dorvane::UpdatePthFileAdd("DAM", "NORTH", "LEVEL", "SRV2");
         EXPECT_EQ(FileContent(Init("DAM.PTH")),
                   FullPage() + " *       DAM       NORTH     LEVEL     SRV2\r\n");
@@ -235,7 +235,7 @@ TEST_F(UpdateHisFileAdd, LeavesTheHistoryAsItWasOnAFullDisk) {
         PutFile(Init("DAM.HIS"), before);
         FillDisk(Init(""));
         ScriptedDesktop desktop;
-        ExpectDiskFull(desktop, "basTree-UpdateHisFileAdd", Answer::No);
+        ExpectReport(desktop, DiskFull, "basTree-UpdateHisFileAdd", Answer::No);
         Dorvane::UpdateHisFileAdd("DAM", "NORTH", "LEVEL", "SRV1", "Again", "11-22-26");
         EXPECT_EQ(FileContent(Init("DAM.HIS")), before);
         EXPECT_EQ(AllFiles(Init("")), (std::vector<std::string>{"DAM.HIS", "FILLER.BIN"}));
@@ -246,7 +246,7 @@ TEST_F(UpdateHisFileAdd, WritesTheWholeFileWhenTheDiskHasRoomAgain) {
     OnSmallDisk(Init(""), 64, [] {
         FillDisk(Init(""));
         TidyingDesktop desktop(Init(""));
-        ExpectDiskFull(desktop, "basTree-UpdateHisFileAdd", Answer::Yes);
+        ExpectReport(desktop, DiskFull, "basTree-UpdateHisFileAdd", Answer::Yes);
         Dorvane::UpdateHisFileAdd("DAM", "NORTH", "LEVEL", "SRV1", "First", "11-22-26");
         EXPECT_EQ(FileContent(Init("DAM.HIS")), std::string(Head) +
                                                     "DAM\\NORTH\\LEVEL\\SRV1\r\n"

@@ -196,7 +196,7 @@ TEST_F(ReadStrFile, ReportsA17thEpochAndLeavesTheirCount) {
 }
 
 TEST_F(ReadStrFile, ReportsAFileThatEndsBeforeTheEpochsAndKeepsWhatItHad) {
-    ExpectPastEnd(Desk, "basRead-ReadStrFile");
+    ExpectReport(Desk, InputPastEnd, "basRead-ReadStrFile", Answer::Cancel);
     Read("DAM      Main dam\r\n\r\nNORTH\r\n\r\nLEVEL\r\n");
     EXPECT_EQ(Records[1].Description, "Main dam");
     EXPECT_EQ(Records[1].LocationCount, 1);
@@ -205,14 +205,14 @@ TEST_F(ReadStrFile, ReportsAFileThatEndsBeforeTheEpochsAndKeepsWhatItHad) {
 }
 
 TEST_F(ReadStrFile, TriesTheReadingAgainAsLongAsItIsAskedTo) {
-    ExpectPastEnd(Desk, "basRead-ReadStrFile", Answer::Retry);
-    ExpectPastEnd(Desk, "basRead-ReadStrFile", Answer::Retry);
-    ExpectPastEnd(Desk, "basRead-ReadStrFile", Answer::Cancel);
+    ExpectReport(Desk, InputPastEnd, "basRead-ReadStrFile", Answer::Retry);
+    ExpectReport(Desk, InputPastEnd, "basRead-ReadStrFile", Answer::Retry);
+    ExpectReport(Desk, InputPastEnd, "basRead-ReadStrFile", Answer::Cancel);
     Read("DAM\r\n");
 }
 
 TEST_F(ReadStrFile, ReportsAnEmptyFile) {
-    ExpectPastEnd(Desk, "basRead-ReadStrFile");
+    ExpectReport(Desk, InputPastEnd, "basRead-ReadStrFile", Answer::Cancel);
     Read("");
 }
 
@@ -236,7 +236,7 @@ TEST_F(ReadStrFile, SurvivesALineOfAMillionCharacters) {
 
 TEST_F(ReadStrFile, SurvivesBinaryContent) {
     std::string content("\0\x01\xFF\r\n\x80\0\x1A", 9);
-    ExpectPastEnd(Desk, "basRead-ReadStrFile");
+    ExpectReport(Desk, InputPastEnd, "basRead-ReadStrFile", Answer::Cancel);
     Read(content);
 }
 
@@ -267,7 +267,7 @@ TEST_F(ReadCalibStrFile, ReadsSixteenTypesAndReportsTheSeventeenth) {
 }
 
 TEST_F(ReadCalibStrFile, ReportsAFileWithoutAnEmptyLine) {
-    ExpectPastEnd(Desk, "basRead-ReadCalibStrFile");
+    ExpectReport(Desk, InputPastEnd, "basRead-ReadCalibStrFile", Answer::Cancel);
     ReadCalib("CALIB\r\n\r\nINVAR\r\n");
 }
 

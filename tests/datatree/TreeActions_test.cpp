@@ -170,7 +170,7 @@ TEST_F(TreeActions, KeepsTheFormerFileOnAFullDisk) {
         PutFile("C:\\SMALL\\A.LVL", "former");
         Desk.ExpectFile("Copy File To", "C:\\SMALL\\A.LVL");
         Desk.ExpectMessageTitled("File Already Exists", Answer::Yes);
-        ExpectDiskFull(Desk, "frmTree-cmdCopy_Click", Answer::No);
+        ExpectReport(Desk, DiskFull, "frmTree-cmdCopy_Click", Answer::No);
         CopyTreeFile(Data("DAM\\"), "A.LVL", Navigate);
         EXPECT_EQ(AllFiles("C:\\SMALL\\"), (Calls{"A.LVL"}));
         EXPECT_EQ(FileContent("C:\\SMALL\\A.LVL"), "former");

@@ -321,7 +321,7 @@ TEST_F(SurveyDialog, ShowsNamesWithAccentsAndMarksAsTheyStand) {
 
 TEST_F(SurveyDialog, OpensWithADamagedStructureFileAfterTheReport) {
     PutFile(Init("DAM.STR"), std::string("\0\xFF\x01", 3));
-    ExpectPastEnd(Desk, "basRead-ReadStrFile");
+    ExpectReport(Desk, InputPastEnd, "basRead-ReadStrFile", Answer::Cancel);
     frmAddSurvey& dialog = Open("D:\\DAM\\NORTH\\");
     EXPECT_EQ(Items(dialog, "lstRoot"), (Names{"DAM", "WEIR"}));
     ClickItem(dialog, "lstRoot", "WEIR");

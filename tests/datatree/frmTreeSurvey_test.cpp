@@ -86,7 +86,7 @@ TEST_F(DataTreeScreen, ReadsTheStructuresOnceWhenFoldersAreToBeAdded) {
     PutFile(Init("DAM.STR"), "DAM      Main dam\r\n\r\nNORTH\r\n");
     Open(Browse);
     EXPECT_TRUE(Desk.Shown.empty());
-    ExpectPastEnd(Desk, "basRead-ReadStrFile");
+    ExpectReport(Desk, InputPastEnd, "basRead-ReadStrFile", Answer::Cancel);
     frmTree& screen = Open(Configure);
     screen.hide();
     screen.show();

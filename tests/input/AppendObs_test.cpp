@@ -113,7 +113,7 @@ TEST_F(AppendObs, ALinearWeightAtDistanceZeroIsReportedAndAppendsNothing) {
     Desktop.ExpectMessageTitled("Program Error");
     AppendTotalObs(set, Points, Stations, {{"A", "B", 1, 2, 3}, {"A", "C", 1, 2, 0}}, 2,
                    {0, 0, 0, 0, 1, 1, 1}, NewNames);
-    EXPECT_EQ(LastReport(), "11 Dorvane-basInput-AppendTotalObs");
+    EXPECT_EQ(LastReport(Desktop), "11 Dorvane-basInput-AppendTotalObs");
     EXPECT_EQ(set.Count(), 1);
     EXPECT_EQ(Points.Count(), 0);
     EXPECT_EQ(Stations.Count(), 0);
@@ -124,7 +124,7 @@ TEST_F(AppendObs, MoreObservationsThanAListHoldsAreAReportedOverflow) {
     set.Resize(32767);
     Desktop.ExpectMessageTitled("Program Error");
     AppendDistanceObs(set, Points, Stations, {{"S1", "P1", 12.5, 0, 0}}, 1, {}, NewNames);
-    EXPECT_EQ(LastReport(), "6 Dorvane-basInput-AppendDistanceObs");
+    EXPECT_EQ(LastReport(Desktop), "6 Dorvane-basInput-AppendDistanceObs");
     EXPECT_EQ(set.Count(), 32767);
     EXPECT_EQ(Points.Count(), 0);
 }
@@ -134,7 +134,7 @@ TEST_F(AppendObs, MoreSightsToAPointThanItsCountHoldsAreAReportedOverflow) {
     ObsSet<AngleObs> set;
     Desktop.ExpectMessageTitled("Program Error");
     AppendAngleObs(set, Points, Stations, {{"S1", "P1", 12.5, 0, 0}}, 1, {}, NewNames);
-    EXPECT_EQ(LastReport(), "6 Dorvane-basInput-AppendAngleObs");
+    EXPECT_EQ(LastReport(Desktop), "6 Dorvane-basInput-AppendAngleObs");
     EXPECT_EQ(Points[1].HangCount, 32767);
 }
 
@@ -143,7 +143,7 @@ TEST_F(AppendObs, MorePointsThanATableHoldsAreAReportedOverflow) {
     ObsSet<HeightObs> set;
     Desktop.ExpectMessageTitled("Program Error");
     AppendHeightObs(set, Points, {{"NEW", "P1", 1, 0, 0}}, 1, {}, NewNames);
-    EXPECT_EQ(LastReport(), "6 Dorvane-basInput-AppendHeightObs");
+    EXPECT_EQ(LastReport(Desktop), "6 Dorvane-basInput-AppendHeightObs");
     EXPECT_EQ(Points.Count(), 32767);
 }
 

@@ -76,7 +76,7 @@ TEST_F(BddFile, AMissingFileIsTold) {
 TEST_F(BddFile, AFileThatEndsBeforeItsBiasIsReported) {
     Desktop.ExpectMessageTitled("Program Error", Answer::Cancel);
     EXPECT_EQ(Read({"only one line"}), 0);
-    EXPECT_EQ(LastReport(), "62 Dorvane-basRead-ReadBddFile");
+    EXPECT_EQ(LastReport(Desktop), "62 Dorvane-basRead-ReadBddFile");
 }
 
 TEST_F(BddFile, MorePointsThanAListHoldsAreAReportedOverflow) {
@@ -84,7 +84,7 @@ TEST_F(BddFile, MorePointsThanAListHoldsAreAReportedOverflow) {
     lines.insert(lines.end(), 32768, "A 1 2 3 4 5 6");
     Desktop.ExpectMessageTitled("Program Error");
     EXPECT_EQ(Read(lines), 0);
-    EXPECT_EQ(LastReport(), "6 Dorvane-basRead-ReadBddFile");
+    EXPECT_EQ(LastReport(Desktop), "6 Dorvane-basRead-ReadBddFile");
 }
 
 TEST(Geod, AtTheBiasPointWithoutAHeightBiasChangesNothing) {
@@ -198,7 +198,7 @@ TEST_F(ReadingDbs3DFile, AMissingFileIsTold) {
 TEST_F(ReadingDbs3DFile, AnEmptyFileIsReadPastItsEnd) {
     Desktop.ExpectMessageTitled("Program Error", Answer::Cancel);
     EXPECT_EQ(Read({}), 0);
-    EXPECT_EQ(LastReport(), "62 Dorvane-basRead-ReadDbs3DFile");
+    EXPECT_EQ(LastReport(Desktop), "62 Dorvane-basRead-ReadDbs3DFile");
 }
 
 TEST_F(ReadingDbs3DFile, PeekingGivesTheSameAndSaysNothing) {

@@ -108,7 +108,7 @@ TEST_F(CoordinateSources, AFailureOfTheDatabaseIsRetriedWithAFreshOne) {
     Database.Failures = 1;
     Desktop.ExpectMessageTitled("Program Error", Answer::Retry);
     Update();
-    EXPECT_EQ(LastReport(), "57 Dorvane-basInput-UpdateCoordData");
+    EXPECT_EQ(LastReport(Desktop), "57 Dorvane-basInput-UpdateCoordData");
     EXPECT_EQ(Points[1].X, 1);
     EXPECT_EQ(Database.Made, 2);
 }
@@ -128,7 +128,7 @@ TEST_F(CoordinateSources, MoreFilePointsThanAListHoldsAreReportedAndTheFormerSta
     list.Resize(32767);
     Desktop.ExpectMessageTitled("Program Error");
     AppendIdealData(list, {{.Name = "P1"}}, 1);
-    EXPECT_EQ(LastReport(), "6 Dorvane-basInput-AppendIdealData");
+    EXPECT_EQ(LastReport(Desktop), "6 Dorvane-basInput-AppendIdealData");
     EXPECT_EQ(list.Count(), 32767);
 }
 
@@ -170,7 +170,7 @@ TEST_F(CoordinateSources, MoreTypesThanLocationsAreASubscriptFailure) {
     screen.lstCoordTypes[1].Selected = true;
     Desktop.ExpectMessageTitled("Program Error");
     GatherData(screen, Services());
-    EXPECT_EQ(LastReport(), "9 Dorvane-frmInput-GatherData");
+    EXPECT_EQ(LastReport(Desktop), "9 Dorvane-frmInput-GatherData");
     EXPECT_EQ(Database.Made, 0);
 }
 

@@ -129,7 +129,8 @@ TEST_P(CreateInputTarget, ThatCanNotBeReplacedAtTheLastMomentLeavesTheFormerFour
         ExpectName(true);
         Desktop.ExpectMessageTitled("Program Error", Answer::Cancel);
         Create();
-        EXPECT_NE(LastReport().find("Dorvane-frmInput-cmdCreate_Click"), std::string::npos) << LastReport();
+        EXPECT_NE(LastReport(Desktop).find("Dorvane-frmInput-cmdCreate_Click"), std::string::npos)
+            << LastReport(Desktop);
         ExpectNothingTaken("Input file NOT written");
         ExpectFormerFiles();
     });
@@ -148,7 +149,7 @@ TEST_F(CreateInputFailure, OfAFullDiskLeavesTheFormerFour) {
         ExpectName(true);
         Desktop.ExpectMessageTitled("Program Error", Answer::No);
         Create();
-        EXPECT_EQ(LastReport(), "61 Dorvane-frmInput-cmdCreate_Click");
+        EXPECT_EQ(LastReport(Desktop), "61 Dorvane-frmInput-cmdCreate_Click");
         ExpectNothingTaken("Input file NOT written");
         ExpectFormerFiles();
     });

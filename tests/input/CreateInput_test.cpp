@@ -261,7 +261,7 @@ TEST_F(CreateInput, AWeightThatIsNoNumberStopsNoJobThatDoesNotUseIt) {
     IniWriteString("dv_input.ini", "Distance", "SDist1", "0,005");
     Desktop.ExpectMessageTitled("Program Error");
     Screen = OpenScreen({Located("NORTH")});
-    EXPECT_EQ(LastReport(), "13 Dorvane-basRead-ReadIniWeights");
+    EXPECT_EQ(LastReport(Desktop), "13 Dorvane-basRead-ReadIniWeights");
     AddFolder();
     ExpectName("NET");
     ExpectCompleted();
@@ -339,7 +339,7 @@ TEST_F(CreateInput, AFullDiskLeavesTheFormerFilesWholeAndTheModelEmpty) {
         Desktop.ExpectMessageTitled("File Exists", Answer::Yes);
         Desktop.ExpectMessageTitled("Program Error", Answer::No);
         Create();
-        EXPECT_EQ(LastReport(), "61 Dorvane-frmInput-cmdCreate_Click");
+        EXPECT_EQ(LastReport(Desktop), "61 Dorvane-frmInput-cmdCreate_Click");
         EXPECT_TRUE(FileContent(Job + "NET.INP") == "former input");
         EXPECT_TRUE(FileContent(Job + "NET.ORG") == "former master");
         EXPECT_EQ(AllFiles(Job), (std::vector<std::string>{"NET.INP", "NET.ORG"}));

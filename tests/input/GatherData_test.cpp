@@ -262,7 +262,7 @@ TEST_F(GatherDataTest, AnAngleEntryWithOneFileWordIsReportedAndReadsNothing) {
     Add("Directions");
     Desktop.ExpectMessageTitled("Program Error");
     Gather();
-    EXPECT_EQ(LastReport(), "9 Dorvane-frmInput-GatherData");
+    EXPECT_EQ(LastReport(Desktop), "9 Dorvane-frmInput-GatherData");
     EXPECT_EQ(Model().AngleSets[1].Count(), 0);
 }
 
@@ -317,7 +317,7 @@ TEST_F(GatherDataTest, ObservationsPastTheLargestCountEndInTheReportedOverflow) 
     Add("Levelling", "D:\\TWO\\");
     Desktop.ExpectMessageTitled("Program Error");
     Gather();
-    EXPECT_EQ(LastReport(), "6 Dorvane-basInput-AppendHeightObs");
+    EXPECT_EQ(LastReport(Desktop), "6 Dorvane-basInput-AppendHeightObs");
     EXPECT_EQ(Model().HeightSets[1].Count(), 20000);
 }
 

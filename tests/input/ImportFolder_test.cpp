@@ -175,7 +175,7 @@ TEST_F(ImportFolderTest, AFolderThatStandsInTheTreeAlreadyIsReported) {
     AddTreeFolder(Screen.trvInput, "Levelling", Folder);
     Desktop.ExpectMessageTitled("Program Error");
     Import();
-    EXPECT_EQ(LastReport(), "35602 Dorvane-frmInput-cmdImport_Click");
+    EXPECT_EQ(LastReport(Desktop), "35602 Dorvane-frmInput-cmdImport_Click");
     EXPECT_EQ(Screen.trvInput.Find(Folder)->Parent, "Levelling");
 }
 

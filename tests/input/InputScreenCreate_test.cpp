@@ -260,7 +260,7 @@ TEST_F(InputScreenCreate, AnEditorThatIsNotThereIsReported) {
     Desktop.OnRun = [](const std::string&) { throw RunTimeError(FileNotFound); };
     Desktop.ExpectMessageTitled("Program Error");
     Click(*Screen, "cmdEdit");
-    EXPECT_EQ(LastReport(), "53 Dorvane-frmInput-cmdEdit_Click");
+    EXPECT_EQ(LastReport(Desktop), "53 Dorvane-frmInput-cmdEdit_Click");
     EXPECT_TRUE(Screen->isVisible());
 }
 
@@ -360,7 +360,7 @@ TEST_F(InputScreenCreate, AFullDiskIsReportedAndLeavesTheFormerFile) {
         Desktop.ExpectMessageTitled("File Exists", Answer::Yes);
         Desktop.ExpectMessageTitled("Program Error", Answer::No);
         Click(*Screen, "cmdCreate");
-        EXPECT_EQ(LastReport(), "61 Dorvane-frmInput-cmdCreate_Click");
+        EXPECT_EQ(LastReport(Desktop), "61 Dorvane-frmInput-cmdCreate_Click");
         EXPECT_EQ(FileContent(Job + "NET.INP"), "former");
         EXPECT_FALSE(Waits());
         EXPECT_FALSE(IsEnabled(*Screen, "cmdEdit"));

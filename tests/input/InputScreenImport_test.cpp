@@ -55,7 +55,7 @@ TEST_F(InputScreenImport, ReportsAFolderThatStandsInTheTreeAlreadyUnderAnyType) 
     ClickNode("Totalstation");
     Desktop.ExpectMessageTitled("Program Error");
     Import(Survey);
-    EXPECT_EQ(LastReport(), "35602 Dorvane-frmInput-cmdImport_Click");
+    EXPECT_EQ(LastReport(Desktop), "35602 Dorvane-frmInput-cmdImport_Click");
     EXPECT_EQ(Folders(), (Texts{"Laser>" + Survey}));
 }
 

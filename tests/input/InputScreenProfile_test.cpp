@@ -59,7 +59,7 @@ TEST_F(InputScreenProfile, NamelessEntriesAreOneKeyAndReportedAsSuch) {
     PutProfile("dv_input.ini", {"[Tracker]", "Number=999", "Name1=Laser"});
     Desktop.ExpectMessageTitled("Program Error");
     Open();
-    EXPECT_EQ(LastReport(), "35602 Dorvane-frmInput-Form_Load");
+    EXPECT_EQ(LastReport(Desktop), "35602 Dorvane-frmInput-Form_Load");
     EXPECT_EQ(Types().size(), 999U);
     EXPECT_EQ(Combo("icmbInput").currentIndex(), -1);
     EXPECT_EQ(Tree().topLevelItem(0)->childCount(), 2);
@@ -84,7 +84,7 @@ TEST_F(InputScreenProfile, AMissingPictureIsReportedOnceAndLeavesItsPlaceEmpty) 
     Desktop.ExpectMessageTitled("Program Error");
     Open();
     EXPECT_NE(Desktop.Shown.at(0).Text.find("Error : 53"), std::string::npos);
-    EXPECT_EQ(LastReport(), "53 Dorvane-frmInput-Form_Load");
+    EXPECT_EQ(LastReport(Desktop), "53 Dorvane-frmInput-Form_Load");
     EXPECT_TRUE(Combo("icmbInput").itemIcon(0).isNull());
     EXPECT_EQ(Types().size(), 5U);
     EXPECT_EQ(Tree().topLevelItem(0)->childCount(), 5);
@@ -95,7 +95,7 @@ TEST_F(InputScreenProfile, APictureThatIsNoneIsReported) {
     IniWriteString("dv_input.ini", "Tracker", "Icon1", "text.bmp");
     Desktop.ExpectMessageTitled("Program Error");
     Open();
-    EXPECT_EQ(LastReport(), "481 Dorvane-frmInput-Form_Load");
+    EXPECT_EQ(LastReport(Desktop), "481 Dorvane-frmInput-Form_Load");
     EXPECT_EQ(Types().size(), 5U);
 }
 

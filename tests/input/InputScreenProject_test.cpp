@@ -128,7 +128,7 @@ TEST_F(InputScreenProject, AFolderOfATypeThatIsGoneIsReportedAndLeftOut) {
                        "DAM\\NORTH", "End", "Ideals", "End"});
     Open();
     Fail("mnuOpenProject");
-    EXPECT_EQ(LastReport(), "35601 Dorvane-frmInput-mnuOpenProject");
+    EXPECT_EQ(LastReport(Desktop), "35601 Dorvane-frmInput-mnuOpenProject");
     EXPECT_EQ(Folders(), (Texts{"Laser>D:\\A\\", "Laser>D:\\C\\"}));
     EXPECT_EQ(TextOf(*Screen, "txtProject"), "P");
     EXPECT_EQ(Combo("icmbDimension").currentText(), QLatin1String("1 Dimension"));
@@ -147,7 +147,7 @@ TEST_F(InputScreenProject, AForeignDimensionIsReportedAndTheFormerStays) {
     PutLines(Project, {"P", "T", "7", "Laser>D:\\A\\", "End", "End", "End"});
     Open();
     Fail("mnuOpenProject");
-    EXPECT_EQ(LastReport(), "35600 Dorvane-frmInput-mnuOpenProject");
+    EXPECT_EQ(LastReport(Desktop), "35600 Dorvane-frmInput-mnuOpenProject");
     EXPECT_EQ(Combo("icmbDimension").currentText(), QLatin1String("3 Dimension"));
     EXPECT_THAT(Folders(), IsEmpty());
 }
@@ -222,7 +222,8 @@ TEST_F(InputScreenProject, AReadOnlyFolderIsReported) {
     AsNobody([&] {
         StopPainting();
         Fail("mnuSaveProject", "D:\\NEW.GPF");
-        EXPECT_NE(LastReport().find("Dorvane-frmInput-mnuSaveProject"), std::string::npos) << LastReport();
+        EXPECT_NE(LastReport(Desktop).find("Dorvane-frmInput-mnuSaveProject"), std::string::npos)
+            << LastReport(Desktop);
         EXPECT_EQ(Status(), "Choose data type to import");
         EXPECT_FALSE(FileExists("D:\\NEW.GPF"));
     });

@@ -108,15 +108,6 @@ InputServices InputSite::Services() {
     return services;
 }
 
-std::string InputSite::LastReport() const {
-    if (Desktop.Shown.empty() || Desktop.Shown.back().Title != "Program Error")
-        return "no report";
-    const std::string& text = Desktop.Shown.back().Text;
-    const std::size_t number = std::string("Error : ").size();
-    const std::size_t source = text.find("Source : ") + std::string("Source : ").size();
-    return text.substr(number, text.find('\r') - number) + " " + text.substr(source);
-}
-
 std::string InputSite::LastMessage() const {
     return Desktop.Shown.empty() ? "no message"
                                  : Desktop.Shown.back().Title + ": " + Desktop.Shown.back().Text;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "input/InputScreen.h"
+#include "tests/support/Reports.h"
 #include "tests/support/ScriptedDesktop.h"
 #include "tests/support/TestSite.h"
 
@@ -45,9 +46,6 @@ class InputSite : public ::testing::Test {
     InputScreen OpenScreen(const List1<PathRecord>& records = {});
 
     InputServices Services();
-
-    /// The last message as "<number> <source>", when it was an error report.
-    std::string LastReport() const;
 
     /// Title and text of the last message.
     std::string LastMessage() const;

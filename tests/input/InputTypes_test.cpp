@@ -49,7 +49,7 @@ TEST_F(InputTypes, ANumberBeyondSixteenBitsIsReported) {
     Desktop.ExpectMessageTitled("Program Error");
     List1<InputType> types;
     EXPECT_EQ(ReadIniInputTypes(types), 0);
-    EXPECT_EQ(LastReport(), "6 Dorvane-basRead-ReadIniInputTypes");
+    EXPECT_EQ(LastReport(Desktop), "6 Dorvane-basRead-ReadIniInputTypes");
 }
 
 TEST_F(InputTypes, ANumberBeyondAllNumbersIsReportedToo) {
@@ -57,7 +57,7 @@ TEST_F(InputTypes, ANumberBeyondAllNumbersIsReportedToo) {
     Desktop.ExpectMessageTitled("Program Error");
     List1<InputType> types;
     EXPECT_EQ(ReadIniInputTypes(types), 0);
-    EXPECT_EQ(LastReport(), "6 Dorvane-basRead-ReadIniInputTypes");
+    EXPECT_EQ(LastReport(Desktop), "6 Dorvane-basRead-ReadIniInputTypes");
 }
 
 TEST_F(InputTypes, ANegativeNumberGivesNoTypes) {

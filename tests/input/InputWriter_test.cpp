@@ -198,7 +198,7 @@ TEST_F(InputWriter, AHeaderInAFolderThatIsNotThereIsFalse) {
     InputFiles files;
     Desktop.ExpectMessageTitled("Program Error", Answer::Cancel);
     EXPECT_FALSE(WriteInputHeader(files, "D:\\NONE\\", "A.INP", "A.ORG", "", ""));
-    EXPECT_EQ(LastReport(), "76 Dorvane-basWrite-WriteInputHeader");
+    EXPECT_EQ(LastReport(Desktop), "76 Dorvane-basWrite-WriteInputHeader");
 }
 
 TEST_F(InputWriter, AHeaderThatMayNotBeWrittenIsFalseAndTouchesNothing) {
@@ -222,7 +222,7 @@ TEST_F(InputWriter, AFullDiskLeavesBothFormerFilesWhole) {
         Desktop.ExpectMessageTitled("Program Error", Answer::Yes);
         Desktop.ExpectMessageTitled("Program Error", Answer::No);
         Write();
-        EXPECT_EQ(LastReport(), "61 Dorvane-test-Write");
+        EXPECT_EQ(LastReport(Desktop), "61 Dorvane-test-Write");
         EXPECT_TRUE(Inp() == "former input");
         EXPECT_TRUE(Org() == "former master");
         EXPECT_EQ(AllFiles("D:\\JOB\\"), (std::vector<std::string>{"A.INP", "A.ORG"}));

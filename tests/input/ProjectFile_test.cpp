@@ -177,7 +177,7 @@ TEST_F(ProjectFile, AFolderOfATypeThatIsGoneIsReportedAndLeftOut) {
     Desktop.ExpectFile("", Path);
     Desktop.ExpectMessageTitled("Program Error");
     OpenProject(Screen, Services());
-    EXPECT_EQ(LastReport(), "35601 Dorvane-frmInput-mnuOpenProject");
+    EXPECT_EQ(LastReport(Desktop), "35601 Dorvane-frmInput-mnuOpenProject");
     EXPECT_EQ(Folders(), (std::vector<std::string>{"Laser>D:\\A\\", "Levelling>D:\\C\\"}));
     EXPECT_EQ(Selected(Screen.lstCoordDirectorys), "010");
     EXPECT_EQ(Selected(Screen.lstCoordTypes), "0001");
@@ -189,7 +189,7 @@ TEST_F(ProjectFile, AFolderThatStandsThereTwiceIsReportedAndTakenOnce) {
     Desktop.ExpectFile("", Path);
     Desktop.ExpectMessageTitled("Program Error");
     OpenProject(Screen, Services());
-    EXPECT_EQ(LastReport(), "35602 Dorvane-frmInput-mnuOpenProject");
+    EXPECT_EQ(LastReport(Desktop), "35602 Dorvane-frmInput-mnuOpenProject");
     EXPECT_EQ(Folders(), (std::vector<std::string>{"Laser>D:\\A\\", "Laser>D:\\C\\"}));
 }
 
@@ -200,7 +200,7 @@ TEST_F(ProjectFile, AFolderUnderWhatIsNoTypeIsReportedAndLeftOut) {
     Desktop.ExpectMessageTitled("Program Error");
     Desktop.ExpectMessageTitled("Program Error");
     OpenProject(Screen, Services());
-    EXPECT_EQ(LastReport(), "35601 Dorvane-frmInput-mnuOpenProject");
+    EXPECT_EQ(LastReport(Desktop), "35601 Dorvane-frmInput-mnuOpenProject");
     EXPECT_EQ(Folders(), (std::vector<std::string>{"Laser>D:\\B\\"}));
     EXPECT_EQ(Screen.trvInput.Nodes().size(), 7u);
 }
@@ -345,7 +345,7 @@ TEST_F(ProjectFile, ADimensionTheScreenDoesNotHaveIsReported) {
     Desktop.ExpectFile("", Path);
     Desktop.ExpectMessageTitled("Program Error");
     OpenProject(Screen, Services());
-    EXPECT_EQ(LastReport(), "35600 Dorvane-frmInput-mnuOpenProject");
+    EXPECT_EQ(LastReport(Desktop), "35600 Dorvane-frmInput-mnuOpenProject");
     EXPECT_EQ(Screen.icmbDimension, 3);
 }
 
@@ -354,7 +354,7 @@ TEST_F(ProjectFile, AFolderLineWithoutItsMarkIsReported) {
     Desktop.ExpectFile("", Path);
     Desktop.ExpectMessageTitled("Program Error");
     OpenProject(Screen, Services());
-    EXPECT_EQ(LastReport(), "5 Dorvane-frmInput-mnuOpenProject");
+    EXPECT_EQ(LastReport(Desktop), "5 Dorvane-frmInput-mnuOpenProject");
 }
 
 TEST_F(ProjectFile, AnEmptyOrCutFileIsSilent) {
@@ -376,7 +376,7 @@ TEST_F(ProjectFile, AFolderThatDoesNotExistIsReportedAtSaving) {
     Desktop.ExpectFile("", "D:\\NONE\\A.GPF");
     Desktop.ExpectMessageTitled("Program Error", Answer::Cancel);
     SaveProject(Screen, Services());
-    EXPECT_EQ(LastReport(), "76 Dorvane-frmInput-mnuSaveProject");
+    EXPECT_EQ(LastReport(Desktop), "76 Dorvane-frmInput-mnuSaveProject");
     EXPECT_TRUE(Status.empty());
     EXPECT_EQ(Last(), "");
 }
@@ -391,7 +391,7 @@ TEST_F(ProjectFile, AFullDiskLeavesTheFormerProject) {
         Desktop.ExpectMessageTitled("Project Exists", Answer::Yes);
         Desktop.ExpectMessageTitled("Program Error", Answer::No);
         SaveProject(Screen, Services());
-        EXPECT_EQ(LastReport(), "61 Dorvane-frmInput-mnuSaveProject");
+        EXPECT_EQ(LastReport(Desktop), "61 Dorvane-frmInput-mnuSaveProject");
         EXPECT_EQ(FileContent("D:\\SMALL\\A.GPF"), "former");
         EXPECT_EQ(AllFiles("D:\\SMALL\\"), (std::vector<std::string>{"A.GPF", "FILL"}));
     });

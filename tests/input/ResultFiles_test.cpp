@@ -38,7 +38,7 @@ TEST_F(ResTypes, MoreThanFiftyWordsAreReported) {
     Desktop.ExpectMessageTitled("Program Error");
     List1<ResTypeEntry> entries;
     EXPECT_EQ(ReadResTypes(entries, 3), 0);
-    EXPECT_EQ(LastReport(), "9 Dorvane-basRead-ReadResTypes");
+    EXPECT_EQ(LastReport(Desktop), "9 Dorvane-basRead-ReadResTypes");
 }
 
 class GenericRes : public InputSite {
@@ -98,13 +98,13 @@ TEST_F(GenericRes, OneLineMoreIsAReportedOverflow) {
         content += "A\r\n";
     Desktop.ExpectMessageTitled("Program Error");
     EXPECT_EQ(Read(content), 0);
-    EXPECT_EQ(LastReport(), "6 Dorvane-basRead-ReadGenericRes");
+    EXPECT_EQ(LastReport(Desktop), "6 Dorvane-basRead-ReadGenericRes");
 }
 
 TEST_F(GenericRes, ANumberBeyondAllRangeIsReported) {
     Desktop.ExpectMessageTitled("Program Error");
     EXPECT_EQ(Read("A B 1E999\r\n"), 0);
-    EXPECT_EQ(LastReport(), "6 Dorvane-basRead-ReadGenericRes");
+    EXPECT_EQ(LastReport(Desktop), "6 Dorvane-basRead-ReadGenericRes");
 }
 
 TEST_F(GenericRes, AFiftyFirstWordIsReported) {
@@ -113,7 +113,7 @@ TEST_F(GenericRes, AFiftyFirstWordIsReported) {
         line += "1 ";
     Desktop.ExpectMessageTitled("Program Error");
     EXPECT_EQ(Read(line), 0);
-    EXPECT_EQ(LastReport(), "9 Dorvane-basRead-ReadGenericRes");
+    EXPECT_EQ(LastReport(Desktop), "9 Dorvane-basRead-ReadGenericRes");
 }
 
 TEST_F(GenericRes, SurvivesAMillionCharactersWithoutALineEnd) {
@@ -134,7 +134,7 @@ TEST_F(GenericRes, AFileThatMayNotBeReadIsReported) {
     Drives::CreateFolder(Folder + "B.RES");
     Desktop.ExpectMessageTitled("Program Error");
     EXPECT_EQ(ReadGenericRes(Records, Folder, "B.RES"), 0);
-    EXPECT_NE(LastReport().find(" Dorvane-basRead-ReadGenericRes"), std::string::npos);
+    EXPECT_NE(LastReport(Desktop).find(" Dorvane-basRead-ReadGenericRes"), std::string::npos);
 }
 
 // Puts the folder back before the operator answers Retry.
@@ -180,7 +180,7 @@ TEST_F(AngleRes, AMissingZenithFileIsReportedAndGivesNothing) {
     PutLines(Folder + "REDIR.RES", {"ST1", "P1 100.5", "QUIT"});
     Desktop.ExpectMessageTitled("Program Error");
     EXPECT_EQ(Read(), 0);
-    EXPECT_EQ(LastReport(), "53 Dorvane-basRead-ReadAngleRes");
+    EXPECT_EQ(LastReport(Desktop), "53 Dorvane-basRead-ReadAngleRes");
 }
 
 TEST_F(AngleRes, AShorterZenithFileIsReadPastItsEndAndReported) {
@@ -189,7 +189,7 @@ TEST_F(AngleRes, AShorterZenithFileIsReadPastItsEndAndReported) {
     Desktop.ExpectMessageTitled("Program Error", Answer::Retry);
     Desktop.ExpectMessageTitled("Program Error", Answer::Cancel);
     EXPECT_EQ(Read(), 0);
-    EXPECT_EQ(LastReport(), "62 Dorvane-basRead-ReadAngleRes");
+    EXPECT_EQ(LastReport(Desktop), "62 Dorvane-basRead-ReadAngleRes");
     EXPECT_EQ(Desktop.Shown.back().Choices, Buttons::RetryCancel);
 }
 
@@ -198,7 +198,7 @@ TEST_F(AngleRes, AFileCutInsideABlockIsReported) {
     PutFile(Folder + "ZENITH.RES", "");
     Desktop.ExpectMessageTitled("Program Error", Answer::Cancel);
     EXPECT_EQ(Read(), 0);
-    EXPECT_EQ(LastReport(), "62 Dorvane-basRead-ReadAngleRes");
+    EXPECT_EQ(LastReport(Desktop), "62 Dorvane-basRead-ReadAngleRes");
 }
 
 TEST_F(AngleRes, DifferentStationsStopTheReading) {
@@ -225,7 +225,7 @@ TEST_F(AngleRes, ALineWithoutAValueOrANameIsReported) {
         PutLines(Folder + "REDIR.RES", {"ST1", line, "QUIT"});
         Desktop.ExpectMessageTitled("Program Error");
         EXPECT_EQ(Read(), 0);
-        EXPECT_EQ(LastReport(), "9 Dorvane-basRead-ReadAngleRes");
+        EXPECT_EQ(LastReport(Desktop), "9 Dorvane-basRead-ReadAngleRes");
     }
 }
 
@@ -237,7 +237,7 @@ TEST_F(AngleRes, MoreSightsThanAListHoldsAreAReportedOverflow) {
     PutFile(Folder + "ZENITH.RES", "");
     Desktop.ExpectMessageTitled("Program Error");
     EXPECT_EQ(Read(), 0);
-    EXPECT_EQ(LastReport(), "6 Dorvane-basRead-ReadAngleRes");
+    EXPECT_EQ(LastReport(Desktop), "6 Dorvane-basRead-ReadAngleRes");
 }
 
 }  // namespace

@@ -67,7 +67,7 @@ TEST_F(SummaryFile, AFailureIsReportedAndLeavesTheFormerOne) {
         InputFiles files;
         Desktop.ExpectMessageTitled("Program Error", Answer::Cancel);
         EXPECT_FALSE(WriteSummaryHeader(files, "D:\\JOB\\", "NET.INP", {}, "", ""));
-        EXPECT_NE(LastReport().find(" Dorvane-basWrite-WriteSummaryHeader"), std::string::npos);
+        EXPECT_NE(LastReport(Desktop).find(" Dorvane-basWrite-WriteSummaryHeader"), std::string::npos);
         EXPECT_EQ(FileContent("D:\\JOB\\NET.SUM"), "former");
     });
 }

@@ -101,7 +101,7 @@ TEST_F(WeightsDialog, AValueThatIsNoNumberIsReportedAndCanBePutRight) {
                                 "HAngle1=3", "LinAngle1=on"});
     Desktop.ExpectMessageTitled("Program Error");
     const List1<WeightsTab> tabs = OpenWeightsDialog();
-    EXPECT_EQ(LastReport(), "13 Dorvane-basRead-ReadIniWeights");
+    EXPECT_EQ(LastReport(Desktop), "13 Dorvane-basRead-ReadIniWeights");
     ASSERT_EQ(tabs.Count(), 3);
     EXPECT_EQ(tabs[1].Fields[1].Text, "3");
     EXPECT_FALSE(tabs[1].Linear);

@@ -78,14 +78,14 @@ TEST_F(Weights, ATextThatIsNoNumberIsReported) {
     PutProfile("dv_input.ini", {"[Angle]", "Number=1", "HAngle1=0.5gon", "ZAngle1=2"});
     Desktop.ExpectMessageTitled("Program Error");
     Read();
-    EXPECT_EQ(LastReport(), "13 Dorvane-basRead-ReadIniWeights");
+    EXPECT_EQ(LastReport(Desktop), "13 Dorvane-basRead-ReadIniWeights");
 }
 
 TEST_F(Weights, AnEmptyTextIsReportedWhereAnAbsentKeyIsZero) {
     PutProfile("dv_input.ini", {"[Height]", "Number=1", "HDiff1="});
     Desktop.ExpectMessageTitled("Program Error");
     Read();
-    EXPECT_EQ(LastReport(), "13 Dorvane-basRead-ReadIniWeights");
+    EXPECT_EQ(LastReport(Desktop), "13 Dorvane-basRead-ReadIniWeights");
     EXPECT_NE(Desktop.Shown[0].Text.find("[Height] HDiff1="), std::string::npos) << Desktop.Shown[0].Text;
 }
 
@@ -131,7 +131,7 @@ TEST_F(Weights, AFlagThatIsNoNumberIsReportedToo) {
     PutProfile("dv_input.ini", {"[Total]", "Number=1", "LinAngle1=1x"});
     Desktop.ExpectMessageTitled("Program Error");
     Read();
-    EXPECT_EQ(LastReport(), "13 Dorvane-basRead-ReadIniWeights");
+    EXPECT_EQ(LastReport(Desktop), "13 Dorvane-basRead-ReadIniWeights");
 }
 
 TEST(WeightAssignment, ALinearErrorBecomesASmallAngleOnALongSight) {

@@ -284,7 +284,7 @@ TEST_F(FrmInput, ASavedWeightThatIsNoNumberIsReported) {
     IniWriteString("dv_input.ini", "Tracker", "HAngle1", "no number");
     Desktop.ExpectMessageTitled("Program Error");
     Picker.WeightsAnswered(true);
-    EXPECT_EQ(LastReport(), "13 Dorvane-basRead-ReadIniWeights");
+    EXPECT_EQ(LastReport(Desktop), "13 Dorvane-basRead-ReadIniWeights");
     EXPECT_TRUE(screen.isVisible());
 }
 

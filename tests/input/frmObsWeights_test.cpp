@@ -235,7 +235,7 @@ TEST_F(FrmObsWeights, ReportsAMissingPictureOnceAndOpensAllTheSame) {
     IniWriteString("dv_input.ini", "Total", "Icon1", "none-such.bmp");
     Desktop.ExpectMessageTitled("Program Error");
     OpenDialog();
-    EXPECT_EQ(LastReport(), "53 Dorvane-frmObsWeights-Form_Load");
+    EXPECT_EQ(LastReport(Desktop), "53 Dorvane-frmObsWeights-Form_Load");
     EXPECT_EQ(Tabs().count(), 5);
 }
 
@@ -243,7 +243,7 @@ TEST_F(FrmObsWeights, AMistypedValueIsReportedShownAndPutRight) {
     IniWriteString("dv_input.ini", "Distance", "SDist1", "0.0O5");
     Desktop.ExpectMessageTitled("Program Error");
     OpenDialog();
-    EXPECT_EQ(LastReport(), "13 Dorvane-basRead-ReadIniWeights");
+    EXPECT_EQ(LastReport(Desktop), "13 Dorvane-basRead-ReadIniWeights");
     ASSERT_EQ(Tabs().count(), 5);
     EXPECT_EQ(TextOf(Page(5), "txtValue1"), "0.0O5");
     EXPECT_EQ(TextOf(Page(1), "txtValue1"), "0.0005");

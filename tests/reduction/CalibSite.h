@@ -9,6 +9,7 @@
 #include "core/Drives.h"
 #include "core/Globals.h"
 #include "core/basGeneral.h"
+#include "tests/support/Reports.h"
 #include "tests/support/ScriptedDesktop.h"
 #include "tests/support/TestSite.h"
 
@@ -40,16 +41,9 @@ struct CalibSite : testing::Test {
 
     static bool IsFolder(std::string path) { return FolderExists(path); }
 
-    /// The report of a failure for which the reporter has no wording of its own.
-    void ExpectReport(int number, const std::string& description, const std::string& procedure) {
-        Desktop.ExpectMessage("Program Error", "Error : " + std::to_string(number) +
-                                                   "\r\n\r\nDescription : " + description +
-                                                   "\r\n\r\nSource : Dorvane-" + procedure);
-    }
-
     /// The report of a folder or file that may not be made or changed.
     void ExpectAccessError(const std::string& path, const std::string& procedure) {
-        ExpectReport(75, "Path/File access error: " + Drives::HostPath(path), procedure);
+        ExpectReport(Desktop, 75, "Path/File access error: " + Drives::HostPath(path), procedure);
     }
 
     TestSite Site;

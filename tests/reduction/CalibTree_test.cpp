@@ -75,7 +75,7 @@ TEST_F(CalibTreeTest, HasOnlyItsRootWithoutARegistry) {
 
 TEST_F(CalibTreeTest, ReportsAnEmptyRegistry) {
     PutFile(Registry, "");
-    ExpectReport(9, "Subscript out of range", "basRead-ReadPthFile");
+    ExpectReport(Desktop, 9, "Subscript out of range", "basRead-ReadPthFile");
     Open();
     EXPECT_EQ(Keys(), (KeyList{"D:\\TARVEX\\CALIB\\"}));
 }
@@ -85,7 +85,7 @@ TEST_F(CalibTreeTest, ReportsAnEpochThatIsRegisteredTwice) {
             " *       CALIB     EDM       C2601\r\n"
             " *       CALIB     EDM       C2601\r\n"
             " *       CALIB     STAFF     C2601\r\n");
-    ExpectReport(35602, "Key is not unique in collection", "frmCalibTree-LoadForm");
+    ExpectReport(Desktop, 35602, "Key is not unique in collection", "frmCalibTree-LoadForm");
     Open();
     EXPECT_EQ(Keys().size(), 3U);
 }

@@ -187,7 +187,7 @@ TEST_F(FrmAddCalib, ReportsASeventeenthTypeAndStaysUsable) {
     for (int i = 1; i <= 17; ++i)
         lines.push_back("TYPE" + std::to_string(i));
     PutLines(Structure, lines);
-    ExpectReport(9, "Subscript out of range", "basRead-ReadCalibStrFile");
+    ExpectReport(Desktop, 9, "Subscript out of range", "basRead-ReadCalibStrFile");
     Open();
     Close();
     EXPECT_EQ(Result, CalibrationAnswer());
@@ -200,6 +200,26 @@ TEST_F(FrmAddCalib, ShowsAccentsAsTheFileHasThem) {
     ClickItem(dialog, "lstEpoch", "\xC9T\xC9");
     Click(dialog, "cmdOK");
     EXPECT_EQ(Result, (CalibrationAnswer{"NIV\xC9&", "\xC9T\xC9"}));
+}
+
+TEST_F(FrmAddCalib, SaysInAnEmptyListWhyItIsEmpty) {
+    frmAddCalib& dialog = Open();
+    EXPECT_FALSE(IsShown(dialog, "lblEmptylstType"));
+    EXPECT_FALSE(IsShown(dialog, "lblEmptylstEpoch"));
+    Close();
+    PutFile(Registry,
+            " *       CALIB     STAFF     C2601\r\n"
+            " *       CALIB     STAFF     C2607\r\n"
+            " *       CALIB     STAFF     C2701\r\n");
+    frmAddCalib& full = Open();
+    ClickItem(full, "lstType", "STAFF");
+    EXPECT_TRUE(IsShown(full, "lblEmptylstEpoch"));
+    EXPECT_EQ(
+        TextOf(full, "lblEmptylstEpoch"),
+        "STAFF has all epochs already.  Enter more on the home menu under Edit > Calibration Structures.");
+    ClickItem(full, "lstType", "EDM");
+    EXPECT_FALSE(IsShown(full, "lblEmptylstEpoch"));
+    Click(full, "cmdCancel");
 }
 
 }  // namespace Dorvane::Testing

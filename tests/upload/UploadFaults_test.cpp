@@ -3,6 +3,7 @@
 
 #include "core/Drives.h"
 #include "core/basGeneral.h"
+#include "tests/support/Reports.h"
 #include "tests/upload/UploadSite.h"
 #include "upload/basUpload.h"
 
@@ -31,9 +32,6 @@ struct UploadFaults : UploadSite {
     static bool Upload(const std::string& name, std::int16_t print = 0) {
         return UploadFile(From, To, name, "3/7/2026", Index, print, "LEVEL");
     }
-    static std::string FullDisk(const std::string& procedure) {
-        return "Error : 61\r\n\r\nDisk is full. Continue?\r\n\r\nSource : Dorvane-" + procedure;
-    }
     static void SetAccess(const std::string& path, unsigned mode) {
         std::filesystem::permissions(Drives::HostPath(path), static_cast<std::filesystem::perms>(mode));
     }
@@ -47,7 +45,7 @@ TEST_F(UploadFaults, AFullDiskLeavesNoCopyNoIndexLineAndTheSource) {
     OnSmallDisk(To, 64, [] {
         ScriptedDesktop desktop;
         PutFile(To + Index, IndexHead);
-        desktop.ExpectMessage("Program Error", FullDisk("basUpload-UploadFile"), Answer::No);
+        ExpectReport(desktop, DiskFull, "basUpload-UploadFile", Answer::No);
         EXPECT_FALSE(Upload("DAY1.LEV"));
         EXPECT_EQ(AllFiles(To), Names{Index});
         EXPECT_EQ(FileContent(To + Index), IndexHead);
@@ -62,7 +60,7 @@ TEST_F(UploadFaults, YesAtAFullDiskCopiesAgainOnceThereIsRoom) {
         TidyingDesktop desktop(To + "OLD.TMP");
         PutFile(To + Index, IndexHead);
         PutFile(To + "OLD.TMP", std::string(40'000, 'o'));
-        desktop.ExpectMessage("Program Error", FullDisk("basUpload-UploadFile"), Answer::Yes);
+        ExpectReport(desktop, DiskFull, "basUpload-UploadFile", Answer::Yes);
         EXPECT_TRUE(Upload("DAY1.LEV"));
         EXPECT_EQ(FileContent(To + "DAY1.LEV"), content);
         EXPECT_EQ(FileLines(To + Index).size(), 3u);
@@ -86,7 +84,7 @@ TEST_F(UploadFaults, AFullDiskAtTheIndexLeavesTheCopyAndTheSourceAndTheRepeatMee
                 break;
             }
         }
-        desktop.ExpectMessage("Program Error", FullDisk("basWrite-UpdateSrvIdx"), Answer::No);
+        ExpectReport(desktop, DiskFull, "basWrite-UpdateSrvIdx", Answer::No);
         EXPECT_FALSE(Upload("DAY1.LEV"));
         EXPECT_EQ(FileContent(To + "DAY1.LEV"), content);
         EXPECT_EQ(FileContent(To + Index), index);
@@ -103,7 +101,7 @@ TEST_F(UploadFaults, AFullDiskAppendsAllOrNothing) {
         ScriptedDesktop desktop;
         PutFile(To + Index, IndexHead);
         PutFile(To + "A.DAT", "old\r\n");
-        desktop.ExpectMessage("Program Error", FullDisk("basUpload-AppendDataFile"), Answer::No);
+        ExpectReport(desktop, DiskFull, "basUpload-AppendDataFile", Answer::No);
         EXPECT_FALSE(Upload("A.DAT"));
         EXPECT_EQ(FileContent(To + "A.DAT"), "old\r\n");
         EXPECT_EQ(FileContent(To + Index), IndexHead);

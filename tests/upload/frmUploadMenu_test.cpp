@@ -10,6 +10,7 @@
 
 #include "core/Drives.h"
 #include "core/ProfileStore.h"
+#include "tests/support/Reports.h"
 #include "tests/upload/UploadScreenSite.h"
 
 namespace Dorvane::Testing {
@@ -28,11 +29,6 @@ struct frmUploadMenuTest : UploadScreenSite {
     }
     static QAbstractButton& Button(QWidget& screen, const char* name) {
         return Control<QAbstractButton>(screen, name);
-    }
-    void ExpectProgramError(const std::string& procedure, int number, const std::string& description) {
-        Desktop.ExpectMessage("Program Error", "Error : " + std::to_string(number) +
-                                                   "\r\n\r\nDescription : " + description +
-                                                   "\r\n\r\nSource : Dorvane-" + procedure);
     }
 };
 
@@ -310,7 +306,8 @@ TEST_F(frmUploadMenuTest, SetsThePathTypeHereAndOnTheHomeMenu) {
 TEST_F(frmUploadMenuTest, TellsAMissingWasteBinOnceAndWorks) {
     Drives::DeleteFile("P:\\DORVANE\\graphics\\trashempty.svg");
     PutSource("A.LEV", "a");
-    ExpectProgramError("frmUploadMenu-Update", 53, "File not found: P:\\DORVANE\\graphics\\trashempty.ico");
+    ExpectReport(Desktop, 53, "File not found: P:\\DORVANE\\graphics\\trashempty.ico",
+                 "frmUploadMenu-Update");
     frmUploadMenu& screen = Open();
     EXPECT_EQ(Items(screen, "lstFileNames").size(), 4u);
     Click(screen, "cmdUpload");
