@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "database/CoordinateSet.h"
 #include "database/DatabaseError.h"
 #include "tests/database/DatabaseSite.h"
 
@@ -71,6 +72,18 @@ TEST_F(UpdatingPoints, CommitOnlyOnce) {
     const auto before = Picture(North);
     retriever.Commit();
     EXPECT_EQ(Picture(North), before);
+}
+
+TEST_F(UpdatingPoints, KeepThePointsOfTwoLocationsApart) {
+    const std::string south = "D:\\TARVEX\\COORD\\SOUTH\\";
+    MakeFolders(south);
+    WriteCoordNew(south, "SOUTH");
+    CoordinateRetriever retriever;
+    retriever.UpdatePoint(North, 3, "P1", "112026", 1, 2, 3, 0, 0, 0, 0, 0, 0);
+    retriever.UpdatePoint(south, 3, "P2", "112026", 4, 5, 6, 0, 0, 0, 0, 0, 0);
+    retriever.Commit();
+    EXPECT_EQ(FileContent(North + "3DIM.LST"), "P1\r\n");
+    EXPECT_EQ(FileContent(south + "3DIM.LST"), "P2\r\n");
 }
 
 TEST_F(UpdatingPoints, PutTheNameInUpperCase) {
@@ -173,6 +186,13 @@ TEST_F(UpdatingPoints, EndWithAClearErrorAtTheHighestRecordNumber) {
               DatabaseFull);
     next.Commit();
     EXPECT_EQ(FileContent(North + "BNCHMARK.DAT"), before);
+}
+
+TEST_F(UpdatingPoints, RaiseMoreLinesThanThereAreNumbers) {
+    FillNumbers(North, 999999);
+    const RunTimeError error = ErrorOf([&] { CoordinateSet(North, 1); });
+    EXPECT_EQ(error.Number, DatabaseDamaged);
+    EXPECT_EQ(error.Description, North + "BNCHMARK.DAT is damaged: it counts more than 999999 lines");
 }
 
 TEST_F(UpdatingPoints, WriteNothingWhenAnotherUpdateTookTheLastRoom) {
@@ -352,6 +372,16 @@ TEST_F(UpdatingTheReference, CommitsThePointsFirst) {
     std::int32_t records = 0;
     retriever.UpdateReference(North, "NORTH", "11-20-26", "SRV12", "TASK1", records);
     EXPECT_EQ(XOf("P1"), 1);
+}
+
+TEST_F(UpdatingTheReference, CommitsThePointsOnlyOnce) {
+    CoordinateRetriever retriever;
+    retriever.UpdatePoint(North, 3, "P1", "112026", 1, 2, 3, 0, 0, 0, 0, 0, 0);
+    std::int32_t records = 0;
+    retriever.UpdateReference(North, "NORTH", "11-20-26", "SRV12", "TASK1", records);
+    retriever.UpdateReference(North, "NORTH", "11-21-26", "SRV12", "TASK1", records);
+    retriever.Commit();
+    EXPECT_EQ(RetrievedLines({"P1"}, true).size(), 1u);
 }
 
 TEST_F(UpdatingTheReference, RefusesATextThatDoesNotFitAndChangesNothing) {

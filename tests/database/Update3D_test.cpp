@@ -132,6 +132,17 @@ TEST_F(Updating, ChangesNothingWhenOneOfItsFilesMayNotBeWritten) {
     }
 }
 
+TEST_F(Updating, CountsNoPointAsStoredWhoseStoringWasSkipped) {
+    PutLines(UpdateFile, {UpdateHeader, PointLine("P1"), PointLine("P2")});
+    OnSmallDisk(North, 128, [&] {
+        WriteCoordNew(North, "NORTH");
+        FillDisk(North);
+        Desk.ExpectMessageTitled("Program Error", Answer::Ignore);
+        EXPECT_EQ(Update3DPoints(North, UpdateFile), 0);
+        EXPECT_TRUE(Named({"P1"}).empty());
+    });
+}
+
 TEST_F(Updating, ChangesNothingWhereverTheDiskFillsUp) {
     std::vector<std::string> lines = {UpdateHeader};
     for (int i = 0; i < 100; ++i)

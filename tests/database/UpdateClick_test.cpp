@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/basGeneral.h"
+#include "database/DatabaseFiles.h"
 #include "database/Update3D.h"
 #include "tests/database/UpdateSite.h"
 
@@ -147,6 +148,33 @@ TEST_F(UpdateClick, RefusesATaskThatTheReferenceFileDoesNotTakeBeforeTheBackup) 
     EXPECT_EQ(LastReport(Desk), "1103 CoordinateRetriever-basDatabase-Update3DPoints");
     ExpectTold("the task \"ELEVENCHARS\" has more than 10 characters.  Nothing was changed.");
     EXPECT_EQ(Picture(North), before);
+}
+
+// A database with room for one more value.
+void LeaveRoomForOne(const std::string& folder) {
+    constexpr long records = HighestRecordNumber - 2;
+    const std::string record = FileContent(folder + "3DIM.DAT").substr(93);
+    std::string data = RecordHeader(DatabaseTypeOf(ThreeDimensionalCode).DataShape(), records);
+    data.reserve(data.size() + record.size() * static_cast<std::size_t>(records));
+    for (long i = 0; i < records; ++i)
+        data += record;
+    PutFile(folder + "3DIM.DAT", data);
+    PutFile(folder + "3DIM.IDX", " 16      1   0\r\nP1      " + std::to_string(records + 1) + "\r\n");
+}
+
+TEST_F(UpdateClick, RefusesMorePointsThanThereIsRoomForBeforeTheBackup) {
+    Enter("P1", 1);
+    LeaveRoomForOne(North);
+    PutLines(UpdateFile, {UpdateHeader, PointLine("P1"), PointLine("P2")});
+    Desk.ExpectMessageTitled("Program Error");
+    Click();
+    EXPECT_EQ(LastReport(Desk), "1102 CoordinateRetriever-basDatabase-Update3DPoints");
+    ExpectTold("3DIM.DAT is full: its lines are numbered up to 999999.  Nothing was changed.");
+    EXPECT_FALSE(FileExists(North + "Backup 3DIM.DAT"));
+
+    PutLines(UpdateFile, {UpdateHeader, PointLine("P2")});
+    ExpectOverview(Answer::No);
+    Click();
 }
 
 TEST_F(UpdateClick, KeepsTheLastGoodBackupOfADamagedDatabase) {
