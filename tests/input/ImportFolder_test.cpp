@@ -15,6 +15,10 @@ TEST(ProposePath, ReplacesThePartBeforeTheLast) {
               "D:\\TARVEX\\DAM\\NORTH\\TPS\\SRV12\\");
 }
 
+TEST(ProposePath, TakesAPathOfFivePartsAndItsDriveIsOne) {
+    EXPECT_EQ(ProposePath("D:\\DAM\\NORTH\\LEVEL\\SRV12\\", "TPS"), "D:\\DAM\\NORTH\\TPS\\SRV12\\");
+}
+
 TEST(ProposePath, LeavesAPathOfFewerThanFiveParts) {
     EXPECT_EQ(ProposePath("D:\\TARVEX\\DAM\\NORTH\\", "TPS"), "D:\\TARVEX\\DAM\\NORTH\\");
     EXPECT_EQ(ProposePath("", "TPS"), "");

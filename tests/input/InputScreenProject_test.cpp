@@ -93,6 +93,14 @@ TEST_F(InputScreenProject, DoesNotDoubleItsFoldersWhenItIsOpenedTwice) {
     EXPECT_EQ(Folders(), (Texts{"Laser>D:\\A\\", "Distances>D:\\B\\"}));
 }
 
+TEST_F(InputScreenProject, OpensTheTypesOfAllItsFolders) {
+    PutLines(Project, {"P", "T", "3", "Laser>D:\\A\\", "Distances>D:\\B\\", "End", "End", "End"});
+    Open();
+    Load();
+    EXPECT_TRUE(Node("Laser").isExpanded());
+    EXPECT_TRUE(Node("Distances").isExpanded());
+}
+
 TEST_F(InputScreenProject, IsNotOverwrittenUnasked) {
     PutFile(Project, "former");
     Open();
