@@ -275,11 +275,14 @@ void RemarkOnPoints(const Network& network, const Adjustment& adjustment, const 
                         "Correlations.",
                         judgement.correlations.size(), Plural(judgement.correlations.size()),
                         statistics.parameters.correlationWarning));
-    const auto beyond = std::count_if(statistics.relative.begin(), statistics.relative.end(),
-                                      [](const RelativeEllipse& r) { return r.actual > r.allowed; });
+    const auto count = [&](auto test) {
+        return std::count_if(statistics.relative.begin(), statistics.relative.end(), test);
+    };
+    const auto beyond = count([](const RelativeEllipse& r) { return r.isKnown && r.actual > r.allowed; });
     if (beyond > 0)
         judgement.remarks.push_back(fmt::format("{} of {} relative error ellipses are larger than allowed.",
-                                                beyond, statistics.relative.size()));
+                                                beyond,
+                                                count([](const RelativeEllipse& r) { return r.isKnown; })));
     if (adjustment.datum.parts.size() > 1)
         judgement.remarks.push_back(
             fmt::format("The network falls into {} parts that nothing connects; their positions to each "

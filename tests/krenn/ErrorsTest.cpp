@@ -291,6 +291,28 @@ TEST(ListingPath, KeepsTheCaseOfAnExistingListing) {
     EXPECT_THAT(folder.Read("net.out"), HasSubstr("Final results"));
 }
 
+TEST(ListingPath, IsNotTheInputThatHasItsNameInOtherLetters) {
+    const TempFolder folder;
+    const std::string input = folder.Write("NET.out", kHead + "Height differences\r\nA B 1 0.001\r\nEND\r\n");
+    EXPECT_EQ(ListingPath(input), (folder.path / "NET.OUT").string());
+    EXPECT_EQ(RunAdjustment(input, 1), ErrorNumber::Good);
+    EXPECT_THAT(folder.Read("NET.out"), HasSubstr("Height differences\r\nA B"));
+}
+
+TEST(RunAdjustment, TellsWhatItDidWithTheTimeOfEachPart) {
+    const TempFolder folder;
+    const std::string input =
+        folder.Write("NET.INP", kHead + "Height differences\r\nA B 1 0.001\r\nB C 1 0.001\r\nEND\r\n");
+    RunReport report;
+    EXPECT_EQ(RunAdjustment(input, 1, &report), ErrorNumber::Good);
+    EXPECT_EQ(report.points, 3);
+    EXPECT_EQ(report.observations, 2);
+    EXPECT_GT(report.iterations, 0);
+    for (const double phase :
+         {report.phases.parse, report.phases.approximate, report.phases.linearise, report.phases.list})
+        EXPECT_GT(phase, 0);
+}
+
 TEST(RunAdjustment, WorksInAFolderWithPointsInItsName) {
     const TempFolder folder;
     const std::string input =

@@ -35,6 +35,23 @@ ErrorNumber NumberFor(const std::string& body, std::string* details = nullptr) {
     return ErrorNumber::Good;
 }
 
+TEST(ReadInput, NotesTheFirstTwentyNamesThatStandInNoList) {
+    InputText text;
+    text.points.push_back(InputText::Given("A", 0, 0, 10));
+    const auto add = [&](int number) { text.Height("A", "N" + std::to_string(number), 1, 0.001); };
+    for (int number = 1; number <= 20; ++number)
+        add(number);
+    const std::string note = "Names of observations that stand in no list were taken as points ";
+    const auto twenty = ReadInput(text.Text()).notes;
+    ASSERT_EQ(twenty.size(), 1u);
+    EXPECT_THAT(twenty[0], testing::StartsWith(note + "(20): N1, N2, N3"));
+    EXPECT_THAT(twenty[0], testing::EndsWith("N19, N20"));
+    add(21);
+    const auto more = ReadInput(text.Text()).notes;
+    EXPECT_THAT(more.at(0), testing::StartsWith(note + "(21): N1, N2, N3"));
+    EXPECT_THAT(more.at(0), testing::EndsWith("N19, N20, ..."));
+}
+
 TEST(ReadInput, ReadsAFileAsTheWriterMakesIt) {
     InputText text;
     text.stations.push_back(InputText::Named("ST1"));

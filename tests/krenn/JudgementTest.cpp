@@ -98,6 +98,17 @@ TEST(Judge, BlamesTheStandardErrorsWhenNoObservationStandsOut) {
     EXPECT_THAT(judged.judgement.doubts, ElementsAre(HasSubstr("may be too small, by a factor of 1.9")));
 }
 
+TEST(Judge, NamesTheKindOfTheLargestResidualsForItsRedundancy) {
+    InputText text;
+    text.points = {InputText::Given("A", 0, 0, 10), InputText::Named("B")};
+    text.fixed = {"A"};
+    for (const double height : {1.000, 1.000, 1.004, 1.004})
+        text.Height("A", "B", height, 0.001);
+    const Judged judged = JudgeNetwork(ReadInput(text.Text()));
+    EXPECT_THAT(judged.judgement.doubts,
+                ElementsAre(HasSubstr("by a factor of 2.31 (largest kind: height differences 2.31)")));
+}
+
 TEST(Judge, TellsStandardErrorsThatAreTooLarge) {
     NetworkSpec spec = Braced();
     spec.noise = 0.3;

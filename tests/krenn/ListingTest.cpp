@@ -276,6 +276,34 @@ TEST(GoodListing, ComparesRelativeEllipsesWithWhatIsAllowed) {
     EXPECT_THAT(printed.text, HasSubstr("2 of 2 relative error ellipses are larger than allowed"));
 }
 
+TEST(GoodListing, LeavesOutThePairsOfAPointThatNothingObserves) {
+    RandomNetwork random = MakeNetwork({});
+    random.text.points.push_back(InputText::Given("LONE", 0, 0, 0));
+    random.text.pairs = {"S1 LONE", "S1 S2"};
+    Parameters parameters;
+    parameters.allowedConstant = 0.0001;
+    parameters.allowedPerLength = 0;
+    const Printed printed = Print(random.text.Text(), Type::SparseInverse, parameters);
+    const auto lines = SectionOf(printed.text, "  From ");
+    ASSERT_EQ(lines.size(), 3u);
+    EXPECT_EQ(WordsOf(lines[1]).at(1), "S2");
+    EXPECT_THAT(printed.text, HasSubstr("1 of 1 relative error ellipses are larger than allowed"));
+}
+
+TEST(GoodListing, TellsWhatRemainsOfTheL1NormOnlyWhereSomethingChecksIt) {
+    InputText text;
+    text.points = {InputText::Given("A", 0, 0, 10), InputText::Named("B")};
+    text.fixed = {"A"};
+    text.Height("A", "B", 1, 0.001);
+    text.Height("A", "B", 1.1, 0.001);
+    const std::string two = Print(text.Text(), Type::L1Norm).text;
+    EXPECT_THAT(two, HasSubstr("Suspected gross errors"));
+    EXPECT_THAT(two, Not(HasSubstr("m0 would be")));
+    text.Height("A", "B", 1.001, 0.001);
+    EXPECT_THAT(Print(text.Text(), Type::L1Norm).text,
+                HasSubstr("Without it m0 would be 1.0000, redundancy 1."));
+}
+
 TEST(GoodListing, ShowsTheRotationsOfAnInstrumentThatIsNotLevelled) {
     NetworkSpec spec;
     RandomNetwork random = MakeNetwork(spec);

@@ -133,6 +133,19 @@ TEST(Evaluate, LeavesDeviationsAPrioriWhenTold) {
     EXPECT_NEAR(statistics.wideFactor, std::sqrt(9.21034), 1e-5);
 }
 
+TEST(Evaluate, WidensDeviationsAPosterioriByTheirFewObservations) {
+    const Network network = HeightTriangle(0.006);
+    const Adjustment adjustment = Adjust(network, Type::SparseInverse);
+    Parameters parameters;
+    parameters.confidence = 0.95;
+    const Statistics few = Evaluate(network, adjustment, parameters);
+    // Redundancy 1: the 12.71 of Student's tables and the 199.5 of Fisher's.
+    EXPECT_NEAR(few.wideHeightFactor, 12.706, 5e-4);
+    EXPECT_NEAR(few.wideFactor, std::sqrt(2 * 199.5), 5e-3);
+    parameters.posteriori = false;
+    EXPECT_NEAR(Evaluate(network, adjustment, parameters).wideHeightFactor, 1.959964, 5e-7);
+}
+
 TEST(Evaluate, CountsWhatNothingChecks) {
     InputText text;
     text.points = {InputText::Given("A", 0, 0, 10), InputText::Named("B"), InputText::Named("C")};
