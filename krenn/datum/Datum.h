@@ -29,8 +29,8 @@ struct PartDatum : NetworkPart {
     bool overGiven = false;    // they run over points with given coordinates
     bool alsoOverAll = false;  // the given points leave a movement open that is set over all points
     Eigen::MatrixXd movement;  // G, rows in the order of `unknowns`
-    Eigen::MatrixXd constraint;         // H, the same rows
-    std::vector<Candidate> candidates;  // what the movements are combined of
+    Eigen::MatrixXd constraint;                 // H, the same rows
+    std::vector<MovementCandidate> candidates;  // what the movements are combined of
     Eigen::MatrixXd combinations;
 };
 

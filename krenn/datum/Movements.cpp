@@ -30,7 +30,7 @@ const char* NameOf(Movement movement) {
     }
 }
 
-const char* NameOf(const Candidate& candidate) {
+const char* NameOf(const MovementCandidate& candidate) {
     switch (candidate.globalAxis) {
         case kScaleAxis: return "scale of the distance meter";
         case kZeroPointAxis: return "zero point of the distance meter";
@@ -51,7 +51,7 @@ int GroupOf(const PointRole& role, Movement movement) {
     }
 }
 
-const GroupFrame& FrameOf(const GroupFrames& frames, const Candidate& candidate) {
+const GroupFrame& FrameOf(const GroupFrames& frames, const MovementCandidate& candidate) {
     switch (candidate.movement) {
         case Movement::ShiftZ:
         case Movement::HeightScale: return frames.height[At(candidate.group)];
@@ -87,7 +87,7 @@ void FitGroups(const Structure& structure, const State& state, Movement member, 
 }
 
 // How much a candidate moves a point, or a set-up that stands on it.
-double MoveOf(const Candidate& candidate, const Structure& structure, const GroupFrames& frames,
+double MoveOf(const MovementCandidate& candidate, const Structure& structure, const GroupFrames& frames,
               const State& state, int point, int axis) {
     if (candidate.globalAxis >= 0 ||
         GroupOf(structure.roles[At(point)], candidate.movement) != candidate.group)
@@ -115,12 +115,12 @@ void SortOut(std::vector<int>& numbers) {
     numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
 }
 
-std::vector<Candidate> CandidatesOf(const Structure& structure, const NetworkPart& part,
-                                    const Unknowns& unknowns) {
+std::vector<MovementCandidate> CandidatesOf(const Structure& structure, const NetworkPart& part,
+                                            const Unknowns& unknowns) {
     std::vector<int> plan;
     std::vector<int> height;
     std::vector<int> tilted;
-    std::vector<Candidate> globals;
+    std::vector<MovementCandidate> globals;
     for (const int unknown : part.unknowns) {
         const UnknownOf& of = unknowns.of[At(unknown)];
         if (of.point < 0) {
@@ -137,7 +137,7 @@ std::vector<Candidate> CandidatesOf(const Structure& structure, const NetworkPar
     }
     for (std::vector<int>* groups : {&plan, &height, &tilted})
         SortOut(*groups);
-    std::vector<Candidate> candidates;
+    std::vector<MovementCandidate> candidates;
     for (const int group : plan) {
         for (const Movement movement :
              {Movement::ShiftX, Movement::ShiftY, Movement::Turn, Movement::PlanScale})
@@ -155,15 +155,16 @@ std::vector<Candidate> CandidatesOf(const Structure& structure, const NetworkPar
     return candidates;
 }
 
-Moves MovesOf(const std::vector<Candidate>& candidates, const Structure& structure, const GroupFrames& frames,
-              const NetworkPart& part, const Unknowns& unknowns, const State& state) {
+Moves MovesOf(const std::vector<MovementCandidate>& candidates, const Structure& structure,
+              const GroupFrames& frames, const NetworkPart& part, const Unknowns& unknowns,
+              const State& state) {
     Moves moves(static_cast<Eigen::Index>(part.unknowns.size()),
                 static_cast<Eigen::Index>(candidates.size()));
     for (Eigen::Index row = 0; row < moves.rows(); ++row) {
         const int unknown = part.unknowns[At(row)];
         const UnknownOf& of = unknowns.of[At(unknown)];
         for (Eigen::Index column = 0; column < moves.cols(); ++column) {
-            const Candidate& candidate = candidates[At(column)];
+            const MovementCandidate& candidate = candidates[At(column)];
             moves(row, column) = of.point < 0
                                      ? (candidate.globalAxis >= 0 && candidate.group == unknown ? 1.0 : 0.0)
                                      : MoveOf(candidate, structure, frames, state, of.point, of.axis);
@@ -173,7 +174,7 @@ Moves MovesOf(const std::vector<Candidate>& candidates, const Structure& structu
 }
 
 // A candidate that moves no unknown, like the turn of a single point, is no movement.
-void DropMotionless(std::vector<Candidate>& candidates, Moves& moves) {
+void DropMotionless(std::vector<MovementCandidate>& candidates, Moves& moves) {
     Eigen::Index kept = 0;
     for (Eigen::Index column = 0; column < moves.cols(); ++column) {
         if (moves.col(column).cwiseAbs().maxCoeff() < 1e-9)
@@ -212,9 +213,9 @@ struct RowReducer {
 
 // Coefficients of the combinations of candidates that nothing feels, one column each: right singular vectors
 // of J times the candidates, and of the moves of fixed coordinates, which must be zero as well.
-Eigen::MatrixXd UnfeltCombinations(const std::vector<Candidate>& candidates, const Structure& structure,
-                                   const GroupFrames& frames, const NetworkPart& part,
-                                   const Unknowns& unknowns, const State& state,
+Eigen::MatrixXd UnfeltCombinations(const std::vector<MovementCandidate>& candidates,
+                                   const Structure& structure, const GroupFrames& frames,
+                                   const NetworkPart& part, const Unknowns& unknowns, const State& state,
                                    const std::vector<int>& rowOf, const Moves& moves) {
     const auto columns = static_cast<Eigen::Index>(candidates.size());
     RowReducer reducer(columns);
@@ -280,7 +281,7 @@ Eigen::MatrixXd IndependentColumns(const Eigen::MatrixXd& columns) {
     return basis * rootOfRows;
 }
 
-std::vector<std::string> MovementsInWords(const std::vector<Candidate>& candidates,
+std::vector<std::string> MovementsInWords(const std::vector<MovementCandidate>& candidates,
                                           const Eigen::MatrixXd& combinations) {
     std::vector<std::string> words;
     for (std::size_t i = 0; i < candidates.size(); ++i) {
@@ -332,9 +333,10 @@ FreeMovements FindFreeMovements(const NetworkPart& part, const Structure& struct
     return free;
 }
 
-Eigen::MatrixXd MovementsAt(const std::vector<Candidate>& candidates, const Eigen::MatrixXd& combinations,
-                            const NetworkPart& part, const Structure& structure, const Unknowns& unknowns,
-                            const State& state, const GroupFrames& frames) {
+Eigen::MatrixXd MovementsAt(const std::vector<MovementCandidate>& candidates,
+                            const Eigen::MatrixXd& combinations, const NetworkPart& part,
+                            const Structure& structure, const Unknowns& unknowns, const State& state,
+                            const GroupFrames& frames) {
     return IndependentColumns(MovesOf(candidates, structure, frames, part, unknowns, state) * combinations);
 }
 

@@ -36,7 +36,7 @@ GroupFrames FitFrames(const Structure& structure, const State& state);
 // Y of a part with instruments that are not levelled, and an unknown of the whole network.
 enum class Movement { ShiftX, ShiftY, Turn, PlanScale, ShiftZ, HeightScale, TiltX, TiltY, Global };
 
-struct Candidate {
+struct MovementCandidate {
     Movement movement;
     int group;  // plan or height group, or part, or the unknown of the whole network
     int globalAxis = -1;
@@ -46,7 +46,7 @@ struct Candidate {
 struct FreeMovements {
     Eigen::MatrixXd movement;        // one column each, rows in the order of NetworkPart::unknowns
     std::vector<std::string> words;  // what they are made of: "shift in X", "rotation about Z", "scale" ...
-    std::vector<Candidate> candidates;
+    std::vector<MovementCandidate> candidates;
     Eigen::MatrixXd combinations;  // of the candidates, one column per movement
 };
 
@@ -57,9 +57,10 @@ FreeMovements FindFreeMovements(const NetworkPart& part, const Structure& struct
                                 const State& state, const GroupFrames& frames, const std::vector<int>& rowOf);
 
 // The same movements at another state: the same combinations of the same candidates in the same frames.
-Eigen::MatrixXd MovementsAt(const std::vector<Candidate>& candidates, const Eigen::MatrixXd& combinations,
-                            const NetworkPart& part, const Structure& structure, const Unknowns& unknowns,
-                            const State& state, const GroupFrames& frames);
+Eigen::MatrixXd MovementsAt(const std::vector<MovementCandidate>& candidates,
+                            const Eigen::MatrixXd& combinations, const NetworkPart& part,
+                            const Structure& structure, const Unknowns& unknowns, const State& state,
+                            const GroupFrames& frames);
 
 // How much of the movements the observations feel: the largest |J g| over what it would be without any
 // cancellation.

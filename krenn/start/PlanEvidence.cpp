@@ -168,8 +168,9 @@ int AgreeingWith(const PlanFrame& frame, const Evidence& evidence, const Place& 
     return agreeing;
 }
 
-std::vector<Candidate> CandidatesFor(const PlanFrame& frame, const Evidence& evidence, double leastSine) {
-    std::vector<Candidate> candidates;
+std::vector<PlaceCandidate> CandidatesFor(const PlanFrame& frame, const Evidence& evidence,
+                                          double leastSine) {
+    std::vector<PlaceCandidate> candidates;
     for (std::size_t i = 0; i < evidence.loci.size(); ++i) {
         for (std::size_t j = i + 1; j < evidence.loci.size(); ++j) {
             for (const Crossing& crossing : Crossings(evidence.loci[i], evidence.loci[j])) {
@@ -182,18 +183,18 @@ std::vector<Candidate> CandidatesFor(const PlanFrame& frame, const Evidence& evi
         }
     }
     std::stable_sort(candidates.begin(), candidates.end(),
-                     [](const Candidate& a, const Candidate& b) { return a.score < b.score; });
+                     [](const PlaceCandidate& a, const PlaceCandidate& b) { return a.score < b.score; });
     return candidates;
 }
 
-bool HasRival(const std::vector<Candidate>& candidates, const Evidence& evidence) {
-    const Candidate& best = candidates.front();
+bool HasRival(const std::vector<PlaceCandidate>& candidates, const Evidence& evidence) {
+    const PlaceCandidate& best = candidates.front();
     double reach = 0;
     for (const Locus& locus : evidence.loci)
         reach = std::max(reach, DistanceTo(locus.at, best.at));
     const double apart = 0.02 * reach + 0.02;
     const double noise = 1e-3 + 1e-4 * reach;
-    return std::any_of(candidates.begin(), candidates.end(), [&](const Candidate& other) {
+    return std::any_of(candidates.begin(), candidates.end(), [&](const PlaceCandidate& other) {
         return DistanceTo(other.at, best.at) > apart && other.score < 3 * best.score + noise;
     });
 }

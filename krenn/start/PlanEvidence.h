@@ -20,7 +20,7 @@ struct Evidence {
 
 Evidence EvidenceFor(const PlanFrame& frame, const PlanSights& sights, int point);
 
-struct Candidate {
+struct PlaceCandidate {
     Place at;
     double sine;   // of the crossing angle
     double score;  // sum of what misses it, in meters, each piece capped
@@ -28,7 +28,7 @@ struct Candidate {
 
 // All crossings of two loci under a sine of at least `leastSine`, best first: each is scored by how far it
 // misses everything else, each miss capped, so that one gross error cannot outvote the rest.
-std::vector<Candidate> CandidatesFor(const PlanFrame& frame, const Evidence& evidence, double leastSine);
+std::vector<PlaceCandidate> CandidatesFor(const PlanFrame& frame, const Evidence& evidence, double leastSine);
 
 double ScoreOf(const PlanFrame& frame, const Evidence& evidence, const Place& place);
 
@@ -36,7 +36,7 @@ double ScoreOf(const PlanFrame& frame, const Evidence& evidence, const Place& pl
 int AgreeingWith(const PlanFrame& frame, const Evidence& evidence, const Place& place);
 
 // True if a place well away from the best candidate fits nearly as well.
-bool HasRival(const std::vector<Candidate>& candidates, const Evidence& evidence);
+bool HasRival(const std::vector<PlaceCandidate>& candidates, const Evidence& evidence);
 
 // The angle that most of the others agree with: the one with the smallest sum of turns to them.
 double CentralAngle(const std::vector<double>& angles);

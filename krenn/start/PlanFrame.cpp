@@ -181,7 +181,7 @@ bool MoveToMajority(PlanFrame& frame, const PlanSights& sights, int point) {
     const auto candidates = CandidatesFor(frame, evidence, kSoundSine);
     if (candidates.empty() || HasRival(candidates, evidence))
         return false;
-    const Candidate& best = candidates.front();
+    const PlaceCandidate& best = candidates.front();
     if (AgreeingWith(frame, evidence, best.at) <= agreeing || best.score > 0.7 * ScoreOf(frame, evidence, at))
         return false;
     frame.at[At(point)] = best.at;
