@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "input/CoordinateFiles.h"
 
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <functional>
 
@@ -150,6 +154,29 @@ void Geod(ObsPoint& point, double biasX, double biasY, double biasZ) {
     point.Z = z;
 }
 
+namespace {
+
+// The names of the numbers of a line, from its fifth word on.
+constexpr std::array<const char*, 7> DbsNumbers = {
+    "X", "Y", "Z", "angle of the ellipse", "first half axis", "second half axis", "SZ"};
+constexpr int FirstDbsNumber = 5;
+
+bool HasDbsNumbers(const List1<std::string>& words) {
+    return std::all_of(words.begin() + FirstDbsNumber - 1, words.end(), IsNumeric);
+}
+
+// A word that is no number would be stored as another one, and nobody would see it.
+void CheckDbsNumbers(const List1<std::string>& words, const std::string& path, int line) {
+    for (std::size_t i = 0; i < DbsNumbers.size(); ++i) {
+        const std::string& word = words[FirstDbsNumber + static_cast<int>(i)];
+        if (!IsNumeric(word))
+            throw RunTimeError(TypeMismatch, fmt::format("{}, line {}: {} is \"{}\", which is no number",
+                                                         path, line, DbsNumbers[i], word));
+    }
+}
+
+}  // namespace
+
 std::int16_t ReadDbs3DFile(List1<Dbs3DPoint>& points, const std::string& folder, const std::string& file,
                            std::string& header1, std::string& header2, std::string& header3) {
     std::int16_t result = 0;
@@ -165,7 +192,15 @@ std::int16_t ReadDbs3DFile(List1<Dbs3DPoint>& points, const std::string& folder,
         header1 = header[1];
         header2 = header[2];
         header3 = header[3];
-        result = ReadRecords<Dbs3DPoint>(guard, points, folder, file, 1, TakeDbsPoint);
+        int line = 1;
+        result = ReadRecords<Dbs3DPoint>(guard, points, folder, file, 1,
+                                         [&](Dbs3DPoint& point, const auto& words) {
+                                             ++line;
+                                             if (!TakeDbsPoint(point, words))
+                                                 return false;
+                                             CheckDbsNumbers(words, folder + file, line);
+                                             return true;
+                                         });
     });
     return result;
 }
@@ -181,7 +216,7 @@ std::optional<Dbs3DFile> PeekDbs3DFile(const std::string& path) {
     while (!lines.AtEnd()) {
         ParseFields(words, lines.ReadLine());
         Dbs3DPoint point;
-        if (!TakeDbsPoint(point, words))
+        if (!TakeDbsPoint(point, words) || !HasDbsNumbers(words))
             return std::nullopt;
         file.Points.Add(point);
     }

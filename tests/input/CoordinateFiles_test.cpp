@@ -189,6 +189,20 @@ TEST_F(ReadingDbs3DFile, ALineOfOtherThanElevenWordsIsTold) {
     EXPECT_EQ(Read({"11-20-26 NORTH SRV12", "P 0 0 0 1 2 3 4 5 6 7", "Q 0 0 0 1 2 3 4 5 6"}), 0);
 }
 
+TEST_F(ReadingDbs3DFile, AWordInThePlaceOfANumberIsToldWithItsLine) {
+    for (int word = 5; word <= 11; ++word) {
+        std::string line = "P2";
+        for (int i = 2; i <= 11; ++i)
+            line += i == word ? " 1.2O" : " 1.5";
+        Desktop.ExpectMessageTitled("Program Error");
+        EXPECT_EQ(Read({"11-20-26 North srv12", "P1 a b c 1 2 3 4 5 6 7", line}), 0);
+        EXPECT_EQ(LastReport(Desktop), "13 Dorvane-basRead-ReadDbs3DFile");
+        EXPECT_NE(Desktop.Shown.back().Text.find("A.DBS, line 3: "), std::string::npos);
+        EXPECT_NE(Desktop.Shown.back().Text.find("\"1.2O\", which is no number"), std::string::npos);
+        EXPECT_FALSE(PeekDbs3DFile(Folder + "A.DBS"));
+    }
+}
+
 TEST_F(ReadingDbs3DFile, AMissingFileIsTold) {
     Desktop.ExpectMessage("File Not Found",
                           "File NONE.DBS does not exist in the choosen path!  Can not read");
