@@ -78,7 +78,12 @@ int main(int argc, char** argv) {
         std::fputs("KRENNRUN is started by the adjustment screen, not by hand.\n", stderr);
         return 1;
     }
-    Dorvane::PackageChannel channel(line);
-    Dorvane::Serve(channel);
-    return 0;
+    try {
+        Dorvane::PackageChannel channel(line);
+        Dorvane::Serve(channel);
+        return 0;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "KRENNRUN: %s\n", failure.what());
+        return 1;
+    }
 }
