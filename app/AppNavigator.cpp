@@ -198,6 +198,7 @@ frmTree* AppNavigator::LoadTree(const std::string& title, const std::string& fol
     SurveyServices services;
     services.WriteSrvNew = WriteSrvNew;
     services.WriteCoordNew = WriteLocationNew;
+    services.LacksCoordFiles = LacksCoordFiles;
     services.Waiting = {[this](const std::string& text) { ShowSearch(text); }, [this] { CloseSearch(); }};
     auto* tree = new frmTree(*this, services);
     tree->setWindowTitle(ToScreen(title));

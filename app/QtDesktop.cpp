@@ -17,6 +17,7 @@
 #include "app/HelpViewer.h"
 #include "app/ProgramWait.h"
 #include "app/QtPrinting.h"
+#include "app/SharedWaitWindow.h"
 #include "core/CommandLine.h"
 #include "core/Globals.h"
 #include "core/Host.h"
@@ -266,6 +267,10 @@ void QtDesktop::RunAndWait(const std::string& commandLine) {
 
 void QtDesktop::StartProgram(const std::string& commandLine) {
     StartCommandLine(commandLine, false);
+}
+
+std::unique_ptr<SharedWait> QtDesktop::BeginSharedWait() {
+    return std::make_unique<SharedWaitWindow>(QApplication::activeWindow());
 }
 
 DateTime QtDesktop::Now() {

@@ -45,6 +45,9 @@ class QtDesktop : public Desktop {
     void RunAndWait(const std::string& commandLine) override;
     void StartProgram(const std::string& commandLine) override;
 
+    /// A small window says who is waited for, and lets the operator leave the wait.
+    std::unique_ptr<SharedWait> BeginSharedWait() override;
+
     DateTime Now() override;
     void YieldEvents() override;
 

@@ -43,12 +43,23 @@ function(dorvane_program name file)
     OUTPUT_NAME "${file}" SUFFIX "" RUNTIME_OUTPUT_DIRECTORY "${DORVANE_FOLDER}/Programs")
 endfunction()
 
-# dorvane_tests(NAME SOURCES ... USES ...): the tests of one folder, each known to CTest by itself.
+# Tests are compiled often and run once: without optimisation, and with the headers that nearly all of them
+# include compiled once (tests/support).
+function(dorvane_compile_tests target headers)
+  target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O0>)
+  target_precompile_headers(${target} REUSE_FROM ${headers})
+endfunction()
+
+# dorvane_tests(NAME [OPTIMISED] SOURCES ... USES ...): the tests of one folder, each known to CTest by itself.
+# OPTIMISED is for tests that compute much themselves.
 function(dorvane_tests name)
-  cmake_parse_arguments(TESTS "" "" "SOURCES;USES" ${ARGN})
+  cmake_parse_arguments(TESTS "OPTIMISED" "" "SOURCES;USES" ${ARGN})
   add_executable(test_${name} ${TESTS_SOURCES})
   target_include_directories(test_${name} PRIVATE "${PROJECT_SOURCE_DIR}")
   target_link_libraries(test_${name} PRIVATE ${TESTS_USES} GTest::gmock_main)
+  if(NOT TESTS_OPTIMISED)
+    dorvane_compile_tests(test_${name} dorvane_test_headers)
+  endif()
   gtest_discover_tests(test_${name} TEST_PREFIX "${name}." PROPERTIES LABELS "${name}" TIMEOUT 300
     DISCOVERY_TIMEOUT 60)
 endfunction()
@@ -60,6 +71,7 @@ function(dorvane_screen_tests name)
   add_executable(test_${name}_screens ${TESTS_SOURCES})
   target_include_directories(test_${name}_screens PRIVATE "${PROJECT_SOURCE_DIR}")
   target_link_libraries(test_${name}_screens PRIVATE ${TESTS_USES} dorvane_screen_test_main)
+  dorvane_compile_tests(test_${name}_screens dorvane_screen_test_headers)
   # What the screens show comes from the program folder.
   add_dependencies(test_${name}_screens dorvane_site)
   target_compile_definitions(test_${name}_screens PRIVATE DORVANE_FOLDER="${DORVANE_FOLDER}")

@@ -52,6 +52,15 @@ class PrintJob {
     virtual void End() = 0;
 };
 
+/// A wait for another workstation, shown as long as it lives.
+class SharedWait {
+  public:
+    virtual ~SharedWait() = default;
+
+    /// Shows for whom is waited, and takes a short while. False when the operator leaves the wait.
+    virtual bool GoOn(const std::string& text) = 0;
+};
+
 /// What the program asks of the desktop. Implemented with windows for people and with a script for tests.
 class Desktop {
   public:
@@ -82,6 +91,8 @@ class Desktop {
 
     /// Starts a command line as a normal window beside the program; error 53 when there is no such program.
     virtual void StartProgram(const std::string& commandLine) = 0;
+
+    virtual std::unique_ptr<SharedWait> BeginSharedWait() = 0;
 
     virtual DateTime Now() = 0;
     virtual void YieldEvents() = 0;

@@ -14,9 +14,6 @@ namespace Dorvane::Drives {
 
 namespace {
 
-// Files on their way to their place carry this ending and are never listed.
-constexpr std::string_view StagedEnding = ".dv~";
-
 bool EndsWith(std::string_view text, std::string_view ending) {
     return text.size() >= ending.size() && text.substr(text.size() - ending.size()) == ending;
 }
@@ -69,20 +66,54 @@ std::string StartOf(std::string_view& path) {
     return FolderWhereWeAre();
 }
 
+bool IsControl(char c) {
+    return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
+}
+
+// Names that lead to a device on hosts with drive letters, whatever stands behind their first point.
+bool IsDeviceName(std::string_view part) {
+    std::string name = UpperCase(part.substr(0, part.find('.')));
+    name.erase(name.find_last_not_of(' ') + 1);
+    if (name.size() == 4 && (name.starts_with("COM") || name.starts_with("LPT")))
+        return name[3] >= '1' && name[3] <= '9';
+    return name == "CON" || name == "PRN" || name == "AUX" || name == "NUL";
+}
+
+// A name that no path may hold: it would lead elsewhere, or write a second line where it is noted.
 void CheckCharacters(std::string_view path) {
-    if (path.empty() || path.find_first_of(std::string_view("\0<>|\"*?/", 8)) != std::string_view::npos)
+    const bool legal = !path.empty() && path.find_first_of("<>|\"*?/") == std::string_view::npos &&
+                       std::none_of(path.begin(), path.end(), IsControl);
+    if (!legal)
         throw RunTimeError(BadFileName, std::string(path));
+    for (std::string_view rest = path.substr(path.find(':') + 1); !rest.empty();) {
+        const std::size_t end = std::min(rest.find('\\'), rest.size());
+        if (IsDeviceName(rest.substr(0, end)))
+            throw RunTimeError(BadFileName, std::string(path));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+}
+
+// The folder above, which no path leaves the drive by: `start` is its root.
+std::string Above(const std::string& host, const std::string& start) {
+    const std::size_t slash = host.find_last_of('/', host.size() - 2);
+    return host.size() <= start.size() || slash == std::string::npos ? start : host.substr(0, slash + 1);
 }
 
 // `path` with "/" for its links, found part by part. Parts that are not there stand as given.
 std::string FindParts(std::string host, std::string_view path) {
+    const std::string start = host;
     bool there = true;
     while (!path.empty()) {
         const std::size_t end = path.find('\\');
         const std::string part(path.substr(0, end));
         path.remove_prefix(end == std::string_view::npos ? path.size() : end + 1);
-        if (part.empty())
+        if (part.empty() || part == ".")
             continue;
+        if (part == "..") {
+            host = Above(host, start);
+            there = Host::Inspect(host).IsFolder;
+            continue;
+        }
         const std::optional<std::string> found = there ? HostNameIn(host, part) : std::nullopt;
         there = found.has_value();
         host += found.value_or(Utf8FromText(part));
@@ -124,22 +155,33 @@ DrivePlace NearestDrive(const std::string& path) {
     return nearest;
 }
 
+// A star is tried again, one character further, where what stands behind it does not match; one star before
+// it need never be, so the time grows with the two lengths and no faster.
 bool MatchesFrom(std::string_view name, std::string_view pattern) {
-    if (pattern.empty())
-        return name.empty();
-    if (pattern.front() == '*') {
-        for (std::size_t skipped = 0; skipped <= name.size(); ++skipped)
-            if (MatchesFrom(name.substr(skipped), pattern.substr(1)))
-                return true;
-        return false;
+    constexpr std::size_t none = std::string_view::npos;
+    std::size_t at = 0;
+    std::size_t star = none;
+    std::size_t begin = 0;  // of what stands behind the star
+    for (std::size_t sign = 0;;) {
+        if (sign < pattern.size() && pattern[sign] == '*') {
+            star = sign++;
+            begin = at;
+        } else if (sign == pattern.size() && at == name.size()) {
+            return true;
+        } else if (sign < pattern.size() && pattern[sign] == '?') {
+            // Before a point or the end of the name a question mark stands for nothing, as DOS has it.
+            at += at < name.size() && name[at] != '.' ? 1 : 0;
+            ++sign;
+        } else if (sign < pattern.size() && at < name.size() && name[at] == pattern[sign]) {
+            ++at;
+            ++sign;
+        } else if (star == none || begin == name.size()) {
+            return false;
+        } else {
+            at = ++begin;
+            sign = star + 1;
+        }
     }
-    if (pattern.front() == '?') {
-        // Before a point or the end of the name a question mark stands for nothing, as DOS has it.
-        if (name.empty() || name.front() == '.')
-            return MatchesFrom(name, pattern.substr(1));
-        return MatchesFrom(name.substr(1), pattern.substr(1));
-    }
-    return !name.empty() && name.front() == pattern.front() && MatchesFrom(name.substr(1), pattern.substr(1));
 }
 
 Entry EntryOf(std::string name, const Host::FileInfo& info) {
@@ -253,9 +295,11 @@ std::vector<Entry> List(std::string_view folder, std::string_view pattern) {
         return entries;
     for (const std::string& hostName : Host::FolderNames(host)) {
         std::string name = TextFromUtf8(hostName);
-        if (!Matches(name, pattern) || EndsWith(name, StagedEnding))
+        if (!Matches(name, pattern) || EndsWith(name, Host::StagedEnding))
             continue;
         const Host::FileInfo info = Host::Inspect(host + hostName);
+        std::replace_if(
+            name.begin(), name.end(), [](char c) { return c == '\\' || IsControl(c); }, '?');
         if (info.Exists)
             entries.push_back(EntryOf(std::move(name), info));
     }
@@ -350,17 +394,25 @@ void CreateFolder(std::string_view path) {
     Host::CreateFolder(WithoutTrailingSlash(HostPath(path)));
 }
 
+void RemoveFolder(std::string_view path) {
+    Host::RemoveFolder(WithoutTrailingSlash(HostPath(path)));
+}
+
+void PutInPlace(std::string_view staged, std::string_view path) {
+    Host::Rename(HostPath(staged), Host::RealPath(HostPath(path)));
+}
+
 struct StagedFile::State {
     std::string Target;
     std::string Staged;
     std::intptr_t Handle = 0;
+    bool Flushed = false;
     bool Committed = false;
 };
 
 StagedFile::StagedFile(std::string_view path) : Own(std::make_unique<State>()) {
     // A link to a file elsewhere is followed, so that the link stays and its file is replaced.
     Own->Target = Host::RealPath(HostPath(path));
-    Own->Staged = Own->Target + std::string(StagedEnding);
     Own->Handle = Host::OpenStaged(Own->Staged, Own->Target);
 }
 
@@ -376,6 +428,7 @@ StagedFile::~StagedFile() {
 }
 
 void StagedFile::Write(std::string_view content) {
+    Own->Flushed = false;
     Host::WriteStaged(Own->Handle, content);
 }
 
@@ -383,27 +436,28 @@ void StagedFile::TakeTimeOf(std::string_view path) {
     Host::CopyTimeStamp(HostPath(path), Own->Handle);
 }
 
+void StagedFile::Flush() {
+    if (!Own->Flushed)
+        Host::FlushStaged(Own->Handle, Own->Target);
+    Own->Flushed = true;
+}
+
+std::string StagedFile::Path() const {
+    return DrivePath(Own->Staged);
+}
+
 void StagedFile::Commit() {
+    Flush();
     Host::CommitStaged(Own->Handle, Own->Staged, Own->Target);
     Own->Committed = true;
 }
 
 void CopyFile(std::string_view from, std::string_view to) {
-    const std::string source = HostPath(from);
-    const std::string target = Host::RealPath(HostPath(to));
-    const std::string content = Host::ReadFile(source);
-    const std::string staged = target + std::string(StagedEnding);
-    const std::intptr_t handle = Host::OpenStaged(staged, target);
-    try {
-        Host::WriteStaged(handle, content);
-        Host::CopyTimeStamp(source, handle);
-        Host::CommitStaged(handle, staged, target);
-    } catch (const RunTimeError&) {
-        Host::CloseStaged(handle);
-        Host::Delete(staged);
-        throw;
-    }
-    Host::CloseStaged(handle);
+    const std::string content = ReadFile(from);
+    StagedFile file(to);
+    file.Write(content);
+    file.TakeTimeOf(from);
+    file.Commit();
 }
 
 }  // namespace Dorvane::Drives

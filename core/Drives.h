@@ -33,7 +33,8 @@ void Open();
 void Open(const std::string& hostFolder);
 
 /// The host's name of a drive path, in the host's encoding. Each part is found ignoring case; parts that do
-/// not exist stand as given. Error 68 for a drive that is not there, 52 for an illegal path.
+/// not exist stand as given; ".." never leaves the drive. Error 68 for a drive that is not there, 52 for a
+/// path with an illegal character or the name of a device.
 std::string HostPath(std::string_view path);
 
 /// The drive path of a host path, which need not exist: by the drive link that it goes through, or by the
@@ -53,7 +54,9 @@ void ChangeDrive(char letter);
 std::string CurrentHostFolder();
 
 /// Entries of a folder that match a DOS pattern ("*.*" matches every name), "." and ".." left out, by name
-/// ignoring case. Empty when the folder does not exist. Errors other than a missing folder are raised.
+/// ignoring case. A backslash or a control character in a name of the host is shown as "?", which no path may
+/// hold, so that it leads nowhere. Empty when the folder does not exist. Errors other than a missing folder
+/// are raised.
 std::vector<Entry> List(std::string_view folder, std::string_view pattern = "*.*");
 
 /// True when a name matches a DOS pattern, ignoring case and blanks at the pattern's end.
@@ -107,6 +110,12 @@ void DeleteFile(std::string_view path);
 /// Makes one folder; a parent is never made. Error 75 when it exists, 76 when the parent is missing.
 void CreateFolder(std::string_view path);
 
+/// Removes one folder that is empty. Error 75 when it is not.
+void RemoveFolder(std::string_view path);
+
+/// Puts a file that a StagedFile has left behind in the place of its file.
+void PutInPlace(std::string_view staged, std::string_view path);
+
 /// A file that is written beside its place and takes it only when it is whole and on disk. Opening already
 /// fails where the file could not be written. Without Commit the former file stays as it was.
 class StagedFile {
@@ -121,6 +130,12 @@ class StagedFile {
 
     /// Gives it the time stamp of another file.
     void TakeTimeOf(std::string_view path);
+
+    /// Sees to it that what was written is on disk; Commit does so, too.
+    void Flush();
+
+    /// The drive path at which it is on its way.
+    std::string Path() const;
     void Commit();
 
   private:

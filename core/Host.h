@@ -38,6 +38,7 @@ std::vector<std::string> FolderNames(
 std::string RealPath(
     const std::string& path);  // links followed as far as it exists; the path itself if it fails
 void CreateFolder(const std::string& path);
+void RemoveFolder(const std::string& path);  // an empty one
 void CreateLink(const std::string& link, const std::string& target);
 std::string LinkTarget(const std::string& link);  // as it stands in the link; empty for what is none
 bool MayWrite(const std::string& folder);         // whether this user may make files in a folder
@@ -57,13 +58,20 @@ bool MayReplace(const std::string& path);
 
 void AppendFile(const std::string& path, std::string_view content);
 
+/// Files on their way to their place carry this ending and are never listed.
+constexpr std::string_view StagedEnding = ".dv~";
+
 /// Makes a new file for writing beside `target`, with the target's permissions where there is one; raises
-/// where the target could not be written. Returns a handle.
-std::intptr_t OpenStaged(const std::string& staged, const std::string& target);
-void WriteStaged(std::intptr_t handle, std::string_view content);  // from the file's beginning
-void CloseStaged(std::intptr_t handle);                            // drops the handle, nothing else
+/// where the target could not be written. No other program writes it, and no link is followed. Returns a
+/// handle, and its path in `staged`.
+std::intptr_t OpenStaged(std::string& staged, const std::string& target);
+void WriteStaged(std::intptr_t handle, std::string_view content);   // from the file's beginning
+void CloseStaged(std::intptr_t handle);                             // drops the handle, nothing else
+void FlushStaged(std::intptr_t handle, const std::string& target);  // onto the disk
+/// Puts what is on disk in its place.
 void CommitStaged(std::intptr_t handle, const std::string& staged, const std::string& target);
 void CopyTimeStamp(const std::string& from, std::intptr_t handle);
+void DeleteRemains(const std::string& staged);  // unless a living program writes it
 
 void Rename(const std::string& from, const std::string& to);
 void Delete(const std::string& path);

@@ -21,71 +21,17 @@
 
 #include "core/Host.h"
 #include "core/HostError.h"
+#include "core/HostPosix.h"
 #include "core/OutsideProgram.h"
 
 namespace Dorvane::Host {
 
 namespace {
 
-// A file descriptor that closes itself.
-class Descriptor {
-  public:
-    explicit Descriptor(int descriptor) : Number(descriptor) {}
-    ~Descriptor() {
-        if (Number >= 0)
-            close(Number);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int Number;
-};
-
 DateTime LocalTime(std::time_t seconds) {
     std::tm parts{};
     localtime_r(&seconds, &parts);
     return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min, parts.tm_sec};
-}
-
-std::string ParentOf(const std::string& path) {
-    const std::size_t slash = path.find_last_of('/');
-    return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
-}
-
-bool FolderIsThere(const std::string& folder) {
-    struct stat info {};
-    return stat(folder.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
-}
-
-// A missing file in a missing folder is a path that was not found.
-[[noreturn]] void Raise(int code, HostAction action, const std::string& path) {
-    if (code == EDQUOT)
-        code = ENOSPC;  // a used-up quota is a full disk to the operator
-    if (code == ENOENT && !FolderIsThere(ParentOf(path)))
-        throw HostError(code, HostAction::Folder, path);
-    throw HostError(code, action, path);
-}
-
-void WriteAll(int descriptor, std::string_view content, const std::string& path) {
-    while (!content.empty()) {
-        const ssize_t written = write(descriptor, content.data(), content.size());
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written < 0)
-            Raise(errno, HostAction::Write, path);
-        content.remove_prefix(static_cast<std::size_t>(written));
-    }
-}
-
-void Flush(int descriptor, const std::string& path) {
-    if (fsync(descriptor) != 0 && errno != EINVAL && errno != ENOTSUP)
-        Raise(errno, HostAction::Write, path);
-}
-
-// A rename is only on disk when the folder that holds the name is.
-void FlushFolder(const std::string& folder) {
-    const Descriptor directory(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (directory.Number >= 0)
-        fsync(directory.Number);
 }
 
 // What a program that is started is to this process.
@@ -243,6 +189,11 @@ void CreateFolder(const std::string& path) {
         throw HostError(errno, HostAction::Folder, path);
 }
 
+void RemoveFolder(const std::string& path) {
+    if (rmdir(path.c_str()) != 0)
+        throw HostError(errno, HostAction::Folder, path);
+}
+
 void CreateLink(const std::string& link, const std::string& target) {
     if (symlink(target.c_str(), link.c_str()) != 0)
         throw HostError(errno, HostAction::Folder, link);
@@ -259,13 +210,14 @@ bool MayWrite(const std::string& folder) {
 }
 
 std::string ReadFile(const std::string& path) {
-    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    // Without waiting: a pipe may have nobody at its other end.
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (file.Number < 0)
         Raise(errno, HostAction::Read, path);
     struct stat info {};
     if (fstat(file.Number, &info) != 0)
         Raise(errno, HostAction::Read, path);
-    if (S_ISDIR(info.st_mode))
+    if (!S_ISREG(info.st_mode))
         throw HostError(EISDIR, HostAction::Read, path);
     std::string content(static_cast<std::size_t>(info.st_size), '\0');
     std::size_t filled = 0;
@@ -342,12 +294,14 @@ bool MayReplace(const std::string& path) {
 
 void AppendFile(const std::string& path, std::string_view content) {
     const bool isNew = !Inspect(path).Exists;
-    const Descriptor file(open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666));
+    const Descriptor file(open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666));
     if (file.Number < 0)
-        Raise(errno, HostAction::Write, path);
+        Raise(errno == ENXIO ? EISDIR : errno, HostAction::Write, path);
     struct stat former {};
     if (fstat(file.Number, &former) != 0)
         Raise(errno, HostAction::Write, path);
+    if (!S_ISREG(former.st_mode))
+        throw HostError(EISDIR, HostAction::Write, path);
     try {
         WriteAll(file.Number, content, path);
         Flush(file.Number, path);
@@ -357,48 +311,6 @@ void AppendFile(const std::string& path, std::string_view content) {
             throw HostError(errno, HostAction::Write, path);
         throw;
     }
-}
-
-std::intptr_t OpenStaged(const std::string& staged, const std::string& target) {
-    struct stat former {};
-    const bool replaces = stat(target.c_str(), &former) == 0;
-    if (replaces && S_ISDIR(former.st_mode))
-        throw HostError(EISDIR, HostAction::Write, target);
-    if (replaces && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
-        throw HostError(errno, HostAction::Write, target);
-    const int file = open(staged.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-    if (file < 0)
-        Raise(errno == ENOENT ? ENOTDIR : errno, HostAction::Write, target);
-    if (replaces)
-        fchmod(file, former.st_mode & 07777);
-    return file;
-}
-
-void WriteStaged(std::intptr_t handle, std::string_view content) {
-    const int file = static_cast<int>(handle);
-    if (ftruncate(file, 0) != 0 || lseek(file, 0, SEEK_SET) != 0)
-        throw HostError(errno, HostAction::Write, "");
-    WriteAll(file, content, "");
-}
-
-void CloseStaged(std::intptr_t handle) {
-    close(static_cast<int>(handle));
-}
-
-void CommitStaged(std::intptr_t handle, const std::string& staged, const std::string& target) {
-    Flush(static_cast<int>(handle), target);
-    if (rename(staged.c_str(), target.c_str()) != 0)
-        Raise(errno, HostAction::Write, target);
-    FlushFolder(ParentOf(target));
-}
-
-void CopyTimeStamp(const std::string& from, std::intptr_t handle) {
-    struct stat info {};
-    if (stat(from.c_str(), &info) != 0)
-        Raise(errno, HostAction::Read, from);
-    const timespec times[2] = {info.st_atim, info.st_mtim};
-    if (futimens(static_cast<int>(handle), times) != 0)
-        Raise(errno, HostAction::Write, from);
 }
 
 void Rename(const std::string& from, const std::string& to) {

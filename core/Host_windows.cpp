@@ -7,25 +7,20 @@
 #include <windows.h>
 #undef LoadLibrary
 
+#include <algorithm>
 #include <cerrno>
 #include <ctime>
 #include <filesystem>
+#include <vector>
 
 #include "core/Host.h"
 #include "core/HostError.h"
+#include "core/HostWindows.h"
 #include "core/OutsideProgram.h"
 
 namespace Dorvane::Host {
 
 namespace {
-
-std::wstring Wide(const std::string& utf8) {
-    const int length =
-        MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), nullptr, 0);
-    std::wstring wide(static_cast<std::size_t>(length), L'\0');
-    MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), wide.data(), length);
-    return wide;
-}
 
 std::string Narrow(const std::wstring& wide) {
     const int length = WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()), nullptr, 0,
@@ -34,29 +29,6 @@ std::string Narrow(const std::wstring& wide) {
     WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()), utf8.data(), length, nullptr,
                         nullptr);
     return utf8;
-}
-
-int ErrnoOf(DWORD code) {
-    switch (code) {
-        case ERROR_FILE_NOT_FOUND: return ENOENT;
-        case ERROR_PATH_NOT_FOUND:
-        case ERROR_BAD_NETPATH: return ENOTDIR;
-        case ERROR_ACCESS_DENIED: return EACCES;
-        case ERROR_WRITE_PROTECT: return EROFS;
-        case ERROR_SHARING_VIOLATION:
-        case ERROR_LOCK_VIOLATION: return EBUSY;
-        case ERROR_DISK_FULL:
-        case ERROR_HANDLE_DISK_FULL: return ENOSPC;
-        case ERROR_FILE_EXISTS:
-        case ERROR_ALREADY_EXISTS: return EEXIST;
-        case ERROR_TOO_MANY_OPEN_FILES: return EMFILE;
-        case ERROR_NOT_READY: return ENXIO;
-        case ERROR_NOT_SAME_DEVICE: return EXDEV;
-        case ERROR_INVALID_NAME:
-        case ERROR_FILENAME_EXCED_RANGE: return EINVAL;
-        case ERROR_DIR_NOT_EMPTY: return ENOTEMPTY;
-        default: return EIO;
-    }
 }
 
 [[noreturn]] void RaiseLast(HostAction action, const std::string& path) {
@@ -176,6 +148,11 @@ std::string RealPath(const std::string& path) {
 
 void CreateFolder(const std::string& path) {
     if (CreateDirectoryW(Wide(path).c_str(), nullptr) == 0)
+        RaiseLast(HostAction::Folder, path);
+}
+
+void RemoveFolder(const std::string& path) {
+    if (RemoveDirectoryW(Wide(path).c_str()) == 0)
         RaiseLast(HostAction::Folder, path);
 }
 
@@ -300,17 +277,34 @@ void AppendFile(const std::string& path, std::string_view content) {
     CloseHandle(file);
 }
 
-std::intptr_t OpenStaged(const std::string& staged, const std::string& target) {
+// Nobody else may write it as long as it is open. What a dead program left behind can be deleted.
+std::intptr_t OpenStaged(std::string& staged, const std::string& target) {
+    constexpr int mostWriters = 100;  // of one file at a time
     const DWORD attributes = GetFileAttributesW(Wide(target).c_str());
     const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
     if (exists && (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0)
         throw HostError(EISDIR, HostAction::Write, target);
-    const HANDLE file =
-        CreateFileW(Wide(staged).c_str(), GENERIC_WRITE | FILE_WRITE_ATTRIBUTES, FILE_SHARE_DELETE, nullptr,
-                    CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
+    for (int number = 1; number <= mostWriters; ++number) {
+        staged = target + (number == 1 ? "" : "." + std::to_string(number)) + std::string(StagedEnding);
+        DeleteRemains(staged);
+        const HANDLE file = CreateFileW(Wide(staged).c_str(), GENERIC_WRITE | DELETE | FILE_WRITE_ATTRIBUTES,
+                                        0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (file != INVALID_HANDLE_VALUE)
+            return reinterpret_cast<std::intptr_t>(file);
+        const DWORD failure = GetLastError();
+        if (failure != ERROR_FILE_EXISTS && failure != ERROR_SHARING_VIOLATION)
+            RaiseLast(HostAction::Write, target);
+    }
+    throw HostError(EBUSY, HostAction::Write, target);
+}
+
+void DeleteRemains(const std::string& staged) {
+    DeleteFileW(Wide(staged).c_str());  // fails as long as somebody has it open
+}
+
+void FlushStaged(std::intptr_t handle, const std::string& target) {
+    if (FlushFileBuffers(HandleOf(handle)) == 0)
         RaiseLast(HostAction::Write, target);
-    return reinterpret_cast<std::intptr_t>(file);
 }
 
 void WriteStaged(std::intptr_t handle, std::string_view content) {
@@ -324,11 +318,16 @@ void CloseStaged(std::intptr_t handle) {
     CloseHandle(HandleOf(handle));
 }
 
-void CommitStaged(std::intptr_t handle, const std::string& staged, const std::string& target) {
-    if (FlushFileBuffers(HandleOf(handle)) == 0)
-        RaiseLast(HostAction::Write, target);
-    if (MoveFileExW(Wide(staged).c_str(), Wide(target).c_str(),
-                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0)
+void CommitStaged(std::intptr_t handle, const std::string& /*staged*/, const std::string& target) {
+    // By its handle: nobody else may open it, and so it cannot be renamed by its name.
+    const std::wstring name = Wide(target);
+    std::vector<char> room(sizeof(FILE_RENAME_INFO) + name.size() * sizeof(wchar_t));
+    auto* const rename = reinterpret_cast<FILE_RENAME_INFO*>(room.data());
+    rename->ReplaceIfExists = TRUE;
+    rename->FileNameLength = static_cast<DWORD>(name.size() * sizeof(wchar_t));
+    std::copy(name.begin(), name.end(), rename->FileName);
+    if (SetFileInformationByHandle(HandleOf(handle), FileRenameInfo, rename,
+                                   static_cast<DWORD>(room.size())) == 0)
         RaiseLast(HostAction::Write, target);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/LineWriter.h"
 
+#include "core/FolderLock.h"
 #include "core/LineReader.h"
 #include "core/basGeneral.h"
 
@@ -27,16 +28,23 @@ void LineAppender::Line(std::string_view text) {
     Buffer.append(text).append(LineEnd);
 }
 
-void LineAppender::Close() {
-    const std::string former = FileExists(Path) && !Buffer.empty() ? Drives::ReadFile(Path) : "";
+std::string WithLines(const std::string& former, const std::string& lines, AppendTo begin) {
+    if (lines.empty())
+        return former;
     const std::string text = WithoutEndOfFileMark(former);
     const bool ended = text.empty() || text.back() == '\n' || text.back() == '\r';
-    const std::string added = (ended || Begin == AppendTo::LastLine ? "" : std::string(LineEnd)) + Buffer;
-    // Old programs read no further than the mark, so lines behind it would be lost to them.
-    if (text != former)
-        Drives::WriteFile(Path, text + added);
+    return text + (ended || begin == AppendTo::LastLine ? "" : std::string(LineEnd)) + lines;
+}
+
+void LineAppender::Close() {
+    const FolderLock lock(Path.substr(0, Path.find_last_of('\\') + 1));
+    const std::string former = FileExists(Path) && !Buffer.empty() ? Drives::ReadFile(Path) : "";
+    const std::string text = WithLines(former, Buffer, Begin);
+    // Old programs read no further than an end-of-file mark, so lines behind it would be lost to them.
+    if (text.compare(0, former.size(), former) == 0)
+        Drives::AppendFile(Path, std::string_view(text).substr(former.size()));
     else
-        Drives::AppendFile(Path, added);
+        Drives::WriteFile(Path, text);
     Buffer.clear();
 }
 

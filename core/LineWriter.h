@@ -32,8 +32,13 @@ enum class AppendTo {
     LastLine,  // directly behind its last character
 };
 
+/// What a file holds when lines, each with its end, are appended to what it holds now (see LineAppender).
+std::string WithLines(const std::string& former, const std::string& lines,
+                      AppendTo begin = AppendTo::NewLine);
+
 /// Collects lines ended by CR LF and appends them to a file in one write at Close. An end-of-file mark at the
 /// file's end gives way to them. Without any line a file is made when it is absent, and else left as it is.
+/// No other workstation appends meanwhile (see FolderLock.h).
 class LineAppender {
   public:
     explicit LineAppender(std::string_view path, AppendTo begin = AppendTo::NewLine)

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/Drives.h"
+#include "core/FolderLock.h"
 #include "core/LineReader.h"
 #include "core/LineWriter.h"
 #include "core/RunTimeError.h"
@@ -139,6 +140,7 @@ void IniWriteString(std::string_view file, std::string_view section, std::string
 
 void IniWriteSettings(std::string_view file, const std::vector<IniSetting>& settings) {
     try {
+        const FolderLock lock(GetWindowsPath());
         const std::string path = GetWindowsPath() + std::string(file);
         std::vector<std::string> lines = LinesOf(path);
         const std::vector<std::string> former = lines;

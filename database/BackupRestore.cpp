@@ -7,6 +7,7 @@
 #include <array>
 
 #include "core/Drives.h"
+#include "core/FolderLock.h"
 #include "core/Globals.h"
 #include "core/ReportError.h"
 #include "core/basGeneral.h"
@@ -58,7 +59,11 @@ void Restore(Guard& guard, const std::string& location, const UpdateView& view) 
                            Buttons::YesNo, Answer::No};
     if (TheDesktop().ShowMessage(question) != Answer::Yes)
         return;
-    if (!guard.Run([&] { ReplaceInOrder(RestoringChanges(databaseFolder)); }))
+    const bool restored = guard.Run([&] {
+        const FolderLock lock(databaseFolder);
+        ReplaceInOrder(RestoringChanges(databaseFolder));
+    });
+    if (!restored)
         return;
     view.Show("Backup of " + location + " restored");
     TheDesktop().ShowMessage(

@@ -3,8 +3,10 @@
 
 #include <fmt/format.h>
 
+#include <optional>
 #include <utility>
 
+#include "core/FolderLock.h"
 #include "core/RunTimeError.h"
 #include "core/Text.h"
 #include "database/DatabaseError.h"
@@ -34,7 +36,9 @@ struct Retrieval {
 
 void Retrieve(const Retrieval& retrieval, const List1<std::string>& names, std::int32_t count,
               std::string& resultFile, std::int32_t& lines) {
+    std::optional<FolderLock> lock(std::in_place, retrieval.DatabaseFolder);
     const CoordinateSet set(retrieval.DatabaseFolder, retrieval.Heading.TypeCode);
+    lock.reset();  // it has read all
     std::vector<RetrievedValue> values;
     for (int i = 1; i <= count; ++i) {
         std::vector<CoordinateRecord> stored = set.All(names[i]);
@@ -57,6 +61,7 @@ CoordinateRetriever::Taken& CoordinateRetriever::TakenFor(const std::string& dat
     for (Taken& taken : Waiting)
         if (taken.TypeCode == typeCode && taken.Folder == databaseFolder)
             return taken;
+    const FolderLock lock(databaseFolder);
     const CoordinateSet set(databaseFolder, typeCode);
     return Waiting.emplace_back(Taken{databaseFolder, typeCode, set.Room(), {}});
 }
@@ -91,6 +96,10 @@ std::vector<FileChange> CoordinateRetriever::WaitingChanges() const {
 
 void CoordinateRetriever::Commit() {
     AsComponent([&] {
+        std::vector<std::string> folders;
+        for (const Taken& taken : Waiting)
+            folders.push_back(taken.Folder);
+        const FolderLock lock(folders);
         ReplaceInOrder(WaitingChanges());
         Waiting.clear();
     });
@@ -100,6 +109,7 @@ void CoordinateRetriever::RetrieveNamed(const std::string& databaseFolder, std::
                                         const List1<std::string>& namesWithCountInItem0, std::int32_t,
                                         std::int32_t& count, std::vector<RetrievedPoint>& items) {
     AsComponent([&] {
+        const FolderLock lock(databaseFolder);
         const CoordinateSet set(databaseFolder, typeCode);
         std::vector<RetrievedPoint> found;
         const int names = LeadingInteger(namesWithCountInItem0[0]);
@@ -137,6 +147,7 @@ void CoordinateRetriever::UpdateReference(const std::string& databaseFolder, con
                                           const std::string& date, const std::string& project,
                                           const std::string& task, std::int32_t& records) {
     AsComponent([&] {
+        const FolderLock lock(databaseFolder);
         long updates = 0;
         FileChange reference = ReferenceWith(databaseFolder, location, {date, project, task}, updates);
         std::vector<FileChange> changes = WaitingChanges();

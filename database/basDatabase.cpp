@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/Drives.h"
+#include "core/FolderLock.h"
 #include "core/Globals.h"
 #include "core/LineReader.h"
 #include "core/ReplaceFiles.h"
@@ -61,22 +62,42 @@ std::string WithLine(std::string text, const std::string& line) {
     return marked ? text + EndOfFileMark : text;
 }
 
+// A location's new, empty files in the order of their making.
+std::vector<FileChange> NewCoordFiles(const std::string& folder, const std::string& location) {
+    std::vector<FileChange> files;
+    for (const std::int32_t code : OrderOfMaking) {
+        const DatabaseType& type = DatabaseTypeOf(code);
+        files.push_back({folder + type.DataFile(), RecordHeader(type.DataShape(), 0)});
+    }
+    for (const std::int32_t code : OrderOfMaking)
+        files.push_back({folder + DatabaseTypeOf(code).IndexFile(), RecordHeader(IndexShape, 0)});
+    for (const std::int32_t code : OrderOfMaking)
+        files.push_back({folder + DatabaseTypeOf(code).ListFile(), ""});
+    files.push_back({folder + location + ".REF", RecordHeader(ReferenceShape, 0)});
+    return files;
+}
+
+std::vector<FileChange> MissingCoordFiles(const std::string& folder, const std::string& location) {
+    std::vector<FileChange> files = NewCoordFiles(folder, location);
+    std::erase_if(files, [](const FileChange& file) { return FileExists(file.Path); });
+    return files;
+}
+
 }  // namespace
 
 void WriteCoordNew(const std::string& folder, const std::string& location) {
-    for (const std::int32_t code : OrderOfMaking) {
-        const DatabaseType& type = DatabaseTypeOf(code);
-        Drives::WriteFile(folder + type.DataFile(), RecordHeader(type.DataShape(), 0));
-    }
-    for (const std::int32_t code : OrderOfMaking)
-        Drives::WriteFile(folder + DatabaseTypeOf(code).IndexFile(), RecordHeader(IndexShape, 0));
-    for (const std::int32_t code : OrderOfMaking)
-        Drives::WriteFile(folder + DatabaseTypeOf(code).ListFile(), "");
-    Drives::WriteFile(folder + location + ".REF", RecordHeader(ReferenceShape, 0));
+    ReplaceInOrder(NewCoordFiles(folder, location));
+}
+
+bool LacksCoordFiles(const std::string& folder, const std::string& location) {
+    return !MissingCoordFiles(folder, location).empty();
 }
 
 void WriteLocationNew(const std::string& folder, const std::string& location) {
-    WriteCoordNew(folder, location);
+    {
+        const FolderLock lock(folder);
+        ReplaceInOrder(MissingCoordFiles(folder, location));
+    }
     AddStandardBias(location);
 }
 
@@ -85,6 +106,7 @@ void AddStandardBias(const std::string& location) {
         return;
     const std::string path = Global().Init_path + BiasFile;
     Guarded("basDatabase-AddStandardBias", [&](Guard& guard) {
+        const FolderLock lock(Global().Init_path);
         List1<double> values;
         if (FileExists(path) && FindBiasOf(guard, location, values))
             return;
@@ -101,6 +123,7 @@ bool MakeCoordBackups(const std::string& folder, std::int32_t typeCode) {
             return;
         // The ideals' files are asked for without their "S"; that they are then missing is meant to be so.
         const std::string word = typeCode == IdealCode ? "IDEAL" : DatabaseTypeOf(typeCode).Word;
+        const FolderLock lock(folder);
         std::vector<FileChange> copies;
         for (const std::string& file :
              {word + ".LST", word + ".IDX", word + ".DAT", LocationOfFolder(folder) + ".REF"})

@@ -10,10 +10,15 @@
 namespace Dorvane {
 
 /// Makes a location's new, empty set of files in `folder`, which ends in a backslash: data files, indexes,
-/// lists of names and the reference file, each replacing a former one. Raises what writing raises.
+/// lists of names and the reference file, each replacing a former one: all of them or none. Raises what
+/// writing raises.
 void WriteCoordNew(const std::string& folder, const std::string& location);
 
-/// WriteCoordNew and then AddStandardBias: what a new location needs.
+/// True when one of these files is missing.
+bool LacksCoordFiles(const std::string& folder, const std::string& location);
+
+/// Makes those of a location's files that are missing, and then AddStandardBias: what a new location needs,
+/// or one whose making was broken off.
 void WriteLocationNew(const std::string& folder, const std::string& location);
 
 /// Sees to it that a retrieval finds bias values: where BIAS.STR of Init_path is missing, or ReadBiasFile

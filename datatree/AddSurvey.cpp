@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/Drives.h"
+#include "core/FolderLock.h"
 #include "core/ReportError.h"
 #include "core/basGeneral.h"
 #include "datatree/basTree.h"
@@ -31,7 +32,9 @@ void Register(const SurveyAnswer& survey, const List1<std::string>& types) {
 
 void MakeCoordinateFiles(Guard& guard, const std::string& location, const SurveyServices& services) {
     const std::string folder = Global().Coord_path + location;
-    if (MakeMissingFolder(guard, folder))
+    // A folder that is there is left as it is, but for what a making that was broken off did not come to.
+    if (MakeMissingFolder(guard, folder) ||
+        (services.LacksCoordFiles && services.LacksCoordFiles(folder + "\\", location)))
         guard.Run([&] { services.WriteCoordNew(folder + "\\", location); });
 }
 
@@ -73,8 +76,11 @@ SurveyReport AddSurvey(const SurveyAnswer& survey, const SurveyServices& service
         return {};
     const SurveyStock stock(survey, types);
     Guarded("frmTree-cmdAdd_Click", [&](Guard& guard) {
-        Register(survey, types);
-        MakeFolders(guard, survey, types, services);
+        {
+            const FolderLock lock(Global().Init_path);
+            Register(survey, types);
+            MakeFolders(guard, survey, types, services);
+        }
         ReloadPathRecords(services.Waiting, "Updating Tarvex data folders.");
         tree.Clear();
         TarvexTreeSetup(Global().PathRecords, Global().PathRecords.Count(), tree);

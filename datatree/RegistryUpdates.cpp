@@ -2,6 +2,7 @@
 #include <initializer_list>
 
 #include "core/ColumnLine.h"
+#include "core/FolderLock.h"
 #include "core/LineWriter.h"
 #include "core/Text.h"
 #include "core/basGeneral.h"
@@ -78,6 +79,7 @@ void UpdateCalibPthFileAdd(const std::string& system, const std::string& type, c
 void UpdateHisFileAdd(const std::string& system, const std::string& location, const std::string& type,
                       const std::string& epoch, const std::string& usage, const std::string& date) {
     Guarded("basTree-UpdateHisFileAdd", [&](Guard& guard) {
+        const FolderLock lock(Global().Init_path);
         const std::string path = Global().Init_path + system + ".HIS";
         const std::string heading = system + "\\" + location + "\\" + type + "\\" + epoch;
         const std::string event = ColumnLine().At(5, "Created").At(17, date).At(31, usage).Text();

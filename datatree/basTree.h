@@ -55,6 +55,7 @@ void ReloadPathRecords(const WaitingWindow& waiting, const std::string& text);
 struct SurveyServices {
     std::function<void(const std::string& folder, const std::string& surveyIndexName)> WriteSrvNew;
     std::function<void(const std::string& folder, const std::string& location)> WriteCoordNew;
+    std::function<bool(const std::string& folder, const std::string& location)> LacksCoordFiles;
     WaitingWindow Waiting;
 };
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/ColumnLine.h"
+#include "core/FolderLock.h"
 #include "core/Globals.h"
 #include "core/LineReader.h"
 #include "core/LineWriter.h"
@@ -33,6 +34,7 @@ std::string OfferNewIndex(const std::string& folder, bool& created) {
         return "";
     created = true;
     std::string name = IndexNameFor(folder);
+    const FolderLock lock(folder);
     if (!FileExists(folder + name))
         WriteSrvNew(folder, name);
     return name;
@@ -79,6 +81,11 @@ void WriteSrvNew(const std::string& folder, const std::string& surveyIndexName) 
             index.Close();
         });
     });
+}
+
+std::string SurveyIndexLine(const std::string& baseName, const std::string& extension,
+                            const std::string& description, const std::string& date) {
+    return ColumnLine().At(1, baseName).At(10, extension).At(20, description).At(40, date).Text() + "\r\n";
 }
 
 bool UpdateSrvIdx(const std::string& folder, const std::string& surveyIndexName, const std::string& baseName,

@@ -35,6 +35,10 @@ void WriteSrvNew(const std::string& folder, const std::string& surveyIndexName);
 bool UpdateSrvIdx(const std::string& folder, const std::string& surveyIndexName, const std::string& baseName,
                   const std::string& extension, const std::string& description, const std::string& date);
 
+/// The line that UpdateSrvIdx adds, with its end.
+std::string SurveyIndexLine(const std::string& baseName, const std::string& extension,
+                            const std::string& description, const std::string& date);
+
 /// Reads an index. Returns the number of its data lines, blank ones included, or -1 when there is no such
 /// file. A file without its two header lines is error 62; a failure is reported as
 /// "basRead-ReadSurveyIdxFile" and gives 0.

@@ -6,8 +6,10 @@
 #include <set>
 
 #include "core/Drives.h"
+#include "core/FolderLock.h"
 #include "core/LineReader.h"
 #include "core/LineWriter.h"
+#include "core/ReplaceFiles.h"
 #include "core/ReportError.h"
 #include "core/Text.h"
 #include "core/basGeneral.h"
@@ -18,13 +20,61 @@ namespace Dorvane {
 
 namespace {
 
-bool ListInIndex(const std::string& toPath, const std::string& fileName, const std::string& fileDate,
-                 const std::string& surveyIndexName) {
-    const int point = InStr(fileName, ".");
+std::string ContentOf(const std::string& path) {
+    return FileExists(path) ? Drives::ReadFile(path) : "";
+}
+
+std::string LinesOf(const std::string& path) {
+    std::string lines;
+    LineReader source(path);
+    while (!source.AtEnd())
+        lines.append(source.ReadLine()).append("\r\n");
+    return lines;
+}
+
+std::string IndexWith(const UploadJob& job) {
+    const int point = InStr(job.TargetName, ".");
     if (point == 0)
         throw RunTimeError(InvalidProcedureCall);
-    const std::string base = Left(fileName, point - 1);
-    return UpdateSrvIdx(toPath, surveyIndexName, base, Mid(fileName, point + 1), base, fileDate);
+    const std::string base = Left(job.TargetName, point - 1);
+    return WithLines(ContentOf(job.ToPath + job.SurveyIndexName),
+                     SurveyIndexLine(base, Mid(job.TargetName, point + 1), base, job.FileDate));
+}
+
+// The target and its index line, which come together or not at all.
+std::vector<FileChange> ChangesOf(const UploadJob& job, bool extends, bool listed) {
+    const std::string source = job.FromPath + job.FileName;
+    const std::string target = job.ToPath + job.TargetName;
+    std::vector<FileChange> changes;
+    if (extends)
+        changes.push_back({target, WithLines(Drives::ReadFile(target), LinesOf(source), AppendTo::LastLine)});
+    else
+        changes.push_back({target, Drives::ReadFile(source), source});
+    if (listed)
+        changes.push_back({job.ToPath + job.SurveyIndexName, IndexWith(job)});
+    return changes;
+}
+
+void TellExistingTarget(const UploadJob& job) {
+    ShowWarning("File " + job.TargetName + " already exists in " + job.ToPath + " .  Can not upload",
+                "File already exists");
+}
+
+// Holds the target folder as long as it looks and writes, and not while the operator reads a message.
+UploadedFile::Placing Place(const UploadJob& job, const UploadKeys& keys, Guard& guard) {
+    using Placing = UploadedFile::Placing;
+    Placing placed = Placing::Failed;
+    guard.Run([&] {
+        const FolderLock lock(job.ToPath);
+        const bool exists = FileExists(job.ToPath + job.TargetName);
+        if (exists && (!keys.Append || job.TargetName != job.FileName)) {
+            placed = Placing::Refused;
+            return;
+        }
+        ReplaceInOrder(ChangesOf(job, exists, keys.InSurveyIndex));
+        placed = exists ? Placing::Appended : Placing::Copied;
+    });
+    return placed;
 }
 
 bool PrintUploaded(const std::string& printProgram, const std::string& fromPath, const std::string& toPath,
@@ -51,26 +101,12 @@ UploadedFile UploadOneFile(const UploadJob& job) {
     UploadedFile file;
     Guarded("basUpload-UploadFile", [&](Guard& guard) {
         const UploadKeys keys = ReadUploadKeys(job.DataTypeName, BehindFirstPoint(job.FileName));
-        const std::string target = job.ToPath + job.TargetName;
-        const bool targetExists = FileExists(target);
-        const bool mayExtend = keys.Append && job.TargetName == job.FileName;
-        if (targetExists && !mayExtend) {
-            file.Placed = UploadedFile::Placing::Refused;
-            ShowWarning("File " + job.TargetName + " already exists in " + job.ToPath + " .  Can not upload",
-                        "File already exists");
+        file.Placed = Place(job, keys, guard);
+        if (file.Placed == UploadedFile::Placing::Refused)
+            TellExistingTarget(job);
+        if (file.Placed != UploadedFile::Placing::Copied && file.Placed != UploadedFile::Placing::Appended)
             return;
-        }
-        const std::string source = job.FromPath + job.FileName;
-        const bool placed = targetExists ? AppendDataFile(job.FromPath, job.ToPath, job.TargetName)
-                                         : guard.Run([&] { Drives::CopyFile(source, target); });
-        if (!placed)
-            return;
-        file.Placed = targetExists ? UploadedFile::Placing::Appended : UploadedFile::Placing::Copied;
-        if (keys.InSurveyIndex) {
-            file.Listed = ListInIndex(job.ToPath, job.TargetName, job.FileDate, job.SurveyIndexName);
-            if (!file.Listed)
-                return;
-        }
+        file.Listed = keys.InSurveyIndex;
         if (job.Print && !keys.PrintProgram.empty() &&
             !PrintUploaded(keys.PrintProgram, job.FromPath, job.ToPath, job.FileName, job.TargetName))
             return;
@@ -89,6 +125,7 @@ bool UploadFile(const std::string& fromPath, const std::string& toPath, const st
 
 bool UploadRename(const std::string& fromPath, const std::string& fileName) {
     return Guarded("basUpload-UploadRename", [&](Guard& guard) {
+        const FolderLock lock(fromPath);
         const std::string base = Left(fileName, InStr(fileName, "."));
         const std::set<std::string> taken = NamesIn(fromPath, base + "*");
         for (int n = 999; n >= 1; --n) {
@@ -105,11 +142,10 @@ bool AppendDataFile(const std::string& fromPath, const std::string& toPath, cons
     bool appended = false;
     Guarded("basUpload-AppendDataFile", [&](Guard& guard) {
         appended = guard.Run([&] {
-            LineReader source(fromPath + fileName);
-            LineAppender target(toPath + fileName, AppendTo::LastLine);
-            while (!source.AtEnd())
-                target.Line(source.ReadLine());
-            target.Close();
+            const FolderLock lock(toPath);
+            const std::string target = toPath + fileName;
+            const std::string former = ContentOf(target);
+            Drives::WriteFile(target, WithLines(former, LinesOf(fromPath + fileName), AppendTo::LastLine));
         });
     });
     return appended;

@@ -2,6 +2,7 @@
 #include "programs/editors/EditedFile.h"
 
 #include "core/Drives.h"
+#include "core/FolderLock.h"
 #include "core/ReplaceFiles.h"
 #include "core/basGeneral.h"
 
@@ -17,6 +18,10 @@ EditedFile OpenEditedFile(const std::string& path) {
 }
 
 std::string SaveEditedFiles(const std::vector<EditedChange>& changes) {
+    std::vector<std::string> folders;
+    for (const EditedChange& change : changes)
+        folders.push_back(change.File->Path.substr(0, change.File->Path.find_last_of('\\') + 1));
+    const FolderLock lock(folders);
     std::vector<FileChange> writes;
     for (const EditedChange& change : changes) {
         if (change.File->Exists && change.File->Content == change.Content)

@@ -6,6 +6,7 @@
 
 #include "adjustment/Versions.h"
 #include "core/Drives.h"
+#include "core/FolderLock.h"
 #include "core/RunTimeError.h"
 #include "core/Text.h"
 #include "core/basGeneral.h"
@@ -99,6 +100,7 @@ std::string NextVersion(const std::string& folder, const std::string& base) {
 // The note goes first: a note without its version is passed over, a version without its note is not.
 std::string SaveAsNewVersion(const InputVersion& input, const std::vector<Fate>& fates,
                              const std::string& comment, std::string& version) {
+    const FolderLock lock(input.Folder);
     version = NextVersion(input.Folder, input.Base);
     if (version.empty())
         return "All 99 versions of " + input.Base + ".INP are taken.";

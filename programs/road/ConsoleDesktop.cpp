@@ -2,7 +2,9 @@
 #include "programs/road/ConsoleDesktop.h"
 
 #include <algorithm>
+#include <chrono>
 #include <ostream>
+#include <thread>
 
 #include "core/CommandLine.h"
 #include "core/Globals.h"
@@ -11,6 +13,29 @@
 #include "core/Text.h"
 
 namespace Dorvane::Road {
+
+namespace {
+
+// Says once for whom is waited. There is nobody who could leave the wait, so it ends by itself.
+class PrintedWait : public SharedWait {
+  public:
+    explicit PrintedWait(std::ostream& out) : Out(out) {}
+
+    bool GoOn(const std::string& text) override {
+        if (Pauses == 0)
+            Out << "      waiting: " << Utf8FromText(text) << std::endl;
+        std::this_thread::sleep_for(Pause);
+        return ++Pauses < Longest / Pause;
+    }
+
+  private:
+    static constexpr std::chrono::milliseconds Pause{50};
+    static constexpr std::chrono::minutes Longest{2};
+    std::ostream& Out;
+    int Pauses = 0;
+};
+
+}  // namespace
 
 ConsoleDesktop::ConsoleDesktop(std::ostream& out) : Out(out), Former(Global().OwnDesktop) {
     InstallDesktop(this);
@@ -74,6 +99,10 @@ void ConsoleDesktop::RunAndWait(const std::string& commandLine) {
 
 void ConsoleDesktop::StartProgram(const std::string& commandLine) {
     StartCommandLine(commandLine, false);
+}
+
+std::unique_ptr<SharedWait> ConsoleDesktop::BeginSharedWait() {
+    return std::make_unique<PrintedWait>(Out);
 }
 
 DateTime ConsoleDesktop::Now() {

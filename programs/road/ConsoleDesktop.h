@@ -27,6 +27,7 @@ class ConsoleDesktop : public Desktop {
     void SearchHelp(const std::string& file) override;
     void RunAndWait(const std::string& commandLine) override;
     void StartProgram(const std::string& commandLine) override;
+    std::unique_ptr<SharedWait> BeginSharedWait() override;
     DateTime Now() override;
     void YieldEvents() override {}
 

@@ -66,6 +66,7 @@ void AddTheSurvey(Walk& walk) {
     services.WriteCoordNew = [](const std::string& folder, const std::string& location) {
         WriteLocationNew(folder, location);
     };
+    services.LacksCoordFiles = LacksCoordFiles;
     TreeModel tree;
     const SurveyReport report = AddSurvey(answer, services, tree);
     for (const std::string& made : report.Made)

@@ -73,15 +73,25 @@ TEST_F(WriteCoordNewFiles, EmptiesFormerFiles) {
     EXPECT_TRUE(Named({"P1"}).empty());
 }
 
-TEST_F(WriteCoordNewFiles, GoesFileByFileInItsOrder) {
+TEST_F(WriteCoordNewFiles, MakesNoneWhereOneCannotBeMade) {
     for (std::size_t blocked = 0; blocked < OrderOfMaking.size(); ++blocked) {
         const std::string folder = "D:\\ORDER" + std::to_string(blocked) + "\\";
         MakeFolders(folder + OrderOfMaking[blocked] + "\\");
         EXPECT_EQ(ErrorOf([&] { WriteCoordNew(folder, "NORTH"); }).Number, PathFileAccess);
-        EXPECT_EQ(AllFiles(folder).size(), blocked);
-        for (std::size_t i = 0; i < blocked; ++i)
-            EXPECT_TRUE(FileExists(folder + OrderOfMaking[i])) << OrderOfMaking[i];
+        EXPECT_TRUE(AllFiles(folder).empty()) << OrderOfMaking[blocked];
     }
+}
+
+TEST_F(WriteCoordNewFiles, AreCompletedWhereSomeAreMissingAndTheOthersStay) {
+    Enter("P1", 1);
+    EXPECT_FALSE(LacksCoordFiles(North, "NORTH"));
+    for (const char* gone : {"IDEALS.DAT", "NORTH.REF"})
+        Drives::DeleteFile(North + gone);
+    EXPECT_TRUE(LacksCoordFiles(North, "NORTH"));
+    WriteLocationNew(North, "NORTH");
+    EXPECT_FALSE(LacksCoordFiles(North, "NORTH"));
+    EXPECT_EQ(AllFiles(North).size(), 13u);
+    EXPECT_EQ(XOf("P1"), 1);
 }
 
 TEST_F(WriteCoordNewFiles, RaisesAMissingFolder) {

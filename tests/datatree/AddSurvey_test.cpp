@@ -107,6 +107,15 @@ TEST_F(AddSurvey, MakesTheCoordinateFilesOfALocationOnlyOnce) {
     EXPECT_EQ(CoordinateFiles, (std::vector<std::string>{"D:\\TARVEX\\COORD\\NORTH\\|NORTH"}));
 }
 
+TEST_F(AddSurvey, CompletesTheCoordinateFilesOfALocationWhoseMakingWasBrokenOff) {
+    Add(TwoTypes);
+    Services.LacksCoordFiles = [](const std::string& folder, const std::string& location) {
+        return folder == "D:\\TARVEX\\COORD\\NORTH\\" && location == "NORTH";
+    };
+    Add({"DAM", "NORTH", "LEVEL ", "SRV13", "Second survey"});
+    EXPECT_EQ(CoordinateFiles.size(), 2u);
+}
+
 TEST_F(AddSurvey, SharesTheCoordinateFilesOfALocationBetweenSystems) {
     Add(TwoTypes);
     Add({"WEIR", "NORTH", "LEVEL ", "SRV1", ""});

@@ -39,6 +39,7 @@ class PatientDesktop : public Desktop {
     void SearchHelp(const std::string&) override {}
     void RunAndWait(const std::string&) override {}
     void StartProgram(const std::string&) override {}
+    std::unique_ptr<SharedWait> BeginSharedWait() override { throw RunTimeError(DeviceUnavailable); }
     DateTime Now() override { return {2026, 11, 20, 9, 5, 7}; }
     void YieldEvents() override {}
 

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <thread>
+
 #include "core/CommandLine.h"
 #include "core/Globals.h"
 #include "core/RunTimeError.h"
@@ -20,6 +23,19 @@ class RecordedJob : public PrintJob {
   private:
     std::vector<std::string>& Printed;
     std::vector<std::string> Lines;
+};
+
+class ScriptedWait : public SharedWait {
+  public:
+    explicit ScriptedWait(ScriptedDesktop& desktop) : Desk(desktop) {}
+
+    bool GoOn(const std::string& text) override {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return !Desk.OnWait || Desk.OnWait(text);
+    }
+
+  private:
+    ScriptedDesktop& Desk;
 };
 
 }  // namespace
@@ -133,6 +149,10 @@ void ScriptedDesktop::StartProgram(const std::string& commandLine) {
         OnRun(commandLine);
     if (RunsPrograms)
         StartCommandLine(commandLine, false);
+}
+
+std::unique_ptr<SharedWait> ScriptedDesktop::BeginSharedWait() {
+    return std::make_unique<ScriptedWait>(*this);
 }
 
 void ScriptedDesktop::YieldEvents() {

@@ -36,6 +36,7 @@ class ScriptedDesktop : public Desktop {
     void SearchHelp(const std::string& file) override;
     void RunAndWait(const std::string& commandLine) override;
     void StartProgram(const std::string& commandLine) override;
+    std::unique_ptr<SharedWait> BeginSharedWait() override;
     DateTime Now() override { return Clock; }
     void YieldEvents() override;
 
@@ -53,6 +54,8 @@ class ScriptedDesktop : public Desktop {
     std::function<void(const std::string&)> OnRun;  // called for each started command line
     std::function<void()> OnYield;
     std::function<void()> OnMessage;  // called before each message is answered
+    std::function<bool(const std::string&)>
+        OnWait;  // called while another workstation is waited for; goes on by true
 
   private:
     struct Expected {

@@ -68,7 +68,7 @@ TEST_F(UploadFaults, YesAtAFullDiskCopiesAgainOnceThereIsRoom) {
     });
 }
 
-TEST_F(UploadFaults, AFullDiskAtTheIndexLeavesTheCopyAndTheSourceAndTheRepeatMeetsTheCopy) {
+TEST_F(UploadFaults, AFullDiskAtTheIndexLeavesNoCopyAndTheRepeatIsAWholeUpload) {
     const std::string content(Page, 'x');
     PutSource("DAY1.LEV", content);
     OnSmallDisk(To, 64, [&] {
@@ -84,14 +84,17 @@ TEST_F(UploadFaults, AFullDiskAtTheIndexLeavesTheCopyAndTheSourceAndTheRepeatMee
                 break;
             }
         }
-        ExpectReport(desktop, DiskFull, "basWrite-UpdateSrvIdx", Answer::No);
+        ExpectReport(desktop, DiskFull, "basUpload-UploadFile", Answer::No);
         EXPECT_FALSE(Upload("DAY1.LEV"));
-        EXPECT_EQ(FileContent(To + "DAY1.LEV"), content);
+        EXPECT_FALSE(FileExists(To + "DAY1.LEV"));
         EXPECT_EQ(FileContent(To + Index), index);
         EXPECT_EQ(AllFiles(From), Names{"DAY1.LEV"});
 
-        desktop.ExpectMessageTitled("File already exists");
-        EXPECT_FALSE(Upload("DAY1.LEV"));
+        Drives::DeleteFile(To + "FILL.1");
+        EXPECT_TRUE(Upload("DAY1.LEV"));
+        EXPECT_EQ(FileContent(To + "DAY1.LEV"), content);
+        EXPECT_EQ(FileContent(To + Index).size(), index.size() + 49);
+        EXPECT_EQ(AllFiles(From), Names{"DAY1.999"});
     });
 }
 
@@ -101,7 +104,7 @@ TEST_F(UploadFaults, AFullDiskAppendsAllOrNothing) {
         ScriptedDesktop desktop;
         PutFile(To + Index, IndexHead);
         PutFile(To + "A.DAT", "old\r\n");
-        ExpectReport(desktop, DiskFull, "basUpload-AppendDataFile", Answer::No);
+        ExpectReport(desktop, DiskFull, "basUpload-UploadFile", Answer::No);
         EXPECT_FALSE(Upload("A.DAT"));
         EXPECT_EQ(FileContent(To + "A.DAT"), "old\r\n");
         EXPECT_EQ(FileContent(To + Index), IndexHead);
@@ -122,7 +125,7 @@ TEST_F(UploadFaults, AReadOnlyTargetFolderLeavesEverything) {
     });
 }
 
-TEST_F(UploadFaults, AReadOnlyIndexLeavesTheCopyAndTheSource) {
+TEST_F(UploadFaults, AReadOnlyIndexLeavesNoCopyAndTheSource) {
     PutSource("DAY1.LEV", "x");
     SetAccess(From, 0777);
     SetAccess(To, 0777);
@@ -130,8 +133,8 @@ TEST_F(UploadFaults, AReadOnlyIndexLeavesTheCopyAndTheSource) {
         ScriptedDesktop desktop;
         desktop.ExpectMessageTitled("Program Error");
         EXPECT_FALSE(Upload("DAY1.LEV"));
-        EXPECT_TRUE(Tells(desktop.Shown[0], "Source : Dorvane-basWrite-UpdateSrvIdx"));
-        EXPECT_EQ(AllFiles(To), (Names{"DAY1.LEV", Index}));
+        EXPECT_TRUE(Tells(desktop.Shown[0], "Source : Dorvane-basUpload-UploadFile"));
+        EXPECT_EQ(AllFiles(To), Names{Index});
         EXPECT_EQ(FileContent(To + Index), IndexHead);
         EXPECT_EQ(AllFiles(From), Names{"DAY1.LEV"});
     });

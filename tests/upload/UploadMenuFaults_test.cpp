@@ -26,7 +26,7 @@ TEST_F(UploadMenuFaults, AFullDiskInTheMiddleOfARunKeepsEverySourceThatHasNoWhol
     for (const char* name : {"A.LEV", "B.LEV", "C.LEV", "D.LEV", "E.LEV"})
         PutSource(name, content + name);
     InFreshProcess([&] {
-        OnSmallDisk(To, 64, [&] {
+        OnSmallDisk(To, 80, [&] {
             ScriptedDesktop desktop;
             PutFile(To + Index, IndexHead);
             frmUploadMenu& screen = Open();
