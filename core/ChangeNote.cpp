@@ -54,7 +54,7 @@ void TakeLine(ChangeNote& note, const std::vector<std::string>& fields, const st
 }  // namespace
 
 std::string ChangeNotePath(const std::string& folder) {
-    return folder + ".change.dv~";
+    return folder + ChangeNoteName;
 }
 
 std::string SumOf(std::string_view content) {

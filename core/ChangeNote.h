@@ -25,6 +25,7 @@ struct ChangeNote {
     std::vector<FileMove> Moves;
 };
 
+constexpr const char* ChangeNoteName = ".change.dv~";
 std::string ChangeNotePath(const std::string& folder);
 std::string SumOf(std::string_view content);
 

@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "core/BrokenChange.h"
+#include "core/ChangeNote.h"
 #include "core/Drives.h"
 #include "core/Globals.h"
 #include "core/Host.h"
@@ -79,7 +80,10 @@ Host::LockTry WaitForLock(const std::string& path, const std::string& folder) {
 
 // What who died with the lock left behind: a change that is half done, and files that were on their way.
 void ClearUp(const std::string& folder, const std::string& hostFolder, bool holderDied) {
-    FinishBrokenChange(folder.ends_with('\\') ? folder : folder + "\\");
+    // Asked of the host first: a path that is not there would be looked for in the whole folder.
+    const std::string noted = folder.empty() || folder.ends_with('\\') ? folder : folder + "\\";
+    if (Host::Inspect(hostFolder + "/" + ChangeNoteName).Exists)
+        FinishBrokenChange(noted);
     if (!holderDied)
         return;
     for (const std::string& name : Host::FolderNames(hostFolder))

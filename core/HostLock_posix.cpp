@@ -56,7 +56,8 @@ void WriteHolder(int file, const std::string& holder) {
 }  // namespace
 
 std::string ProcessName() {
-    return UserName() + " on " + ComputerName() + ", process " + std::to_string(getpid());
+    static const std::string person = UserName() + " on " + ComputerName();
+    return person + ", process " + std::to_string(getpid());
 }
 
 LockTry TryLock(const std::string& path, const std::string& holder) {
