@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "krenn/adjust/Adjustment.h"
+#include "krenn/adjust/WeakPoints.h"
 #include "krenn/input/InputReader.h"
 #include "tests/krenn/RunText.h"
 #include "tests/krenn/Square.h"
@@ -38,6 +39,20 @@ TEST(Blames, APointHeldByOneSightIsNotMovedInSilence) {
     square.Station("ST2", {60, 60, 1});
     square.Polar("ST2", {60, 60, 1}, "P7", {70, 40, 1});
     EXPECT_THAT(RunText(square.text.Text()).unbroken, Not(HasSubstr("nothing checks")));
+}
+
+TEST(Blames, TellSixObservationsOfAPointAndCountTheOthers) {
+    InputText text;
+    text.points = {InputText::Given("A", 0, 0, 10), InputText::Named("B")};
+    const auto held = [&] {
+        const Network network = ReadInput(text.Text());
+        return HeldByInWords(network, Adjust(network, Type::Sparse).structure, 1);
+    };
+    for (int i = 0; i < 6; ++i)
+        text.Height("A", "B", 1, 0.001);
+    EXPECT_THAT(held(), Not(HasSubstr("more")));
+    text.Height("A", "B", 1, 0.001);
+    EXPECT_THAT(held(), testing::EndsWith(", and 1 more"));
 }
 
 // Distances from three points in line, to a point in their line: the point may leave it to either side.

@@ -330,6 +330,24 @@ TEST(GoodListing, ShowsTheRotationsOfAnInstrumentThatIsNotLevelled) {
     EXPECT_EQ(WordsOf(setups[2]).at(5), "-");
 }
 
+TEST(GoodListing, ShowsNoSetUpWhoseDirectionsAreAllLeftOut) {
+    InputText text;
+    text.points = {InputText::Given("A", 0, 0, 0), InputText::Given("B", 50, 0, 1),
+                   InputText::Given("C", 0, 50, 2), InputText::Given("N", 0, 0, 20)};
+    text.Angles("N", "A", 17, 199.99999, 0.001);
+    text.Angles("A", "B", 100, ZenithGons({0, 0, 0}, {50, 0, 1}), 0.001);
+    text.Angles("A", "C", 0, ZenithGons({0, 0, 0}, {0, 50, 2}), 0.001);
+    const std::array<std::array<double, 3>, 4> places{{{0, 0, 0}, {50, 0, 1}, {0, 50, 2}, {0, 0, 20}}};
+    for (std::size_t i = 0; i < 4; ++i) {
+        for (std::size_t k = 0; k < i; ++k)
+            text.Distance(std::string(1, "ABCN"[k]), std::string(1, "ABCN"[i]),
+                          SlopeLength(places[k], places[i]), 0.001);
+    }
+    const auto setups = SectionOf(Print(text.Text(), Type::SparseInverse).text, "  Set-up on");
+    ASSERT_EQ(setups.size(), 3u);
+    EXPECT_EQ(WordsOf(setups[1]).front(), "A");
+}
+
 TEST(GoodListing, ShowsTheUnknownsOfTheWholeNetworkWithTheirDeviations) {
     NetworkSpec spec;
     spec.fixed = 3;
