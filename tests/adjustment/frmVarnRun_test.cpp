@@ -322,6 +322,24 @@ TEST_F(frmVarnRun, CancelledLeavesTheListingAndSaysSo) {
     EXPECT_EQ(TextOf(screen, "lblStatus"), "Output file present");
 }
 
+TEST_F(frmVarnRun, AsksAgainInTheRunBehindACancelledOne) {
+    frmVarn& screen = OpenNet();
+    Package.Go = [&]() -> std::int16_t {
+        QTest::keyClick(&screen, Qt::Key_Escape);
+        throw RunCancelled();
+    };
+    Desktop.ExpectMessageTitled("Cancel Varn", Answer::Yes);
+    Click(screen, "cmdVarn");
+    Package.Go = [&] {
+        QTest::keyClick(&screen, Qt::Key_Escape);
+        return 5;
+    };
+    Desktop.ExpectMessageTitled("Cancel Varn", Answer::No);
+    Desktop.ExpectMessageTitled("Varn Error");
+    Click(screen, "cmdVarn");
+    EXPECT_EQ(TextOf(screen, "lblGoReturn"), "5");
+}
+
 TEST_F(frmVarnRun, WithoutPicturesHasWordsOnItsButton) {
     for (const char* name : {"adjust.svg", "stop.svg"})
         Drives::DeleteFile(std::string("P:\\DORVANE\\graphics\\") + name);
