@@ -1,118 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPointer>
-#include <QPushButton>
 #include <QTabWidget>
-#include <QTableWidget>
-#include <QTest>
 
 #include "core/Drives.h"
-#include "core/widgets/ScreenText.h"
-#include "programs/editors/EntryTable.h"
-#include "programs/editors/frmEditBias.h"
-#include "programs/editors/frmEditCalib.h"
-#include "programs/editors/frmEditChoice.h"
-#include "tests/support/ScreenTest.h"
-#include "tests/support/ScriptedDesktop.h"
-#include "tests/support/TestSite.h"
+#include "tests/programs/EditStructuresTest.h"
 
 namespace Dorvane::Testing {
-
-namespace {
-
-using Texts = std::vector<std::string>;
-const std::string Init = "D:\\TARVEX\\INIT\\";
-const std::string Dam =
-    "DAM      Upper Dam\r\nCODE     DESCRIPTION\r\nNORTH    North\r\nSOUTH    South\r\n\r\nLEVEL    "
-    "Levelling\r\n"
-    "\r\nSRV01    Survey 1\r\n";
-
-struct EditStructures : testing::Test {
-    EditStructures() {
-        Site.LayOut();
-        PutLines("C:\\WINDOWS\\dv_datatype.ini",
-                 {"[Data Types]", "Epochs=TOTAL LEVEL", "[LEVEL]", "Extension=LEV", "LEV_Calib=STAFF"});
-        PutFile(Init + "CHOICES.SYS", "DAM      1 Upper Dam\r\nCALIB    2 Calibrations\r\n");
-        PutFile(Init + "DAM.STR", Dam);
-        PutFile(Init + "CALIB.STR",
-                "CALIB    Calibrations\r\nCODE\r\nSTAFF    Staffs\r\n\r\nC2601    January\r\n");
-    }
-    ~EditStructures() override {
-        if (!Form.isNull())
-            Form->Unload();
-        HandleEvents();
-    }
-
-    void OpenChoice() { Show(new frmEditChoice(Init)); }
-    void OpenCalib() { Show(new frmEditCalib(Init, "D:\\TARVEX\\CALIB\\")); }
-    void Show(ScreenDialog* form) {
-        Form = form;
-        Form->show();
-        HandleEvents();
-    }
-    EntryTable& Table(const char* name) { return Control<EntryTable>(*Form, name); }
-
-    /// The lines of a table, the fields with "|" between them.
-    Texts Lines(const char* name) {
-        Texts lines;
-        for (const EntryTable::Line& line : Table(name).Lines()) {
-            std::string text;
-            for (const std::string& field : line.Texts)
-                text += (&field == line.Texts.data() ? "" : "|") + field;
-            lines.push_back(text);
-        }
-        return lines;
-    }
-    void ChooseCell(const char* name, int row, int column = 0) {
-        QTableWidget& grid = Table(name).Table();
-        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
-                          grid.visualItemRect(grid.item(row, column)).center());
-        HandleEvents();
-    }
-    /// Types into a cell, as an operator would, and leaves it by Enter.
-    void TypeInto(const char* name, int row, int column, const std::string& text) {
-        ChooseCell(name, row, column);
-        QTableWidget& grid = Table(name).Table();
-        grid.editItem(grid.item(row, column));
-        Finish(name, text);
-    }
-    void Finish(const char* name, const std::string& text) {
-        auto* edit = Table(name).Table().findChild<QLineEdit*>();
-        ASSERT_NE(edit, nullptr);
-        edit->selectAll();
-        edit->insert(ToScreen(text));
-        QTest::keyClick(edit, Qt::Key_Return);
-        HandleEvents();
-    }
-    /// Opens a cell and reads the list that it offers.
-    Texts ListOf(const char* name, int row, int column) {
-        QTableWidget& grid = Table(name).Table();
-        grid.setCurrentCell(row, column);
-        auto* list = grid.findChild<QComboBox*>("cmbField");
-        if (list == nullptr) {
-            grid.editItem(grid.item(row, column));
-            list = grid.findChild<QComboBox*>("cmbField");
-        }
-        Texts texts;
-        for (int i = 0; list != nullptr && i < list->count(); ++i)
-            texts.push_back(FromScreen(list->itemText(i)));
-        return texts;
-    }
-    void Press(const char* name, const char* button) {
-        auto& control = Control<QPushButton>(Table(name), button);
-        ASSERT_TRUE(control.isEnabled()) << button;
-        QTest::mouseClick(&control, Qt::LeftButton);
-        HandleEvents();
-    }
-
-    TestSite Site;
-    ScriptedDesktop Desktop;
-    QPointer<ScreenDialog> Form;
-};
-
-}  // namespace
 
 TEST_F(EditStructures, ShowsSystemsAndTheGroupsOfTheChosenOne) {
     OpenChoice();
@@ -282,51 +175,6 @@ TEST_F(EditStructures, AsksBeforeChangesAreLost) {
     EXPECT_TRUE(Form.isNull());
 }
 
-TEST_F(EditStructures, EditsTheCalibrationStructure) {
-    OpenCalib();
-    EXPECT_EQ(TextOf(*Form), "Edit Calibration Structures");
-    EXPECT_EQ(TextOf(*Form, "lblFile"), Init + "CALIB.STR");
-    EXPECT_EQ(Lines("tblTypes"), (Texts{"STAFF|Staffs"}));
-    EXPECT_EQ(Lines("tblEpochs"), (Texts{"C2601|January"}));
-    Press("tblEpochs", "cmdAdd");
-    Finish("tblEpochs", "c2607");
-    TypeInto("tblEpochs", 1, 1, "July");
-    Control<QLineEdit>(*Form, "txtDescription").setText("Calib");
-    Click(*Form, "cmdOK");
-    EXPECT_TRUE(Form.isNull());
-    EXPECT_EQ(FileContent(Init + "CALIB.STR"),
-              "CALIB    Calib\r\nCODE\r\nSTAFF    Staffs\r\n\r\nC2601    January\r\nC2607    July\r\n");
-}
-
-TEST_F(EditStructures, TakesNoMoreThanSixteenEntries) {
-    std::string full = "CALIB\r\n\r\n\r\n";
-    for (int i = 1; i <= 16; ++i)
-        full += "E" + std::to_string(i) + "\r\n";
-    PutFile(Init + "CALIB.STR", full);
-    OpenCalib();
-    EXPECT_FALSE(IsEnabled(Table("tblEpochs"), "cmdAdd"));
-    EXPECT_TRUE(IsEnabled(Table("tblTypes"), "cmdAdd"));
-    Click(*Form, "cmdCancel");
-    EXPECT_EQ(FileContent(Init + "CALIB.STR"), full);
-}
-
-TEST_F(EditStructures, SaysWhatIsWrongWithTheCalibrationStructure) {
-    OpenCalib();
-    TypeInto("tblEpochs", 0, 0, "con");
-    Desktop.ExpectMessage("Edit Calibration Structures", "Epochs: CON is the name of a device.");
-    Click(*Form, "cmdOK");
-    EXPECT_FALSE(Form.isNull());
-}
-
-TEST_F(EditStructures, CannotSaveACalibrationStructureItDoesNotUnderstand) {
-    PutFile(Init + "CALIB.STR", "CALIB\r\n\r\nSTAFF\r\n");
-    OpenCalib();
-    EXPECT_FALSE(IsEnabled(*Form, "cmdOK"));
-    EXPECT_FALSE(IsEnabled(*Form, "tblTypes"));
-    EXPECT_EQ(TextOf(*Form, "lblProblem"),
-              "The file cannot be read fully and is not written: The file ends before its last group.");
-}
-
 TEST_F(EditStructures, MarksAFaultyEntryAndLeavesItAlone) {
     const std::string odd =
         "DAM      Upper Dam\r\nCODE\r\nNORTH\r\nSOUTH    South\r\n\r\nGNSS     Satellites\r\n"
@@ -465,62 +313,6 @@ TEST_F(EditStructures, DropsALineThatWasLeftBlankButNotASystemWithEntries) {
     Desktop.ExpectMessage("Edit Data Structures", "Systems: Line 2 has no name.");
     Click(*Form, "cmdOK");
     EXPECT_FALSE(Form.isNull());
-}
-
-TEST_F(EditStructures, RefusesToRemoveACalibrationTypeWithFolders) {
-    Global().Calib_path = "D:\\TARVEX\\CALIB\\";
-    MakeFolders("D:\\TARVEX\\CALIB\\STAFF\\C2601\\");
-    OpenCalib();
-    Desktop.ExpectMessage("Edit Calibration Structures",
-                          "Calibration types: STAFF is in use and cannot be removed: "
-                          "D:\\TARVEX\\CALIB\\STAFF\\ exists.");
-    Press("tblTypes", "cmdRemove");
-    Desktop.ExpectMessage("Edit Calibration Structures",
-                          "Epochs: C2601 is in use and cannot be removed: "
-                          "D:\\TARVEX\\CALIB\\STAFF\\C2601\\ exists.");
-    Press("tblEpochs", "cmdRemove");
-    EXPECT_EQ(Lines("tblTypes").size(), 1U);
-    EXPECT_EQ(ListOf("tblTypes", 0, 0), Texts{"STAFF"});
-}
-
-TEST_F(EditStructures, MarksACalibrationTypeThatNoProfileKnows) {
-    OpenCalib();
-    EXPECT_FALSE(IsShown(Table("tblTypes"), "lblMark"));
-    Form->Unload();
-    PutLines("C:\\WINDOWS\\dv_datatype.ini", {"[Data Types]", "Epochs=TOTAL"});
-    OpenCalib();
-    EXPECT_TRUE(TextOf(Table("tblTypes"), "lblMark").starts_with("STAFF is no calibration type"));
-    Click(*Form, "cmdOK");
-    EXPECT_TRUE(Form.isNull());
-}
-
-TEST_F(EditStructures, EditsTheBiasValuesInTheirPlaces) {
-    PutFile(Init + "BIAS.STR", "; first\r\nSTDBIAS  0 0 0 0\r\n; second\r\nNORTH    1 2 3 4\r\nSHORT 1\r\n");
-    Show(new frmEditBias(Init));
-    EXPECT_EQ(TextOf(*Form), "Edit Bias Values");
-    EXPECT_EQ(Lines("tblBias"), (Texts{"STDBIAS|0|0|0|0", "NORTH|1|2|3|4"}));
-    TypeInto("tblBias", 0, 4, "0.25");
-    ChooseCell("tblBias", 1);
-    Press("tblBias", "cmdAdd");
-    Finish("tblBias", "south");
-    Desktop.ExpectMessage("Edit Bias Values", "SOUTH has a value that is no number: \"\".");
-    Click(*Form, "cmdOK");
-    ASSERT_FALSE(Form.isNull());
-    for (int column = 1; column <= 4; ++column)
-        TypeInto("tblBias", 2, column, std::to_string(column));
-    ChooseCell("tblBias", 1);
-    Press("tblBias", "cmdRemove");
-    Click(*Form, "cmdOK");
-    EXPECT_TRUE(Form.isNull());
-    EXPECT_EQ(FileContent(Init + "BIAS.STR"),
-              "; first\r\nSTDBIAS  0 0 0 0.25\r\n; second\r\nSHORT 1\r\nSOUTH    1 2 3 4\r\n");
-}
-
-TEST_F(EditStructures, CannotSaveBiasValuesThatAreNoText) {
-    PutFile(Init + "BIAS.STR", "STDBIAS 0 0 0 0\x01\r\n");
-    Show(new frmEditBias(Init));
-    EXPECT_FALSE(IsEnabled(*Form, "cmdOK"));
-    EXPECT_TRUE(IsShown(*Form, "lblProblem"));
 }
 
 }  // namespace Dorvane::Testing
