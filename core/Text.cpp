@@ -135,7 +135,9 @@ std::size_t DecodeUtf8(std::string_view text, char32_t& character) {
             return 0;
         character = (character << 6) | (next & 0x3Fu);
     }
-    return length;
+    // A character spelled longer than it needs to be is malformed: a name must not hide a backslash so.
+    constexpr std::array<char32_t, 5> Least = {0, 0, 0x80, 0x800, 0x10000};
+    return character < Least[length] ? 0 : length;
 }
 
 char ByteOf(char32_t character) {

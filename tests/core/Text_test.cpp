@@ -129,4 +129,10 @@ TEST(Utf8, GivesAQuestionMarkForWhatTheCodePageLacks) {
     EXPECT_EQ(TextFromUtf8("cut \xE2\x82"), "cut ??");
 }
 
+TEST(Utf8, MakesNoOtherCharacterOfAnOverlongOne) {
+    EXPECT_EQ(TextFromUtf8("\xC1\x9C"), "??");
+    EXPECT_EQ(TextFromUtf8("\xE0\x81\x9C"), "???");
+    EXPECT_EQ(TextFromUtf8("\xF0\x80\x81\x9C"), "????");
+}
+
 }  // namespace Dorvane
