@@ -172,6 +172,16 @@ TEST(LineAppender, LeavesTheFileAsItIsWithoutAnyLine) {
     EXPECT_EQ(FileContent("D:\\NEW.TXT"), "");
 }
 
+TEST(LineAppender, AddsOnlyWhatIsNewWhenItIsClosedAgain) {
+    const TestSite site;
+    LineAppender appender("D:\\NEW.TXT");
+    appender.Line("first");
+    appender.Close();
+    appender.Line("second");
+    appender.Close();
+    EXPECT_EQ(FileContent("D:\\NEW.TXT"), "first\r\nsecond\r\n");
+}
+
 TEST(LineAppender, MakesTheFileWhenItIsAbsent) {
     const TestSite site;
     LineAppender appender("D:\\NEW.TXT");

@@ -137,6 +137,13 @@ TEST_F(DrivesTest, TranslatesTheHostPathOfAFileThatIsNotThereYet) {
     EXPECT_EQ(Drives::DrivePath(Site.HostFolder() + "elsewhere/NEW/A.TXT"), "E:\\NEW\\A.TXT");
 }
 
+TEST_F(DrivesTest, TranslatesByTheFirstOfTwoDrivesOnOneFolder) {
+    std::filesystem::create_directory(Site.HostFolder() + "elsewhere");
+    for (const char* link : {"e:", "f:"})
+        std::filesystem::create_directory_symlink(Site.HostFolder() + "elsewhere", Site.HostFolder() + link);
+    EXPECT_EQ(Drives::DrivePath(Site.HostFolder() + "elsewhere/A.TXT"), "E:\\A.TXT");
+}
+
 TEST_F(DrivesTest, KeepsAFolderThatLeadsOutOfTheDriveOnTheDrive) {
     std::filesystem::create_directory(Site.HostFolder() + "elsewhere");
     std::filesystem::create_directory_symlink(Site.HostFolder() + "elsewhere", Site.HostFolder() + "d:/LINK");
@@ -254,6 +261,12 @@ TEST_F(DrivesTest, RaisesTheClassicNumbers) {
     EXPECT_EQ(NumberRaised([] { Drives::ReadFile("1:\\A"); }), BadFileName);
     EXPECT_EQ(NumberRaised([] { Drives::ReadFile("D:\\" + std::string(300, 'x')); }), BadFileName);
     EXPECT_EQ(NumberRaised([] { Drives::ChangeDrive('Q'); }), DeviceUnavailable);
+}
+
+TEST_F(DrivesTest, AFileMayBeGivenItsOwnNameAgain) {
+    PutFile("D:\\A.TXT", "a");
+    Drives::RenameFile("D:\\A.TXT", "D:\\a.txt");
+    EXPECT_EQ(FileContent("D:\\A.TXT"), "a");
 }
 
 TEST_F(DrivesTest, RaisesPermissionErrorsForAUserWithoutRights) {

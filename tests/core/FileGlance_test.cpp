@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 
@@ -48,6 +49,16 @@ TEST_F(FileGlance, StampChangesWhenTheFileIsWrittenInPlace) {
     SetTimeStamp(Path, {2026, 1, 2, 3, 4, 5});
     const std::string before = FileStamp(Path);
     std::ofstream(Drives::HostPath(Path)) << "two";
+    EXPECT_NE(FileStamp(Path), before);
+}
+
+TEST_F(FileGlance, StampTellsTwoChangesWithinOneSecondApart) {
+    PutFile(Path, "one");
+    const std::string host = Drives::HostPath(Path);
+    const auto second = std::chrono::floor<std::chrono::seconds>(std::filesystem::last_write_time(host));
+    std::filesystem::last_write_time(host, second + std::chrono::milliseconds(100));
+    const std::string before = FileStamp(Path);
+    std::filesystem::last_write_time(host, second + std::chrono::milliseconds(900));
     EXPECT_NE(FileStamp(Path), before);
 }
 

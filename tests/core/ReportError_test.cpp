@@ -191,6 +191,17 @@ TEST_F(ReportErrorTest, AnInnerProcedureReportsUnderItsOwnName) {
     EXPECT_FALSE(inner);
 }
 
+TEST_F(ReportErrorTest, GivingUpAnOuterStatementLeavesTheInnerProcedureToo) {
+    Screen.ExpectMessage("Program Error",
+                         "Error : 6\r\n\r\nDescription : Overflow\r\n\r\nSource : Dorvane-basTest-Outer");
+    bool wentOn = false;
+    EXPECT_FALSE(Guarded("basTest-Outer", [&](Guard& outer) {
+        Guarded("basTest-Inner", [&](Guard&) { outer.Run([] { throw RunTimeError(Overflow); }); });
+        wentOn = true;
+    }));
+    EXPECT_FALSE(wentOn);
+}
+
 TEST_F(ReportErrorTest, AFullDiskIsReportedAndYesRetriesTheStatement) {
     MakeFolders("D:\\SMALL\\");
     OnSmallDisk("D:\\SMALL\\", 64, [&] {

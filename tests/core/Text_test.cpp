@@ -100,6 +100,8 @@ TEST(IsNumeric, TakesWholeNumbersOnly) {
     EXPECT_TRUE(IsNumeric(" 5 "));
     EXPECT_TRUE(IsNumeric("1E3"));
     EXPECT_FALSE(IsNumeric("12A"));
+    EXPECT_FALSE(IsNumeric("12E"));
+    EXPECT_FALSE(IsNumeric("1D+"));
     EXPECT_FALSE(IsNumeric(""));
     EXPECT_FALSE(IsNumeric("GSI"));
 }

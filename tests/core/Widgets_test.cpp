@@ -161,6 +161,29 @@ TEST_F(PictureFolder, AStoppedAnimationStandsStill) {
     EXPECT_EQ(player.grab().toImage(), first);
 }
 
+// Two pictures of one point, black and white, that follow one another every 20 ms for ever.
+constexpr std::string_view BlinkingPoint(
+    "GIF89a\x01\x00\x01\x00\x80\x00\x00\x00\x00\x00\xff\xff\xff"
+    "!\xff\x0bNETSCAPE2.0\x03\x01\x00\x00\x00"
+    "!\xf9\x04\x00\x02\x00\x00\x00,\x00\x00\x00\x00\x01\x00\x01\x00\x00\x02\x02\x44\x01\x00"
+    "!\xf9\x04\x00\x02\x00\x00\x00,\x00\x00\x00\x00\x01\x00\x01\x00\x00\x02\x02\x4c\x01\x00;",
+    85);
+
+TEST_F(PictureFolder, AStoppedMovieOfTheSiteStandsStill) {
+    PutFile("P:\\DORVANE\\graphics\\gears.avi", std::string(BlinkingPoint));
+    Animation player;
+    player.Open("gears.avi");
+    ASSERT_EQ(player.sizeHint(), QSize(1, 1));
+    player.resize(1, 1);
+    player.show();
+    const auto look = [&] { return player.grab().toImage(); };
+    const QImage first = look();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return look() != first; }));
+    player.Stop();
+    const QImage last = look();
+    EXPECT_FALSE(QTest::qWaitFor([&] { return look() != last; }, 150));
+}
+
 TEST(PathLabels, ShowTheirTextAsItStandsAndKeepItWhole) {
     PathLabel label;
     const QString path = QStringLiteral("D:\\TARVEX\\<b>x</b>\\").repeated(30);
@@ -179,6 +202,17 @@ TEST(PathLabels, TellTheWholePathAsTheirTip) {
         QApplication::sendEvent(&label, &asked);
         EXPECT_EQ(QToolTip::text(), ToTip(path));
     }
+    QToolTip::hideText();
+}
+
+TEST(PathLabels, TellATipOfTheirOwnInstead) {
+    PathLabel label;
+    label.setText(QStringLiteral("D:\\A\\"));
+    label.setToolTip(QStringLiteral("Own tip"));
+    label.show();
+    QHelpEvent asked(QEvent::ToolTip, label.rect().center(), label.mapToGlobal(label.rect().center()));
+    QApplication::sendEvent(&label, &asked);
+    EXPECT_EQ(QToolTip::text(), QStringLiteral("Own tip"));
     QToolTip::hideText();
 }
 
@@ -214,6 +248,36 @@ TEST(Screens, AreLeftOnceByTwoPressesOfEscapeAtOnce) {
     QTest::keyClick(screen, Qt::Key_Escape);
     HandleEvents();
     EXPECT_EQ(unloaded.count(), 1);
+}
+
+TEST(Screens, AreNotLeftByAnEscapeThatIsHeldDown) {
+    for (QWidget* const each :
+         {static_cast<QWidget*>(new OneButtonScreen("frmWayOut")), static_cast<QWidget*>(new ScreenDialog)}) {
+        const QPointer<QWidget> open(each);
+        each->show();
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(each, &held);
+        HandleEvents();
+        EXPECT_FALSE(open.isNull());
+        delete open.data();
+    }
+}
+
+TEST(Screens, WhatComesLaterWaitsForTheOuterOfTwoWaits) {
+    bool called = false;
+    QObject context;
+    {
+        const HeldCalls outer;
+        {
+            const HeldCalls inner;
+            CallLater(&context, [&] { called = true; });
+            HandleEvents();
+        }
+        HandleEvents();
+        EXPECT_FALSE(called);
+    }
+    HandleEvents();
+    EXPECT_TRUE(called);
 }
 
 TEST(Screens, WhatComesLaterIsHeldBackInItsOrder) {

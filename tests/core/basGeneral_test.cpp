@@ -2,7 +2,9 @@
 #include "core/basGeneral.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "core/CommandLine.h"
@@ -250,6 +252,13 @@ TEST_F(General, ACommandLineIsTakenApartAtTheFirstProgramThatExists) {
     EXPECT_EQ(command.Arguments[1], "B.TXT");
 }
 
+TEST_F(General, ACommandLineMayBeAProgramWithABlankAndNothingElse) {
+    PutFile("D:\\My Programs\\PRINT.EXE", "");
+    const CommandLine command = SplitCommandLine("D:\\My Programs\\PRINT.EXE");
+    EXPECT_EQ(command.Program, "D:\\My Programs\\PRINT.EXE");
+    EXPECT_TRUE(command.Arguments.empty());
+}
+
 TEST_F(General, TheGeneralEditorMayLieInTheProgramsOwnFolder) {
     const auto editor = [](const std::string& path, const std::string& name) {
         PutLines("C:\\WINDOWS\\dv_tarvex.ini", {"[General Editor]", "Path=" + path, "Name=" + name});
@@ -282,6 +291,12 @@ TEST_F(General, StartingAMissingProgramRaisesError53) {
 TEST_F(General, StartingRunsARealProgramWithHostPathsAndWaits) {
     StartCommandLine("Z:\\bin\\cp Z:\\etc\\hostname D:\\COPY.TXT", true);
     EXPECT_EQ(FileContent("D:\\COPY.TXT"), FileContent("Z:\\etc\\hostname"));
+}
+
+TEST_F(General, AProgramThatIsNotWaitedForLeavesNoDeadChild) {
+    StartCommandLine("Z:\\bin\\true", false);
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
+    EXPECT_EQ(errno, ECHILD);
 }
 
 TEST_F(General, AProgramStartsInTheFolderOfTheCurrentDrive) {

@@ -113,6 +113,17 @@ TEST_F(StartUp, EmptiesTheOnePathThatLeadsNowhere) {
     EXPECT_EQ(Global().Data_drive, "D:\\TARVEX\\");
 }
 
+TEST_F(StartUp, EmptiesEveryPathThatLeadsNowhereAndReadiesTheOthers) {
+    Site.LayOut();
+    PutPaths("D:\\TARVEX\\DOWNLOAD");
+    IniWriteString("dv_tarvex.ini", "Tarvex Info", "Calib_path", "D:\\NOWHERE\\");
+    IniWriteString("dv_tarvex.ini", "Tarvex Info", "Temp_path", "");
+    EXPECT_FALSE(InitializeGolbals());
+    EXPECT_EQ(Global().Calib_path, "");
+    EXPECT_EQ(Global().Temp_path, "");
+    EXPECT_EQ(Global().Download_path, "D:\\TARVEX\\DOWNLOAD\\");
+}
+
 TEST_F(StartUp, NoPrinterIsNoFailure) {
     Site.LayOut();
     PutPaths();
@@ -244,7 +255,7 @@ TEST_F(StartUp, MainTellsOfAMissingWindowsFolderAndGoesOn) {
     std::string order;
     EXPECT_TRUE(Main(Screens(order)));
     EXPECT_EQ(order, "splash init main ");
-    EXPECT_EQ(Screen.Shown[0].Picture, Icon::Stop);
+    EXPECT_EQ(Screen.Shown.at(0).Picture, Icon::Stop);
     EXPECT_FALSE(FileExists("C:\\OTHER\\dv_main.ini"));
 }
 
@@ -254,8 +265,8 @@ TEST_F(StartUp, AMissingShippedCopyIsReportedAndLeavesMain) {
     std::string order;
     EXPECT_TRUE(Main(Screens(order)));
     EXPECT_EQ(order, "splash ");
-    EXPECT_NE(Screen.Shown[0].Text.find("Source : Dorvane-basMain-Main"), std::string::npos);
-    EXPECT_NE(Screen.Shown[0].Text.find("Error : 53"), std::string::npos);
+    EXPECT_NE(Screen.Shown.at(0).Text.find("Source : Dorvane-basMain-Main"), std::string::npos);
+    EXPECT_NE(Screen.Shown.at(0).Text.find("Error : 53"), std::string::npos);
 }
 
 TEST_F(StartUp, ASecondCopyIsToldSoAndTouchesNothing) {
@@ -280,7 +291,7 @@ TEST_F(StartUp, ASecondCopyIsToldSoAndTouchesNothing) {
     std::string order;
     EXPECT_FALSE(Main(Screens(order)));
     EXPECT_EQ(order, "");
-    EXPECT_EQ(Screen.Shown[0].Picture, Icon::Exclamation);
+    EXPECT_EQ(Screen.Shown.at(0).Picture, Icon::Exclamation);
     EXPECT_TRUE(AllFiles("C:\\WINDOWS\\").empty());
     // A copy that ends in whatever way makes room for the next one.
     ASSERT_EQ(write(done[1], "x", 1), 1);
@@ -338,7 +349,7 @@ TEST_F(StartUp, ReportsANameThatCannotBeClaimed) {
     std::string order;
     Main(Screens(order));
     EXPECT_EQ(order, "");
-    EXPECT_NE(Screen.Shown[0].Text.find("Error : 52\r\n"), std::string::npos);
+    EXPECT_NE(Screen.Shown.at(0).Text.find("Error : 52\r\n"), std::string::npos);
 }
 
 TEST_F(StartUp, ACopyThatIsKilledDoesNotLockTheNextOneOut) {
