@@ -120,6 +120,15 @@ TEST_F(GetExistingTree, GivesProjectFoldersNoHistoryWhenNoSystemHasAny) {
     EXPECT_EQ(Records[1].TypeDesc, "");
 }
 
+TEST_F(GetExistingTree, GivesProjectFoldersTheirTextsAlsoWhenALaterSystemHasNoHistory) {
+    PutFile(Init("CHOICES.SYS"), "DAM      1\r\nWEIR     1\r\n");
+    PutFile(Init("DAM.PTH"), DamLine);
+    MakeFolders(Data("DAM\\NORTH\\ADJUST\\PROJ\\"));
+    History("DAM", "DAM\\NORTH\\LEVEL\\SRV12\r\n    Created     11-20-26      First levelling\r\n");
+    ASSERT_EQ(Read(), 2);
+    EXPECT_EQ(Records[1].Usage, "Adjustment input files");
+}
+
 TEST_F(GetExistingTree, LetsADataTypeNamedAdjustDescribeProjectsUnlessAnotherTypeFollows) {
     PutFile(Init("CHOICES.SYS"), "DAM      1\r\n");
     PutFile(Init("DAM.PTH"), DamLine);

@@ -50,6 +50,15 @@ TEST_F(ReadHisFile, ReadsFoldersWithDateAndUsage) {
     EXPECT_EQ(history.Usage[2], "");
 }
 
+TEST_F(ReadHisFile, KeepsNothingOfAHistoryThatWasReadBefore) {
+    EXPECT_EQ(Read(std::string(Head) + "DAM\\A\r\n    Deleted     11-20-26\r\n").Count, 0);
+    const HistoryRecord& history =
+        Read(std::string(Head) + "DAM\\B\r\nDAM\\C\r\n    Created     11-21-26      Use\r\n");
+    ASSERT_EQ(history.Count, 2);
+    EXPECT_EQ(history.Subdirectory[1], "DAM\\B");
+    EXPECT_EQ(history.Usage[1], "");
+}
+
 TEST_F(ReadHisFile, ReadsAtMost60CharactersOfUsageAnd40OfAFolder) {
     const HistoryRecord& history = Read(Head + std::string(50, 'F') + "\r\n    Created     11-20-26      " +
                                         std::string(70, 'u') + "\r\n");

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 namespace Dorvane {
 
 TEST(Sorter, KeepsItemsAscendingIgnoringCase) {
@@ -29,6 +32,21 @@ TEST(Sorter, KeepsEqualItemsInTheOrderOfTheirAdding) {
     sorter.Add("SRV");
     EXPECT_EQ(sorter.Item(1), "srv");
     EXPECT_EQ(sorter.Item(2), "SRV");
+}
+
+TEST(Sorter, KeepsManyEqualItemsInTheOrderOfTheirAdding) {
+    Sorter sorter;
+    std::vector<std::string> added;
+    for (unsigned number = 0; number < 64; ++number) {
+        std::string text = "abcdef";
+        for (unsigned letter = 0; letter < 6; ++letter)
+            if ((number >> letter & 1U) != 0)
+                text[letter] = static_cast<char>(text[letter] - 0x20);
+        added.push_back(text);
+        sorter.Add(text);
+    }
+    for (int i = 1; i <= 64; ++i)
+        EXPECT_EQ(sorter.Item(i), added[static_cast<std::size_t>(i) - 1]);
 }
 
 TEST(Sorter, IsEmptyAfterClear) {
