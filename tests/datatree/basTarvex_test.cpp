@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "datatree/basTarvex.h"
 
+#include <filesystem>
 #include <fstream>
 
 #include "tests/datatree/DataSite.h"
@@ -67,6 +68,15 @@ TEST_F(GetFiles, KeepsNoFoldersAndNothingOfTheFormerListing) {
     List1<FileEntry> files{{"OLD", "", "", 1}};
     EXPECT_EQ(Dorvane::GetFiles(files, Data("F\\"), "*.*"), 0);
     EXPECT_TRUE(files.Empty());
+}
+
+TEST_F(GetFiles, HaveTheLargestSizeThatFitsWhereTheyAreLarger) {
+    PutFile(Data("F\\LONG.DAT"), "");
+    std::filesystem::resize_file(Drives::HostPath(Data("F\\LONG.DAT")), std::uintmax_t{3} << 30);
+    SetTimeStamp(Data("F\\LONG.DAT"), Afternoon);
+    List1<FileEntry> files;
+    ASSERT_EQ(Dorvane::GetFiles(files, Data("F\\"), "*.*"), 1);
+    EXPECT_EQ(files[1].Size, 2147483647);
 }
 
 TEST_F(GetFiles, OfAMissingFolderAreNone) {

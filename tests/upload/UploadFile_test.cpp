@@ -176,6 +176,13 @@ TEST_F(UploadRenameTest, KeepsTheNameSilentlyWhenAllNumbersAreTaken) {
     EXPECT_EQ(FileContent(From + "A.LEV"), "x");
 }
 
+TEST_F(UploadRenameTest, PassesOverANumberTakenInAnotherCase) {
+    PutFile(From + "a.lev", "x");
+    PutFile(From + "A.999", "");
+    EXPECT_TRUE(UploadRename(From, "a.lev"));
+    EXPECT_EQ(FileContent(From + "a.998"), "x");
+}
+
 TEST_F(UploadRenameTest, PassesOverAFolderOfThatName) {
     PutSource("A.LEV", "x");
     MakeFolders(From + "A.999\\");
