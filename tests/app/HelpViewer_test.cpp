@@ -172,9 +172,11 @@ TEST_F(Help, FindsATextOnThePage) {
     Click(Viewer(), "cmdFindPrevious");  // goes on at the page's end
     EXPECT_GT(page.textCursor().position(), first);
     EXPECT_EQ(TextOf(Viewer(), "lblFound"), "");
+    const int last = page.textCursor().position();
     field.setText(QStringLiteral("no such text"));
     Click(Viewer(), "cmdFindNext");
     EXPECT_EQ(TextOf(Viewer(), "lblFound"), "not on this page");
+    EXPECT_EQ(page.textCursor().position(), last);
     QTest::keyClick(&field, Qt::Key_Backspace);
     EXPECT_EQ(TextOf(Viewer(), "lblFound"), "") << "said of another text";
     Click(Viewer(), "cmdFindNext");

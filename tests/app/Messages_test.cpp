@@ -114,6 +114,15 @@ TEST_F(Messages, ShowANameOfAnyLengthWhole) {
     Screen.ShowMessage({"File D:\\" + std::string(250, 'X') + " already exists.", "Title"});
 }
 
+TEST_F(Messages, BreakTextOfManyWordsBetweenThem) {
+    std::string text;
+    for (int i = 1; i <= 100; ++i)
+        text += "words ";
+    Hands.ExpectMessage("Title", text);
+    Screen.ShowMessage({text, "Title"});
+    EXPECT_EQ(Hands.Shown.at(0), text);
+}
+
 TEST_F(Messages, ComeAboveTheWindowInUse) {
     QWidget window;
     window.show();

@@ -3,10 +3,13 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QFontMetricsF>
+#include <QPrinter>
 #include <QPushButton>
 #include <QTest>
 
 #include "app/QtDesktop.h"
+#include "app/QtPrinting.h"
 #include "core/Drives.h"
 #include "core/Globals.h"
 #include "core/RunTimeError.h"
@@ -85,6 +88,34 @@ TEST_F(Printing, GoesOnOnANewPageWithoutAHead) {
     EXPECT_EQ(second.front(), expected[printed.size()]);
     printed.insert(printed.end(), second.begin(), second.end());
     EXPECT_EQ(printed, expected);
+}
+
+TEST_F(Printing, PutsNoLineBelowThePagesLowerEdge) {
+    PrintServer server;
+    server.AddQueue("Office");
+    const std::unique_ptr<QPrinter> printer = OpenDefaultPrinter();
+    QFont font(QStringLiteral("Courier"), 12);
+    font.setStyleHint(QFont::TypeWriter);
+    font.setFixedPitch(true);
+    const QFontMetricsF metrics(font, printer.get());
+    const double height = printer->pageRect(QPrinter::DevicePixel).height();
+    const auto most = static_cast<std::size_t>((height - metrics.height()) / metrics.lineSpacing()) + 1;
+    const std::unique_ptr<PrintJob> job = Screen.BeginPrint("Courier", 12);
+    for (int i = 1; i <= 100; ++i)
+        job->Line("line " + std::to_string(i));
+    job->End();
+    EXPECT_EQ(Text(server.PrintedPages("Office").at(0)).size(), most);
+}
+
+TEST_F(Printing, LeadsByATabToTheNextColumnOfEight) {
+    PrintServer server;
+    server.AddQueue("Office");
+    const std::unique_ptr<PrintJob> job = Screen.BeginPrint("Courier", 12);
+    for (const char* line : {"1234567\tA", "12345678\tB", "\tC"})
+        job->Line(line);
+    job->End();
+    EXPECT_EQ(Text(server.PrintedPages("Office").at(0)),
+              (Lines{"1234567 A", "12345678        B", "        C"}));
 }
 
 TEST_F(Printing, CutsALongLineAtThePagesEdge) {

@@ -238,6 +238,19 @@ TEST_F(AwaitedPrograms, GoOnWhenTheQuestionIsDenied) {
     EXPECT_TRUE(FileExists(Go + ".DONE"));
 }
 
+TEST_F(AwaitedPrograms, AreNotGivenUpByReturnOnTheQuestion) {
+    Hands.ExpectDialog("Give Up", [](QWidget& box) {
+        QTest::keyClick(&box, Qt::Key_Return);
+        QTimer::singleShot(200, qApp, [] { Drives::DeleteFile(Go); });
+    });
+    WhenReady([] {
+        ASSERT_TRUE(QTest::qWaitFor([] { return Offer() != nullptr; }, 60000));
+        Click(*Offer(), "cmdGiveUp");
+    });
+    RunChild(Impatient);
+    EXPECT_TRUE(FileExists(Go + ".DONE"));
+}
+
 TEST_F(AwaitedPrograms, AreAskedAboutByEscapeOnTheScreenBehind) {
     Hands.ExpectDialog("Give Up", [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
     WhenReady([&] {
