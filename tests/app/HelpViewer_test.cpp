@@ -197,6 +197,23 @@ TEST_F(Help, OpensAtThePageAboutAScreenAndAtThePlaceOnIt) {
     EXPECT_EQ(Page(), QStringLiteral("adjustment.html"));
 }
 
+TEST_F(Help, ClosesTheFindBarByEscapeAndThenItself) {
+    ShowHelpContents("Main");
+    Choose(Viewer(), "actFind");
+    QTest::keyClick(Viewer().windowHandle(), Qt::Key_Escape);
+    EXPECT_FALSE(IsShown(Viewer(), "findBar"));
+    EXPECT_TRUE(Viewer().isVisible());
+    QTest::keyClick(Viewer().windowHandle(), Qt::Key_Escape);
+    EXPECT_FALSE(Viewer().isVisible());
+}
+
+TEST_F(Help, OpensAnotherFileWhereAnotherIsNamed) {
+    PutFile("P:\\OTHER\\Other.qch", Drives::ReadFile("P:\\DORVANE\\help\\DorvaneHelp.qch"));
+    ShowHelpContents("Main");
+    Screen.ShowHelp("P:\\OTHER\\Other.chm", "Main", 1);
+    EXPECT_EQ(Viewer().File(), "P:\\OTHER\\Other.chm");
+}
+
 TEST_F(Help, OpensAtItsSearchReadyToTypeAndFindsWordsOnAllPages) {
     SearchHelp();
     EXPECT_EQ(Tab(), QStringLiteral("&Search"));

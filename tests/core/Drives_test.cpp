@@ -172,6 +172,14 @@ TEST_F(DrivesTest, ListsNothingInAMissingFolder) {
     EXPECT_TRUE(Drives::List("D:\\NONE\\").empty());
 }
 
+TEST_F(DrivesTest, FindsNothingBelowAFileAndRaisesNothing) {
+    PutFile("D:\\A.TXT", "a");
+    Drives::Entry entry;
+    EXPECT_FALSE(Drives::Find("D:\\A.TXT\\B.TXT", entry));
+    EXPECT_TRUE(Drives::List("D:\\A.TXT\\").empty());
+    EXPECT_EQ(Drives::ChangeMark("D:\\A.TXT\\B.TXT"), "");
+}
+
 TEST_F(DrivesTest, MatchesDosPatterns) {
     EXPECT_TRUE(Drives::Matches("SRV12.IDX", "SRV*.IDX"));
     EXPECT_TRUE(Drives::Matches("srv12.idx", "SRV*.IDX"));

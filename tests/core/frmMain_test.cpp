@@ -133,6 +133,15 @@ TEST_F(HomeMenu, TheFirstActivationReadsTheTreeOnce) {
     EXPECT_EQ(TreeLoads, 1);
 }
 
+TEST_F(HomeMenu, ReadsTheTreeOnceThoughItIsShownTwiceAtOnce) {
+    Menu = std::make_unique<frmMain>(Navigator, [this] { ++TreeLoads; });
+    Menu->show();
+    Menu->hide();
+    Menu->show();
+    HandleEvents();
+    EXPECT_EQ(TreeLoads, 1);
+}
+
 TEST_F(HomeMenu, WithAFailedStartTheFirstActivationDoesNotSearch) {
     Global().InitFailed = true;
     frmMain& menu = Open();
