@@ -144,4 +144,12 @@ TEST_F(ProfileStore, KeepsTheFormerProfileWhenItCannotBeWritten) {
     });
 }
 
+TEST_F(ProfileStore, KeepsAQuoteThatIsNoneOfAPair) {
+    PutFile(Path, "[A]\nBegin=\"half\nEnd=half\"\nTwo=\"half'\nOne=\"\n");
+    EXPECT_EQ(IniReadString("dv_test.ini", "A", "Begin"), "\"half");
+    EXPECT_EQ(IniReadString("dv_test.ini", "A", "End"), "half\"");
+    EXPECT_EQ(IniReadString("dv_test.ini", "A", "Two"), "\"half'");
+    EXPECT_EQ(IniReadString("dv_test.ini", "A", "One"), "\"");
+}
+
 }  // namespace Dorvane

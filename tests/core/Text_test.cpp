@@ -34,6 +34,8 @@ TEST(Text, PositionsCountFromOne) {
     EXPECT_EQ(InStr("ABCABC", "BC", 3), 5);
     EXPECT_EQ(InStr("ABC", "X"), 0);
     EXPECT_EQ(InStr("ABC", "b"), 0);
+    EXPECT_EQ(InStr("ABCABC", "A"), 1);
+    EXPECT_EQ(InStr("ABCABC", "A", 4), 4);
 }
 
 TEST(Text, PointsSplitANameAtTheFirst) {
