@@ -5,6 +5,7 @@
 #include "core/Drives.h"
 #include "core/Globals.h"
 #include "core/RunTimeError.h"
+#include "core/Text.h"
 
 namespace Dorvane {
 
@@ -13,6 +14,12 @@ namespace {
 bool IsThere(const std::string& path) {
     Drives::Entry entry;
     return Drives::Find(path, entry);
+}
+
+// A note that somebody planted must not lead anything out of its folder.
+bool LiesIn(const std::string& folder, const std::string& path) {
+    return EqualIgnoringCase(Left(path, static_cast<int>(folder.size())), folder) &&
+           path.find("..") == std::string::npos;
 }
 
 bool MakeFolder(const std::string& folder) {
@@ -30,14 +37,9 @@ bool PutInPlace(const StagedContent& file) {
     return true;
 }
 
-// A file of another workstation's own drive is not to be reached from here, and stays what it is.
 bool Move(const FileMove& move) {
-    try {
-        if (!IsThere(move.From) || IsThere(move.To))
-            return false;
-    } catch (const RunTimeError&) {
+    if (!IsThere(move.From) || IsThere(move.To))
         return false;
-    }
     Drives::RenameFile(move.From, move.To);
     return true;
 }
@@ -50,11 +52,11 @@ void FinishBrokenChange(const std::string& folder) {
     const ChangeNote note = ReadChangeNote(folder);
     bool finished = false;
     for (const std::string& made : note.Folders)
-        finished |= MakeFolder(made);
+        finished |= LiesIn(folder, made) && MakeFolder(made);
     for (const StagedContent& file : note.Files)
-        finished |= PutInPlace(file);
+        finished |= LiesIn(folder, file.Staged) && LiesIn(folder, file.Path) && PutInPlace(file);
     for (const FileMove& move : note.Moves)
-        finished |= Move(move);
+        finished |= LiesIn(folder, move.From) && LiesIn(folder, move.To) && Move(move);
     Drives::DeleteFile(ChangeNotePath(folder));
     if (finished)
         TheDesktop().ShowMessage({"A change in " + folder + " that " + note.Who +

@@ -26,24 +26,23 @@ const std::string Folder = "D:\\SITE\\";
 struct BrokenChanges : testing::Test {
     BrokenChanges() {
         PutFile(Folder + "A.TXT", "old a");
-        PutFile("C:\\FIELD\\BOOK.GSI", "book");
+        PutFile(Folder + "BOOK.GSI", "book");
         PutFile(Folder + "A.TXT.dv~", "new a");
         PutFile(Folder + "B.TXT.dv~", "new b");
         Note = {"maier on ws3, process 12",
                 {Folder + "SUB\\", Folder + "SUB\\DEEP\\"},
                 {{Folder + "A.TXT.dv~", Folder + "A.TXT", SumOf("new a")},
                  {Folder + "B.TXT.dv~", Folder + "B.TXT", SumOf("new b")}},
-                {{"C:\\FIELD\\BOOK.GSI", "C:\\FIELD\\BOOK.999"}}};
+                {{Folder + "BOOK.GSI", Folder + "BOOK.999"}}};
     }
 
     void ExpectDone() const {
         EXPECT_EQ(FileContent(Folder + "A.TXT"), "new a");
         EXPECT_EQ(FileContent(Folder + "B.TXT"), "new b");
-        EXPECT_EQ(FileContent("C:\\FIELD\\BOOK.999"), "book");
-        EXPECT_EQ(AllFiles("C:\\FIELD\\").size(), 1u);
+        EXPECT_EQ(FileContent(Folder + "BOOK.999"), "book");
         Drives::Entry entry;
         EXPECT_TRUE(Drives::Find(Folder + "SUB\\DEEP", entry));
-        EXPECT_EQ(AllFiles(Folder).size(), 2u) << "something is left behind";
+        EXPECT_EQ(AllFiles(Folder).size(), 3u) << "something is left behind";
     }
     static void Hold() { const FolderLock lock(Folder); }
 
@@ -90,6 +89,22 @@ TEST_F(BrokenChanges, TakeNoOtherContentForTheirs) {
     Hold();
     EXPECT_EQ(FileContent(Folder + "A.TXT"), "old a");
     EXPECT_EQ(FileContent(Folder + "B.TXT"), "new b");
+}
+
+TEST_F(BrokenChanges, LeadNothingOutOfTheirFolder) {
+    PutFile("D:\\VICTIM.TXT", "mine");
+    PutFile("D:\\VICTIM2.TXT", "mine too");
+    Note.Folders = {"D:\\PLANTED\\", Folder + "..\\PLANTED2\\"};
+    Note.Files = {{Folder + "A.TXT.dv~", "D:\\VICTIM.TXT", SumOf("new a")},
+                  {Folder + "B.TXT.dv~", Folder + "..\\VICTIM.TXT", SumOf("new b")}};
+    Note.Moves = {{"D:\\VICTIM2.TXT", Folder + "TAKEN.TXT"}};
+    WriteChangeNote(Folder, Note);
+    Hold();
+    EXPECT_EQ(FileContent("D:\\VICTIM.TXT"), "mine");
+    EXPECT_EQ(FileContent("D:\\VICTIM2.TXT"), "mine too");
+    Drives::Entry entry;
+    EXPECT_FALSE(Drives::Find("D:\\PLANTED", entry));
+    EXPECT_FALSE(Drives::Find("D:\\PLANTED2", entry));
 }
 
 TEST_F(BrokenChanges, AreTakenOverUnderAnotherDriveLetter) {
