@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "core/Drives.h"
+#include "core/LineWriter.h"
 #include "core/RunTimeError.h"
 #include "tests/support/ScriptedDesktop.h"
 #include "tests/support/TestSite.h"
@@ -98,6 +99,15 @@ TEST_F(FolderLocks, ComeAsSoonAsTheHolderIsDone) {
     const FolderLock lock(Folder);
     AddOne(Count);
     EXPECT_EQ(FileContent(Count), "1");
+}
+
+TEST_F(FolderLocks, KeepAnAppendedLineOutAsLongAsAnotherHoldsTheFolder) {
+    const OtherWorkstation other(Hold);
+    Desktop.OnWait = [](const std::string&) { return false; };
+    LineAppender appender(Count);
+    appender.Line("more");
+    EXPECT_THROW(appender.Close(), RunTimeError);
+    EXPECT_EQ(FileContent(Count), "0");
 }
 
 TEST_F(FolderLocks, OfOneWhoDiedHoldNobodyUp) {
