@@ -235,6 +235,19 @@ TEST_F(FileDialogs, GoIntoAFolderThatIsTyped) {
     Screen.AskFile(Open());
 }
 
+TEST_F(FileDialogs, KeepTheProposedNameInAFolderThatIsEntered) {
+    FileDialog dialog = Save();
+    dialog.FileName = "NEW.XYZ";
+    Hands.ExpectDialog("Open it", [](QWidget& box) {
+        auto& field = Control<QLineEdit>(box, "fileNameEdit");
+        field.setText(QStringLiteral("SUB"));
+        QTest::keyClick(&field, Qt::Key_Return);
+        EXPECT_EQ(field.text(), QStringLiteral("NEW.XYZ"));
+        QTest::keyClick(&field, Qt::Key_Return);
+    });
+    EXPECT_EQ(Screen.AskFile(dialog), "D:\\DATA\\SUB\\NEW.XYZ");
+}
+
 TEST_F(FileDialogs, ChooseTheFolderInWhichTheyStand) {
     Hands.ExpectFile("Pick", "");
     EXPECT_EQ(BrowseForFolder("D:\\DATA\\", "ReducePath", "Pick"), "D:\\DATA\\");

@@ -182,6 +182,23 @@ TEST_F(Printing, TakesThePrinterChosenInThePrinterSetupFromThenOn) {
     EXPECT_EQ(server.PrintedPages("Office").size(), 1U);
 }
 
+TEST_F(Printing, OpensThePrinterSetupWithWhatWasSetBefore) {
+    PrintServer server;
+    server.AddQueue("Office");
+    const std::unique_ptr<QPrinter> printer = OpenDefaultPrinter();
+    printer->setDuplex(QPrinter::DuplexLongSide);
+    ASSERT_EQ(printer->duplex(), QPrinter::DuplexLongSide);
+    printer->setCopyCount(3);
+    printer->setPageOrientation(QPageLayout::Landscape);
+    printer->setColorMode(QPrinter::GrayScale);
+    const std::unique_ptr<QPrinter> other = OpenPrinterLike(*printer);
+    EXPECT_EQ(other->printerName(), printer->printerName());
+    EXPECT_EQ(other->duplex(), QPrinter::DuplexLongSide);
+    EXPECT_EQ(other->copyCount(), 3);
+    EXPECT_EQ(other->pageLayout().orientation(), QPageLayout::Landscape);
+    EXPECT_EQ(other->colorMode(), QPrinter::GrayScale);
+}
+
 TEST_F(Printing, LeavesThePrinterAsItIsWhenThePrinterSetupIsCancelled) {
     PrintServer server;
     server.AddQueue("Broken");

@@ -90,6 +90,13 @@ TEST_F(ProgramStart, OpensTheHomeMenuAndEndsWithIt) {
     EXPECT_EQ(ended.Code, 0) << ended.Errors;
 }
 
+TEST_F(ProgramStart, GoesOnWhileNoWindowIsOpenBetweenTwoScreens) {
+    Set("DORVANE_TEST_WINDOWLESS", "1");
+    const Ended ended = Run();
+    EXPECT_THAT(ended.Windows, ElementsAre("window|frmSplash|icon", HomeWindow, "goes on||"));
+    EXPECT_EQ(ended.Code, 0) << ended.Errors;
+}
+
 TEST_F(ProgramStart, RefusesASecondCopyInWords) {
     const std::intptr_t first = Host::ClaimSingleInstance(Global().InstanceName);
     ASSERT_NE(first, -1);

@@ -28,6 +28,19 @@ void AttendHome(QWidget& home) {
     QTimer::singleShot(0, &home, [&home] { home.findChild<QToolButton*>("cmdMain9")->click(); });
 }
 
+// As between two screens: the one is closed before the other opens.
+void StandWithoutAWindow(QWidget& home) {
+    home.hide();
+    QWidget screen;
+    screen.show();
+    screen.close();
+    QTimer::singleShot(50, &home, [&home] {
+        Tell("goes on", {});
+        home.show();
+        AttendHome(home);
+    });
+}
+
 void Attend(QWidget& window) {
     if (auto* box = qobject_cast<QMessageBox*>(&window)) {
         Tell("message", box->windowTitle(), box->text());
@@ -39,6 +52,8 @@ void Attend(QWidget& window) {
         QCoreApplication::postEvent(&window, new QKeyEvent(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier));
     else if (window.objectName() == "frmInit")
         window.findChild<QPushButton*>("cmdCancel")->click();
+    else if (window.objectName() == "frmMain" && qEnvironmentVariableIsSet("DORVANE_TEST_WINDOWLESS"))
+        StandWithoutAWindow(window);
     else if (window.objectName() == "frmMain")
         AttendHome(window);
 }

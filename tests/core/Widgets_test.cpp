@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 
+#include <QAction>
 #include <QHelpEvent>
+#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSettings>
@@ -10,11 +12,13 @@
 #include <QToolTip>
 
 #include "core/Drives.h"
+#include "core/Globals.h"
 #include "core/RunTimeError.h"
 #include "core/widgets/Animation.h"
 #include "core/widgets/HomeLook.h"
 #include "core/widgets/Later.h"
 #include "core/widgets/PathLabel.h"
+#include "core/widgets/PathTypeMenu.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/RowStyle.h"
 #include "core/widgets/Screen.h"
@@ -64,6 +68,19 @@ TEST(ScreenTexts, CarryEveryCharacterOfTheCodePageUnharmed) {
 TEST(ScreenTexts, ShowMarkupInATipAsItStands) {
     EXPECT_EQ(ToTip("A & B").toStdString(), "A & B");
     EXPECT_EQ(ToTip("<b>A & B</b>").toStdString(), "<span>&lt;b&gt;A &amp; B&lt;/b&gt;</span>");
+}
+
+TEST(PathTypeMenus, TellEachChoiceOnceItIsInForce) {
+    const TestSite site;
+    QAction tarvex;
+    QAction manual;
+    QLabel panel;
+    std::vector<int> told;
+    const PathTypeMenu menu("frmAny", &tarvex, &manual, &panel, [&] { told.push_back(Global().Path_type); });
+    EXPECT_TRUE(told.empty());
+    manual.trigger();
+    tarvex.trigger();
+    EXPECT_EQ(told, (std::vector<int>{2, 1}));
 }
 
 class PictureFolder : public testing::Test {

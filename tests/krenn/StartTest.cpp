@@ -8,6 +8,7 @@
 #include "krenn/Errors.h"
 #include "krenn/adjust/Adjustment.h"
 #include "krenn/input/InputReader.h"
+#include "krenn/start/Contradictions.h"
 #include "krenn/start/PlanSimilarity.h"
 #include "tests/krenn/RandomNetwork.h"
 
@@ -100,6 +101,36 @@ TEST(Start, HoldsAContradictedFixedPointAndNamesIt) {
     EXPECT_THAT(adjustment.notes, Contains(HasSubstr("The fixed coordinates of P9 contradict")));
     const auto index = static_cast<std::size_t>(&PointNamed(network, "P9") - network.points.data());
     EXPECT_EQ(adjustment.state.at[index][1] + adjustment.state.origin[1], network.points[index].given[1]);
+}
+
+// What lies right among itself comes to lie on the points given right, wherever a wrong one stands.
+TEST(Contradictions, DoNotLeadTheFitOntoTheOthers) {
+    for (const int dimension : {1, 2, 3}) {
+        Network network = RandomOf(4, dimension, 14);
+        const Structure structure = FindStructure(network);
+        const std::size_t size = network.points.size();
+        const auto parts = static_cast<std::size_t>(structure.parts);
+        StartPlaces free{Approximate(network, structure).state,
+                         {std::vector<char>(size, 1), std::vector<char>(size, 1)},
+                         std::vector<char>(parts, 0),
+                         std::vector<char>(parts, 1)};
+        std::vector<std::array<double, 3>> truth;
+        for (std::size_t i = 0; i < size; ++i) {
+            const auto& given = network.points[i].given;
+            truth.push_back(given);
+            free.state.at[i] = {given[0] + 70, given[1] - 40, given[2] + 5};
+        }
+        PointNamed(network, "P7").given[dimension == 1 ? 2 : 1] += 400;
+        const std::vector<char> all(parts, 1);
+        Comparison comparison = CompareGiven(network, structure, all, free, 500);
+        FitOntoDatum(network, structure, all, free, comparison);
+        for (std::size_t i = 0; i < size; ++i) {
+            EXPECT_EQ(comparison.isContradicted[i] != 0, network.points[i].name == "P7");
+            for (std::size_t axis = dimension == 1 ? 2 : 0; axis < (dimension == 2 ? 2U : 3U); ++axis)
+                EXPECT_NEAR(comparison.fitted.at[i][axis], truth[i][axis], 1e-6)
+                    << dimension << " " << network.points[i].name;
+        }
+    }
 }
 
 TEST(Start, TakesGivenCoordinatesAsTheyAreWhenTheObservationsAgree) {

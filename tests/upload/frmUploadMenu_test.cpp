@@ -303,6 +303,16 @@ TEST_F(frmUploadMenuTest, SetsThePathTypeHereAndOnTheHomeMenu) {
     EXPECT_EQ(TextOf(screen, "lblPathType"), "Tarvex");
 }
 
+TEST_F(frmUploadMenuTest, ShowsAtItsReturnThePathTypeThatWasSetMeanwhile) {
+    frmUploadMenu& screen = Open();
+    ASSERT_EQ(TextOf(screen, "lblPathType"), "Tarvex");
+    screen.hide();
+    Global().Path_type = 2;
+    screen.show();
+    EXPECT_EQ(TextOf(screen, "lblPathType"), "Manual");
+    EXPECT_TRUE(IsChecked(screen, "mnuManual"));
+}
+
 TEST_F(frmUploadMenuTest, TellsAMissingWasteBinOnceAndWorks) {
     Drives::DeleteFile("P:\\DORVANE\\graphics\\trashempty.svg");
     PutSource("A.LEV", "a");
