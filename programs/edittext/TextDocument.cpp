@@ -29,8 +29,7 @@ void TextDocument::Keep(Step step) {
         Saved.reset();  // what was saved cannot be come back to
     Steps.resize(Done);
     const bool follows = Running && !Steps.empty() && step.Kind != EditKind::Single &&
-                         Steps.back().Kind == step.Kind && Steps.back().After.Caret == step.Former.Anchor &&
-                         Saved != Done;
+                         Steps.back().Kind == step.Kind && Steps.back().After.Caret == step.Former.Anchor;
     step.GoesOn = follows;
     Steps.push_back(std::move(step));
     Done = Steps.size();

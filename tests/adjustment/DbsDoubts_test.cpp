@@ -45,12 +45,12 @@ TEST_F(DbsDoubts_, NameEachNameThatIsTooLong) {
 TEST_F(DbsDoubts_, NameEachNumberThatIsTooWide) {
     AdjustedPoint point{"P", 100000, -10000, 99999.999996};
     point.ErrorMajor = 9.999996;
-    point.ErrorMinor = 10;
+    point.ErrorMinor = 11;
     point.SZ = 12.5;
     EXPECT_THAT(Of(point),
                 ElementsAre("P: X 100000.00000 is wider than 11 characters; Y -10000.00000 is wider "
                             "than 11 characters; Z 100000.00000 is wider than 11 characters; half "
-                            "axis 10.00000 is wider than 7 characters; half axis 10.00000 is wider "
+                            "axis 10.00000 is wider than 7 characters; half axis 11.00000 is wider "
                             "than 7 characters; SZ 12.50000 is wider than 7 characters; " +
                             std::string(Unreadable)));
 }

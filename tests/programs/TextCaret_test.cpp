@@ -66,6 +66,19 @@ TEST_F(TextCaretTest, KeepsItsColumnOverShorterLines) {
     EXPECT_EQ(Caret->Selected().Caret, 16);
 }
 
+TEST_F(TextCaretTest, ForgetsItsColumnWhereItIsPutElsewhere) {
+    Open("abcdef\nab\nabcdef", 5);
+    Caret->MoveLines(1, false);
+    Caret->Select({8, 8});
+    Caret->MoveLines(1, false);
+    EXPECT_EQ(Caret->Selected().Caret, 11);
+    Open("abcdef\nab\nabcdef", 5);
+    Caret->MoveLines(1, false);
+    Caret->Erase(CaretStep::Left);
+    Caret->MoveLines(1, false);
+    EXPECT_EQ(Caret->Selected().Caret, 10);
+}
+
 TEST_F(TextCaretTest, GoesToTheSideOfWhatWasSelected) {
     Open("abcd");
     Caret->Select({1, 3});

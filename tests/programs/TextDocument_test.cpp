@@ -73,6 +73,11 @@ TEST(TextDocument, KnowsWhetherItIsWhatWasSaved) {
     document.SetSaved();
     document.SetUnsaved();
     EXPECT_TRUE(document.IsModified());
+    Type(document, At(1), "e");
+    document.SetSaved();
+    document.Undo();
+    Type(document, At(1), "f");  // as many edits as were saved, and another text
+    EXPECT_TRUE(document.IsModified());
 }
 
 TEST(TextDocument, TakesTheLineEndOfTheSurroundings) {

@@ -179,6 +179,8 @@ TEST_F(TextFileTest, IsToldFromWhatIsNone) {
     EXPECT_FALSE(LooksBinary(Path));
     PutFile(Path, std::string("a listing with one \0 byte and a form feed\f\r\n", 44));
     EXPECT_FALSE(LooksBinary(Path));
+    PutFile(Path, std::string(1000, 'a') + std::string(100, '\1'));
+    EXPECT_FALSE(LooksBinary(Path));
     PutFile(Path, std::string("\x7F"
                               "ELF\2\1\1\0\0\0\0\0\0\0\0\0",
                               16));

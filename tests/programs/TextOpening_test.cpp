@@ -67,6 +67,8 @@ TEST_F(TextOpening, OfAFolderLetsAFileBeChosen) {
     EXPECT_EQ(Desktop.Dialogs[0].Folder, "D:\\TARVEX\\INIT\\");
     Desktop.ExpectFile("Open Text File", std::nullopt);
     EXPECT_FALSE(AskTextFile("", false));
+    Desktop.ExpectFile("Open Text File", "D:\\TARVEX\\INIT\\");  // once is enough
+    EXPECT_FALSE(AskTextFile("", false));
 }
 
 TEST_F(TextOpening, AsksBeforeItOpensWhatIsNoText) {

@@ -66,6 +66,7 @@ TEST(TextSearch, FindsWholeWords) {
     EXPECT_EQ(All(text, {"P1", true, true}), (std::vector<Offset>{16, 20}));
     EXPECT_EQ(Find(text, {"P1", true, true}, 22, Direction::Backward), 20);
     EXPECT_EQ(Find(text, {"P1", true, true}, 20, Direction::Backward), 16);
+    EXPECT_EQ(All(PieceText("3\xD7P1 P1\xF7 2"), {"P1", true, true}), (std::vector<Offset>{2, 5}));
     EXPECT_TRUE(StandsAt(text, {"p1", false, true}, 16));
     EXPECT_FALSE(StandsAt(text, {"p1", false, true}, 0));
     EXPECT_TRUE(StandsAt(text, {"p1"}, 0));
@@ -110,6 +111,10 @@ TEST(TextSearch, TellsHowFarItIs) {
     TextSearch search(text, {"y"}, 0, Direction::Forward, true);
     EXPECT_FALSE(search.Step());
     EXPECT_NEAR(search.Share(), 0.2, 0.01);
+    TextSearch round(text, {"y"}, 4 << 20, Direction::Forward, true);
+    while (!round.Step()) {
+    }
+    EXPECT_EQ(round.Share(), 1);  // no byte is looked at twice
     TextMatches matches(text, {"y"});
     EXPECT_FALSE(matches.Step());
     EXPECT_NEAR(matches.Share(), 0.2, 0.01);

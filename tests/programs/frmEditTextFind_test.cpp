@@ -3,7 +3,9 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProgressBar>
+#include <filesystem>
 
+#include "core/Drives.h"
 #include "programs/edittext/TextWork.h"
 #include "tests/programs/TextEditorTest.h"
 
@@ -176,6 +178,28 @@ TEST_F(frmEditTextFind, GoesToALineThatIsNotCountedYet) {
     Choose(*Form, "mnuGoToLine");
     ASSERT_TRUE(Until([&] { return Selected().Caret != 0; }));
     EXPECT_EQ(Selected().Caret, 1'899'999LL * 21);
+}
+
+TEST_F(frmEditTextFind, GoesToNoLineThatWasAskedForInTheFormerText) {
+    Open("text");
+    const std::string longText = "D:\\TARVEX\\LONG.TXT";
+    PutFile(longText, std::string(1 << 16, '\n'));
+    std::filesystem::resize_file(Drives::HostPath(longText), LongestEdited);
+    Drives::AppendFile(longText, std::string(1000, '\n'));
+    // No event comes between, so that the last lines are not counted.
+    const auto choose = [&](const char* action) {
+        Form->findChild<QAction*>(QLatin1String(action))->trigger();
+    };
+    Desktop.ExpectFile("Open Text File", longText);
+    choose("mnuOpen");
+    Desktop.ExpectText("Line number", "66000");
+    choose("mnuGoToLine");
+    EXPECT_EQ(Message(), "Counting lines ... Escape leaves off");
+    Desktop.ExpectFile("Open Text File", longText);
+    choose("mnuOpen");
+    ASSERT_TRUE(Until([&] { return View().Document().Text().AllCounted(); }));
+    HandleEvents();
+    EXPECT_EQ(Selected(), (Selection{0, 0}));
 }
 
 TEST_F(frmEditTextFind, ListsTheHeadingsAndGoesThere) {

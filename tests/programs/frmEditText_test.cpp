@@ -106,11 +106,14 @@ TEST_F(frmEditTextTest, SavesUnderAnotherNameAndAsksBeforeItReplaces) {
     EXPECT_EQ(FileContent("D:\\TARVEX\\OTHER.TXT"), "text");
     EXPECT_EQ(TextOf(*Form), "OTHER.TXT[*] - D:\\TARVEX\\");
     EXPECT_FALSE(IsShown(*Form, "lblAccess"));
+    EXPECT_TRUE(IsEnabled(*Form, "txtReplace"));
     Type("x");
     EXPECT_EQ(Content(), "xtext");
     Choose(*Form, "mnuSave");
     EXPECT_EQ(FileContent("D:\\TARVEX\\OTHER.TXT"), "xtext");
     EXPECT_EQ(FileContent(Path), "text");
+    Choose(*Form, "mnuReload");  // the copy was not opened to be read
+    EXPECT_FALSE(IsShown(*Form, "lblAccess"));
 }
 
 TEST_F(frmEditTextTest, NoticesWhatAnotherProgramWroteWhenItComesToTheFront) {
