@@ -15,7 +15,8 @@ using testing::IsEmpty;
 }  // namespace
 
 TEST(CodeCheck, AcceptsWhatAFolderCanBeCalled) {
-    for (const char* code : {"NORTH", "A", "12345678", "SRV_1-2", "\xC9T\xC9", "X&Y", "COM0"})
+    for (const char* code :
+         {"NORTH", "A", "12345678", "SRV_1-2", "\xC9T\xC9", "X&Y", "COM0", "COM10", "LPT1A"})
         EXPECT_EQ(CodeProblem(code), "") << code;
 }
 

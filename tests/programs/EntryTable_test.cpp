@@ -128,6 +128,15 @@ TEST_F(Entries, TabLeavesAfterALineLeftBlank) {
     EXPECT_FALSE(Table->IsBlank(Table->Lines()[1]));
 }
 
+TEST_F(Entries, ALineThatWasGivenIsNeverBlank) {
+    Table->SetLines({{1, {"", "s", "ON"}}});
+    EXPECT_FALSE(Table->IsBlank(Table->Lines()[0]));
+    Choose(0, 2);
+    Press(Qt::Key_Tab);
+    ASSERT_EQ(Grid().rowCount(), 2);
+    EXPECT_TRUE(Table->IsBlank(Table->Lines()[1]));
+}
+
 TEST_F(Entries, TabLeavesATableThatIsFull) {
     Table->SetLines({{1, {"A", "", "ON"}}, {2, {"B", "", "ON"}}, {3, {"C", "", "ON"}}, {4, {"D", "", "ON"}}});
     Choose(3, 2);
@@ -202,6 +211,7 @@ TEST_F(Entries, MarksStayWithTheirLinesAndAreReadBelow) {
     EXPECT_TRUE(Grid().item(0, 0)->icon().isNull());
     EXPECT_FALSE(Grid().item(1, 0)->icon().isNull());
     EXPECT_EQ(TextOf(*Table, "lblMark"), "");
+    EXPECT_TRUE(IsShown(*Table, "lblMark")) << "the table would jump";
     Choose(1, 0);
     EXPECT_EQ(TextOf(*Table, "lblMark"), "B is odd.");
     QTest::keyClick(&Grid(), Qt::Key_Up, Qt::ControlModifier);

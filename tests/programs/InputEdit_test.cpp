@@ -201,6 +201,22 @@ TEST(InputRemoval, TakesTheSightsToAStationThatNoListHoldsAnyMore) {
                 ElementsAre("4 station B", "7 distance A B 10 1", "10 height B C 1 1"));
 }
 
+TEST(InputRemoval, LeavesWhatIsFixedWithoutEverHavingHadCoordinates) {
+    const InputText text = Read("Object Points\nP\n\nQ 1 2 3\nDistances\nQ P 10 1\nFixed Coordinates\nP\n");
+    EXPECT_THAT(LostWith(text, {}), IsEmpty());
+}
+
+TEST(InputRemoval, LeavesThePairsOfATargetThatNoListHolds) {
+    const InputText text =
+        Read("Theodolite Stations\nA\n\nB\n\nDistances\nA C 10 1\nRelative error point pairs\nA C\n");
+    EXPECT_THAT(LostWith(text, {"4 station"}), ElementsAre("4 station B"));
+}
+
+TEST(InputRemoval, LeavesTheTitleBelowTheLastRowOfAList) {
+    const InputText text = Read("Object Points\nP\nTheodolite Stations\n\nS 1 2 3\nDistances\nS Q 1 1\n");
+    EXPECT_EQ(Left(text, {"2 point"}), "Object Points\nTheodolite Stations\n\nS 1 2 3\nDistances\nS Q 1 1\n");
+}
+
 TEST(InputRemoval, LeavesANameThatIsListedTwiceUntilBothAreTaken) {
     const InputText text =
         Read("Object Points\nA\n\nA 1 2 3\nB\n\nDistances\nB A 10 1\nFixed Coordinates\nA\n");
@@ -249,6 +265,22 @@ TEST(ObservationKinds, TakesTheKindsFromTheTaggedRows) {
                     "ANG ST1        P8         223.45670   98.12340  0.00030 0.00040\r\n"),
               "SSPPPPTDDHTAA--");
     EXPECT_EQ(kinds("TOT ST1\r\n\r\nnothing of use\x01"), "SSPPPPTtDHTtA--");
+}
+
+TEST(ObservationKinds, PairsADistanceWithTheFirstAngleThatIsLeft) {
+    const InputText text = Read("Distances\nA B 10 1\nObservations\nA B 1 2 3 4\nA B 5 6 3 4\nA B 7 8 3 4\n");
+    const auto total = NoteKind::Total;
+    const auto angle = NoteKind::Angle;
+    EXPECT_THAT(KindsOf(text, ""), ElementsAre(total, total, angle, angle));
+    EXPECT_THAT(KindsOf(text, "ANG A B 1 2 3 4\n"), ElementsAre(total, angle, total, angle));
+}
+
+TEST(VersionNote, ChangesTheCommentAtItsHeadAndNoOtherLine) {
+    VersionNotes notes;
+    notes.Stations = {"; old", ";of two lines", "ST1", "; of ST1"};
+    EXPECT_EQ(CommentOf(notes), "old\nof two lines");
+    SetComment(notes, "new");
+    EXPECT_EQ(notes.Stations, (List1<std::string>{"; new", "ST1", "; of ST1"}));
 }
 
 namespace {
@@ -329,6 +361,8 @@ TEST_F(InputVersionTest, NumbersAVersionAboveAllOfWhichAFileIsLeft) {
     PutFile(Folder + "NET_v003.INP", "");
     PutFile(Folder + "OTHER_v50.INP", "");
     EXPECT_EQ(NextVersion(Folder, "NET"), "08");
+    PutFile(Folder + "NET_v09.INP", "");
+    EXPECT_EQ(NextVersion(Folder, "NET"), "10");
     PutFile(Folder + "NET_v99.INP", "");
     EXPECT_EQ(NextVersion(Folder, "NET"), "01");
     PutFile(Folder + "NET_v01.VER", "");
@@ -382,7 +416,8 @@ TEST_F(InputVersionTest, NeverWritesOverTheMaster) {
 }
 
 TEST_F(InputVersionTest, OpensTheInputFileOfTaggedRows) {
-    EXPECT_EQ(OpenInputVersion(Folder + "NET.ORG").File.Path, Folder + "NET.INP");
+    for (const char* name : {"NET.ORG", "net.org"})
+        EXPECT_EQ(UpperCase(OpenInputVersion(Folder + name).File.Path), UpperCase(Folder + "NET.INP"));
 }
 
 TEST_F(InputVersionTest, TakesANameWithADifferentEndingForAMaster) {

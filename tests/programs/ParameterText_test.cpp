@@ -144,6 +144,14 @@ TEST_F(ParameterTextTest, TellsWhatIsWrongWithWhatIsNewOrChanged) {
                     "E has a control character."));
 }
 
+TEST_F(ParameterTextTest, LetsAKeyThatStandsThereTwiceBeWrittenInOtherLetters) {
+    ParameterEdit parameters = Open("SCALE = ON\r\nSCALE = OFF\r\n");
+    std::vector<WantedParameter> wanted = Entries(parameters);
+    wanted[0].Key = "Scale";
+    ApplyParameters(parameters, wanted);
+    EXPECT_THAT(ParameterProblems(parameters), IsEmpty());
+}
+
 TEST_F(ParameterTextTest, ChecksKeysAndValuesAsThePackageDoes) {
     ParameterEdit parameters = Open("ITERATIONS = 0\r\n");
     ApplyParameters(parameters, {{1, "Iterations", "0", ""},

@@ -85,6 +85,9 @@ TEST_F(StructureEdit, ChangesADescriptionInBothFiles) {
     EXPECT_EQ(SaveChoices(choices), "");
     EXPECT_EQ(FileLines(Init + "DAM.STR").front(), "DAM      Lower Dam");
     EXPECT_EQ(FileContent(Init + "CHOICES.SYS"), "DAM      1 Lower Dam\r\n");
+    choices.Systems[0].Description = "In the list";  // as it was read
+    EXPECT_EQ(SaveChoices(choices), "");
+    EXPECT_EQ(FileLines(Init + "DAM.STR").front(), "DAM      In the list");
 }
 
 TEST_F(StructureEdit, NeverWritesAStructureThatItDoesNotUnderstand) {

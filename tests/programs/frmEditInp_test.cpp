@@ -147,6 +147,17 @@ TEST_F(frmEditInpTest, TakesAllRowsOfAStationByItsOwnTick) {
     EXPECT_THAT(Rows("trvTotal"), ElementsAre("ST1", "-P8", "-P8"));
 }
 
+TEST_F(frmEditInpTest, TakesByTheTickOfAStationNoRowThatGoesWithItsPoint) {
+    std::string tagged = SampleTaggedRows;
+    PutFile(Folder + "NET.ORG", tagged.replace(tagged.find("TRK"), 3, "TOT"));
+    Open("NET.INP");
+    Tick("trvPoints", "P8");
+    EXPECT_THAT(Rows("trvTotal"), ElementsAre("ST1*", "-P8+!", "-P8+!", "-P7"));
+    Tick("trvTotal", "ST1");
+    Tick("trvPoints", "P8");
+    EXPECT_THAT(Rows("trvTotal"), ElementsAre("ST1*", "-P8", "-P8", "-P7+"));
+}
+
 TEST_F(frmEditInpTest, SavesVersionAfterVersion) {
     Open("NET.INP");
     Tick("trvHeight", "P7", "P8");
@@ -236,6 +247,8 @@ TEST_F(frmEditInpTest, ShowsOnlyTheNamesThatAreLookedFor) {
     EXPECT_THAT(Rows("trvPoints"), ElementsAre("P8"));
     EXPECT_THAT(Rows("trvTotal"), ElementsAre("ST1", "-P8", "-P8"));
     EXPECT_TRUE(Rows("trvTracker").empty());
+    Control<QLineEdit>(*Form, "txtFind").setText("st1");
+    EXPECT_THAT(Rows("trvTotal"), ElementsAre("ST1", "-P8", "-P8"));
     Control<QLineEdit>(*Form, "txtFind").clear();
     EXPECT_EQ(Rows("trvPoints").size(), 4U);
 }

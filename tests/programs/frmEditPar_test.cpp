@@ -101,6 +101,16 @@ TEST_F(frmEditParTest, ChangesAddsAndRemovesEntries) {
               "er\r\nodd line\r\n");
 }
 
+TEST_F(frmEditParTest, LeavesACommentBehindTheLastEntryWhereALineIsAdded) {
+    PutFile(Path, "ITERATIONS = 10\r\n; end\r\n");
+    Open(Path);
+    Add();
+    TypeInto(1, 0, "SCALE");
+    TypeInto(1, 1, "ON");
+    Click(*Form, "cmdOK");
+    EXPECT_EQ(FileContent(Path), "ITERATIONS = 10\r\nSCALE = ON\r\n; end\r\n");
+}
+
 TEST_F(frmEditParTest, OffersTheWordsOfAKeyAsAList) {
     PutFile(Path, "SETUPS = BLOCK\r\nITERATIONS = 10\r\n");
     Open(Path);
