@@ -43,12 +43,8 @@ void TakeLine(ChangeNote& note, const std::vector<std::string>& fields, const st
     const std::string& kind = fields.front();
     if (kind == "BY" && fields.size() == 2)
         note.Who = fields[1];
-    else if (kind == "FOLDER" && fields.size() == 2)
-        note.Folders.push_back(Meant(fields[1], folder));
     else if (kind == "FILE" && fields.size() == 4)
         note.Files.push_back({Meant(fields[1], folder), Meant(fields[2], folder), fields[3]});
-    else if (kind == "MOVE" && fields.size() == 3)
-        note.Moves.push_back({Meant(fields[1], folder), Meant(fields[2], folder)});
 }
 
 }  // namespace
@@ -69,13 +65,9 @@ void WriteChangeNote(const std::string& folder, const ChangeNote& note) {
     LineWriter file(ChangeNotePath(folder));
     file.Line(Title);
     file.Line(fmt::format("BY{}{}", Gap, note.Who));
-    for (const std::string& made : note.Folders)
-        file.Line(fmt::format("FOLDER{}{}", Gap, Noted(made, folder)));
     for (const StagedContent& each : note.Files)
         file.Line(fmt::format("FILE{0}{1}{0}{2}{0}{3}", Gap, Noted(each.Staged, folder),
                               Noted(each.Path, folder), each.Sum));
-    for (const FileMove& move : note.Moves)
-        file.Line(fmt::format("MOVE{0}{1}{0}{2}", Gap, Noted(move.From, folder), Noted(move.To, folder)));
     file.Line(End);
     file.Close();
 }

@@ -2,9 +2,8 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
-
-#include "core/ReplaceFiles.h"
 
 namespace Dorvane {
 
@@ -20,9 +19,7 @@ struct StagedContent {
 /// another one.
 struct ChangeNote {
     std::string Who;
-    std::vector<std::string> Folders;
     std::vector<StagedContent> Files;
-    std::vector<FileMove> Moves;
 };
 
 constexpr const char* ChangeNoteName = ".change.dv~";

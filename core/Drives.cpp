@@ -330,6 +330,14 @@ bool Find(std::string_view path, Entry& entry) {
     return info.Exists;
 }
 
+bool IsThere(std::string_view path) {
+    return Host::Inspect(HostPath(path)).Exists;
+}
+
+std::string FolderPart(std::string_view path) {
+    return std::string(path.substr(0, path.find_last_of('\\') + 1));
+}
+
 std::string ReadFile(std::string_view path) {
     return Host::ReadFile(HostPath(path));
 }
@@ -392,10 +400,6 @@ void DeleteFile(std::string_view path) {
 
 void CreateFolder(std::string_view path) {
     Host::CreateFolder(WithoutTrailingSlash(HostPath(path)));
-}
-
-void RemoveFolder(std::string_view path) {
-    Host::RemoveFolder(WithoutTrailingSlash(HostPath(path)));
 }
 
 void PutInPlace(std::string_view staged, std::string_view path) {

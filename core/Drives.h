@@ -64,6 +64,10 @@ bool Matches(std::string_view name, std::string_view pattern);
 
 /// The entry that a path names, if there is one. A missing folder on the way is not an error.
 bool Find(std::string_view path, Entry& entry);
+bool IsThere(std::string_view path);
+
+/// The folder of a path with its backslash; empty where the path has none.
+std::string FolderPart(std::string_view path);
 
 std::string ReadFile(std::string_view path);
 std::int64_t FileLength(std::string_view path);
@@ -109,9 +113,6 @@ void DeleteFile(std::string_view path);
 
 /// Makes one folder; a parent is never made. Error 75 when it exists, 76 when the parent is missing.
 void CreateFolder(std::string_view path);
-
-/// Removes one folder that is empty. Error 75 when it is not.
-void RemoveFolder(std::string_view path);
 
 /// Puts a file that a StagedFile has left behind in the place of its file.
 void PutInPlace(std::string_view staged, std::string_view path);

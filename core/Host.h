@@ -38,7 +38,6 @@ std::vector<std::string> FolderNames(
 std::string RealPath(
     const std::string& path);  // links followed as far as it exists; the path itself if it fails
 void CreateFolder(const std::string& path);
-void RemoveFolder(const std::string& path);  // an empty one
 void CreateLink(const std::string& link, const std::string& target);
 std::string LinkTarget(const std::string& link);  // as it stands in the link; empty for what is none
 bool MayWrite(const std::string& folder);         // whether this user may make files in a folder

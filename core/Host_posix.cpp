@@ -189,11 +189,6 @@ void CreateFolder(const std::string& path) {
         throw HostError(errno, HostAction::Folder, path);
 }
 
-void RemoveFolder(const std::string& path) {
-    if (rmdir(path.c_str()) != 0)
-        throw HostError(errno, HostAction::Folder, path);
-}
-
 void CreateLink(const std::string& link, const std::string& target) {
     if (symlink(target.c_str(), link.c_str()) != 0)
         throw HostError(errno, HostAction::Folder, link);

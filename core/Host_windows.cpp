@@ -151,11 +151,6 @@ void CreateFolder(const std::string& path) {
         RaiseLast(HostAction::Folder, path);
 }
 
-void RemoveFolder(const std::string& path) {
-    if (RemoveDirectoryW(Wide(path).c_str()) == 0)
-        RaiseLast(HostAction::Folder, path);
-}
-
 void CreateLink(const std::string& link, const std::string&) {
     throw HostError(EINVAL, HostAction::Folder, link);
 }

@@ -37,7 +37,7 @@ std::string WithLines(const std::string& former, const std::string& lines, Appen
 }
 
 void LineAppender::Close() {
-    const FolderLock lock(Path.substr(0, Path.find_last_of('\\') + 1));
+    const FolderLock lock(Drives::FolderPart(Path));
     const std::string former = FileExists(Path) && !Buffer.empty() ? Drives::ReadFile(Path) : "";
     const std::string text = WithLines(former, Buffer, Begin);
     // Old programs read no further than an end-of-file mark, so lines behind it would be lost to them.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/ReplaceFiles.h"
 
-#include <functional>
 #include <list>
 #include <optional>
 
@@ -22,11 +21,6 @@ std::optional<std::string> ContentOf(const std::string& path) {
     return Drives::ReadFile(path);
 }
 
-bool IsThere(const std::string& path) {
-    Drives::Entry entry;
-    return Drives::Find(path, entry);
-}
-
 void PutBack(const std::string& path, const std::optional<std::string>& former) {
     if (ContentOf(path) == former)
         return;
@@ -36,25 +30,18 @@ void PutBack(const std::string& path, const std::optional<std::string>& former) 
         Drives::DeleteFile(path);
 }
 
-std::string FolderOf(const std::string& path) {
-    return path.substr(0, path.find_last_of('\\') + 1);
-}
-
 // One change: what waits beside its place, and how to take back what is done.
 class Work {
   public:
-    explicit Work(const Change& change) : Wanted(change), Home(FolderOf(change.Files.front().Path)) {}
+    explicit Work(const std::vector<FileChange>& wanted)
+        : Wanted(wanted), Home(Drives::FolderPart(wanted.front().Path)) {}
 
     void Run() {
         try {
-            for (const std::string& folder : Wanted.Folders)
-                MakeFolder(folder);
             WriteOut();
             auto staged = Staged.begin();
-            for (const FileChange& file : Wanted.Files)
+            for (const FileChange& file : Wanted)
                 Replace(file, *staged++);
-            for (const FileMove& move : Wanted.Moves)
-                Move(move);
         } catch (RunTimeError& error) {
             TakeBack(error);
             throw;
@@ -63,28 +50,28 @@ class Work {
     }
 
   private:
-    struct Step {
+    struct Replaced {
         std::string Path;
-        std::function<void()> Undo;
+        std::optional<std::string> Former;
     };
 
     // All contents, beside their places.
     void WriteOut() {
-        for (const FileChange& file : Wanted.Files) {
+        for (const FileChange& file : Wanted) {
             Drives::StagedFile& staged = Staged.emplace_back(file.Path);
             staged.Write(file.Content);
             if (!file.TimeOf.empty())
                 staged.TakeTimeOf(file.TimeOf);
         }
         // One file is put in its place in one step: there is nothing that could be half done.
-        if (Wanted.Files.size() + Wanted.Moves.size() > 1)
+        if (Wanted.size() > 1)
             WriteNote();
     }
 
     void WriteNote() {
-        ChangeNote note{Host::ProcessName(), Wanted.Folders, {}, Wanted.Moves};
+        ChangeNote note{Host::ProcessName(), {}};
         auto staged = Staged.begin();
-        for (const FileChange& file : Wanted.Files) {
+        for (const FileChange& file : Wanted) {
             staged->Flush();
             note.Files.push_back({staged->Path(), file.Path, SumOf(file.Content)});
             ++staged;
@@ -104,23 +91,10 @@ class Work {
         IsNoted = false;
     }
 
-    void MakeFolder(const std::string& folder) {
-        if (IsThere(folder))
-            return;
-        Drives::CreateFolder(folder);
-        Done.push_back({folder, [folder] { Drives::RemoveFolder(folder); }});
-    }
-
     // It counts as done before it is: its flush may fail when it has taken its place already.
     void Replace(const FileChange& file, Drives::StagedFile& staged) {
-        const std::optional<std::string> former = ContentOf(file.Path);
-        Done.push_back({file.Path, [path = file.Path, former] { PutBack(path, former); }});
+        Done.push_back({file.Path, ContentOf(file.Path)});
         staged.Commit();
-    }
-
-    void Move(const FileMove& move) {
-        Drives::RenameFile(move.From, move.To);
-        Done.push_back({move.From, [move] { Drives::RenameFile(move.To, move.From); }});
     }
 
     void TakeBack(RunTimeError& error) {
@@ -128,30 +102,27 @@ class Work {
         Staged.clear();  // what waits beside the files may take the room that the old content needs
         for (; !Done.empty(); Done.pop_back()) {
             try {
-                Done.back().Undo();
+                PutBack(Done.back().Path, Done.back().Former);
             } catch (const RunTimeError&) {
                 error.Description += "; " + Done.back().Path + " could not be put back";
             }
         }
     }
 
-    const Change& Wanted;
+    const std::vector<FileChange>& Wanted;
     std::string Home;
     std::list<Drives::StagedFile> Staged;
-    std::vector<Step> Done;
+    std::vector<Replaced> Done;
     bool IsNoted = false;
 };
 
 }  // namespace
 
-void MakeChange(const Change& change) {
-    const FolderLock lock(FolderOf(change.Files.front().Path));
-    Work(change).Run();
-}
-
-void ReplaceInOrder(const std::vector<FileChange>& changes) {
-    if (!changes.empty())
-        MakeChange({.Files = changes});
+void ReplaceInOrder(const std::vector<FileChange>& files) {
+    if (files.empty())
+        return;
+    const FolderLock lock(Drives::FolderPart(files.front().Path));
+    Work(files).Run();
 }
 
 }  // namespace Dorvane

@@ -20,7 +20,7 @@ EditedFile OpenEditedFile(const std::string& path) {
 std::string SaveEditedFiles(const std::vector<EditedChange>& changes) {
     std::vector<std::string> folders;
     for (const EditedChange& change : changes)
-        folders.push_back(change.File->Path.substr(0, change.File->Path.find_last_of('\\') + 1));
+        folders.push_back(Drives::FolderPart(change.File->Path));
     const FolderLock lock(folders);
     std::vector<FileChange> writes;
     for (const EditedChange& change : changes) {

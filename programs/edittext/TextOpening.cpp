@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/Drives.h"
 #include "core/Globals.h"
 #include "core/basGeneral.h"
 #include "programs/edittext/TextMessages.h"
@@ -13,12 +14,8 @@ namespace Dorvane {
 
 namespace {
 
-std::string FolderOf(const std::string& path) {
-    return path.substr(0, path.find_last_of('\\') + 1);
-}
-
 std::optional<TextFile> OpenNew(const std::string& path, bool readOnly) {
-    std::string folder = FolderOf(path);
+    std::string folder = Drives::FolderPart(path);
     if (!FolderExists(folder)) {
         WarnOfText(path + " is not there, and there is no folder " + folder + ".");
         return std::nullopt;

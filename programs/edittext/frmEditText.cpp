@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "core/Desktop.h"
+#include "core/Drives.h"
 #include "core/Globals.h"
 #include "core/ReportError.h"
 #include "core/basGeneral.h"
@@ -33,7 +34,7 @@ QString Setting(const char* name) {
 }
 
 void Split(const std::string& path, std::string& folder, std::string& name) {
-    folder = path.substr(0, path.find_last_of('\\') + 1);
+    folder = Drives::FolderPart(path);
     name = path.substr(folder.size());
 }
 

@@ -76,7 +76,7 @@ void MakeFolders(const std::string& path) {
 }
 
 void PutFile(const std::string& path, const std::string& content) {
-    MakeFolders(path.substr(0, path.find_last_of('\\') + 1));
+    MakeFolders(Drives::FolderPart(path));
     Drives::WriteFile(path, content);
 }
 
