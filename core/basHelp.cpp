@@ -49,6 +49,7 @@ constexpr ScreenPage Pages[] = {
     {"frmEditPar", "editors.html#parameters"},
     {"frmEditText", "edittext.html"},
     {"frmUtilities", "editors.html#utilities"},
+    {"frmCheckSite", "editors.html#check"},
 };
 
 }  // namespace

@@ -14,14 +14,17 @@ constexpr int ButtonsPerRow = 2;
 
 }  // namespace
 
-frmUtilities::frmUtilities(const std::string& profile) : Form(std::make_unique<Ui::frmUtilities>()) {
+frmUtilities::frmUtilities(const std::string& profile, const std::vector<OwnUtility>& own)
+    : Form(std::make_unique<Ui::frmUtilities>()) {
     Form->setupUi(this);
     ReturnsBy(Form->cmdClose);
     Guarded("frmUtilities-LoadForm", [&](Guard&) { SetOptionalPicture(*Form->cmdClose, "exit.svg"); });
     connect(Form->cmdClose, &QPushButton::clicked, this, [this] { Unload(); });
     const std::vector<Utility> utilities = ReadUtilities(profile);
-    for (std::size_t i = 0; i < utilities.size(); ++i)
-        AddButton(utilities[i], static_cast<int>(i));
+    for (const Utility& utility : utilities)
+        AddButton(utility.Title, utility.Tip, [utility] { StartUtility(utility); });
+    for (const OwnUtility& utility : own)
+        AddButton(utility.Title, utility.Tip, utility.Open);
     Form->lblNone->setVisible(utilities.empty());
     Form->lblNone->setText(ToScreen("No utilities are listed in " + profile + "."));
     setMinimumWidth(fontMetrics().averageCharWidth() * 50);
@@ -29,15 +32,16 @@ frmUtilities::frmUtilities(const std::string& profile) : Form(std::make_unique<U
 
 frmUtilities::~frmUtilities() = default;
 
-void frmUtilities::AddButton(const Utility& utility, int index) {
-    auto* button = new QPushButton(ToCaption(utility.Title), this);
-    button->setObjectName(QStringLiteral("cmdUtility%1").arg(index + 1));
-    button->setToolTip(ToScreen(utility.Tip.empty() ? utility.Title : utility.Tip).toHtmlEscaped());
+void frmUtilities::AddButton(const std::string& title, const std::string& tip,
+                             const std::function<void()>& open) {
+    auto* button = new QPushButton(ToCaption(title), this);
+    button->setObjectName(QStringLiteral("cmdUtility%1").arg(Buttons + 1));
+    button->setToolTip(ToScreen(tip.empty() ? title : tip).toHtmlEscaped());
     button->setAutoDefault(false);
-    Form->utilityLayout->addWidget(button, index / ButtonsPerRow, index % ButtonsPerRow);
+    Form->utilityLayout->addWidget(button, Buttons / ButtonsPerRow, Buttons % ButtonsPerRow);
     connect(button, &QPushButton::clicked, this,
-            [utility] { Guarded("frmUtilities-cmdUtility_Click", [&](Guard&) { StartUtility(utility); }); });
-    if (index == 0)
+            [open] { Guarded("frmUtilities-cmdUtility_Click", [&](Guard&) { open(); }); });
+    if (Buttons++ == 0)
         button->setFocus();
 }
 

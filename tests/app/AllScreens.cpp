@@ -32,6 +32,7 @@
 #include "programs/editors/frmEditTarvexINI.h"
 #include "programs/editors/frmUtilities.h"
 #include "programs/edittext/frmEditText.h"
+#include "programs/sitecheck/frmCheckSite.h"
 #include "reduction/frmAddCalib.h"
 #include "reduction/frmCalibTree.h"
 #include "reduction/frmReduce.h"
@@ -188,6 +189,7 @@ const std::vector<ScreenKind>& AllScreens() {
         {"frmEditDrives", "cmdCancel", [](ScreenSite&) { return new frmEditDrives; }},
         {"frmEditText", "", [](ScreenSite&) { return new frmEditText(OpenTextFile(Input, false)); }},
         {"frmUtilities", "cmdClose", [](ScreenSite&) { return new frmUtilities("dv_special.ini"); }},
+        {"frmCheckSite", "cmdClose", [](ScreenSite&) { return new frmCheckSite; }},
     };
     return screens;
 }

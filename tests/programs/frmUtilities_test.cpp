@@ -48,6 +48,19 @@ TEST_F(FrmUtilities, HasAButtonForEachUtility) {
     EXPECT_TRUE(Form.isNull());
 }
 
+TEST_F(FrmUtilities, HasItsOwnBehindThoseOfTheProfile) {
+    PutLines("C:\\WINDOWS\\dv_special.ini", {"[Utilities]", "Number=1", "Title1=A", "Command1=a.exe"});
+    int opened = 0;
+    Form = new frmUtilities("dv_special.ini", {{"Own", "A tip", [&] { ++opened; }}});
+    Form->show();
+    HandleEvents();
+    EXPECT_EQ(TextOf(*Form, "cmdUtility1"), "A");
+    EXPECT_EQ(TextOf(*Form, "cmdUtility2"), "Own");
+    Click(*Form, "cmdUtility2");
+    EXPECT_EQ(opened, 1);
+    EXPECT_TRUE(Desktop.Started.empty());
+}
+
 TEST_F(FrmUtilities, SaysThatNoneAreListed) {
     Open();
     EXPECT_TRUE(IsShown(*Form, "lblNone"));
