@@ -313,4 +313,17 @@ TEST_F(DrivesTest, FileLengthIsInBytes) {
     EXPECT_EQ(NumberRaised([] { Drives::FileLength("D:\\NONE"); }), FileNotFound);
 }
 
+TEST_F(DrivesTest, TwoWhoWriteOneFileDoNotTakeTheOthersContent) {
+    PutFile("D:\\A.TXT", "old");
+    Drives::StagedFile first("D:\\A.TXT");
+    first.Write("first");
+    Drives::StagedFile second("D:\\A.TXT");
+    second.Write("second");
+    EXPECT_NE(first.Path(), second.Path());
+    first.Commit();
+    EXPECT_EQ(FileContent("D:\\A.TXT"), "first");
+    second.Commit();
+    EXPECT_EQ(FileContent("D:\\A.TXT"), "second");
+}
+
 }  // namespace Dorvane

@@ -124,6 +124,22 @@ TEST_F(FolderLocks, OfOneWhoDiedHoldNobodyUp) {
     EXPECT_THAT(HostNames(), ElementsAre("COUNT.TXT"));
 }
 
+TEST_F(FolderLocks, ClearUpWhatTheDeadHadOnItsWayAndNothingOfTheLiving) {
+    PutFile("D:\\SHARED\\LIST.TXT", "list");
+    CutOff([](const std::function<void()>& die) {
+        const FolderLock lock(Folder);
+        Drives::StagedFile dead(Count);
+        dead.Write("1");
+        die();
+    });
+    Drives::StagedFile living("D:\\SHARED\\LIST.TXT");
+    living.Write("longer list");
+    { const FolderLock lock(Folder); }
+    EXPECT_THAT(HostNames(), testing::UnorderedElementsAre("COUNT.TXT", "LIST.TXT", "LIST.TXT.dv~"));
+    living.Commit();
+    EXPECT_EQ(FileContent("D:\\SHARED\\LIST.TXT"), "longer list");
+}
+
 TEST_F(FolderLocks, AreNotListedAndLeaveNothingBehind) {
     {
         const FolderLock lock(Folder);

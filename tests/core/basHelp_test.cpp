@@ -23,10 +23,12 @@ TEST(Help, OpensAtThePageAboutAScreenAndAtItsSearch) {
     const TestSite site;
     ScriptedDesktop screen;
     ShowHelpOf("frmObsWeights");
+    ShowHelpOf("frmSysOption");
     ShowHelpOf("frmNoSuchScreen");
     SearchHelp();
     EXPECT_EQ(screen.Started,
               (std::vector<std::string>{"help P:\\DORVANE\\help\\DorvaneHelp.chm::input.html#weights",
+                                        "help P:\\DORVANE\\help\\DorvaneHelp.chm::home.html#buttons",
                                         "help P:\\DORVANE\\help\\DorvaneHelp.chm::index.html",
                                         "help P:\\DORVANE\\help\\DorvaneHelp.chm search"}));
 }

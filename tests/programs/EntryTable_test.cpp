@@ -237,6 +237,13 @@ TEST_F(Entries, AskBeforeALineIsRemoved) {
     EXPECT_THAT(asked, ElementsAre("A", "B"));
 }
 
+TEST_F(Entries, TellThatAnotherLineIsChosenWhenOneIsRemoved) {
+    int chosen = 0;
+    QObject::connect(Table, &EntryTable::LineChosen, Table, [&] { chosen = Table->ChosenId(); });
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(chosen, 2);
+}
+
 TEST_F(Entries, TellOfEveryChangeByHand) {
     int changes = 0;
     QObject::connect(Table, &EntryTable::Edited, Table, [&] { ++changes; });

@@ -5,6 +5,8 @@
 
 #include <random>
 
+#include "tests/support/TestSite.h"
+
 namespace Dorvane::Testing {
 
 namespace {
@@ -179,6 +181,15 @@ TEST(PieceText, FindsTheLinesOfAMillionBytesWithoutALineEnd) {
     text.Replace(500'000, 0, "\r");
     EXPECT_EQ(text.Lines(), 4);
     EXPECT_EQ(text.LineStart(900'000), 500'001);
+}
+
+TEST(FileSource, GivesAsMuchOfAPlaceAsIsAskedFor) {
+    const TestSite site;
+    PutFile("D:\\A.TXT", "abcdefgh");
+    const FileSource source("D:\\A.TXT");
+    EXPECT_EQ(source.View(2, 2), "cd");
+    EXPECT_EQ(source.View(2, 5), "cdefg");
+    EXPECT_EQ(source.View(2, 1), "c");
 }
 
 }  // namespace Dorvane::Testing

@@ -62,6 +62,7 @@ TEST(TextSections, AreNotWhatOnlyLooksLikeThem) {
 
 TEST(TextSections, AreFoundAcrossPortionsAndBehindLongLines) {
     constexpr std::size_t Border = 1 << 20;
+    EXPECT_THAT(Titles(std::string(Border, 'x') + "[Middle]\r\n"), IsEmpty());
     for (std::size_t place = Border - 20; place < Border + 5; ++place) {
         std::string bytes(place - 2, '.');
         bytes += "\r\nHeading\r\n-------\r\n";

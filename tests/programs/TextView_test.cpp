@@ -179,6 +179,26 @@ TEST_F(TextViewTest, SelectsWithTheMouse) {
     EXPECT_EQ(View.Caret().Selected(), (Selection{1, 12}));
 }
 
+TEST_F(TextViewTest, PutsTheCaretAtTheSideOfTheLetterThatIsClicked) {
+    Open("abcdef");
+    const QPoint left = CellAt(0, 2);  // a pixel behind its beginning
+    const int width = View.inputMethodQuery(Qt::ImCursorRectangle).toRectF().toRect().width();
+    QTest::mouseClick(View.viewport(), Qt::LeftButton, {}, left);
+    EXPECT_EQ(Caret(), 2);
+    QTest::mouseClick(View.viewport(), Qt::LeftButton, {}, left + QPoint(width - 3, 0));
+    EXPECT_EQ(Caret(), 3);
+}
+
+TEST_F(TextViewTest, KeepsTheCaretInSightAtEachColumn) {
+    Open(std::string(1000, 'x'));
+    for (int column = 0; column < 300; ++column) {
+        const QRectF caret = View.inputMethodQuery(Qt::ImCursorRectangle).toRectF();
+        ASSERT_LE(caret.right(), View.viewport()->width()) << column;
+        ASSERT_GE(caret.left(), 0) << column;
+        Press(Qt::Key_Right);
+    }
+}
+
 TEST_F(TextViewTest, FollowsTheScrollBarAndTheCaret) {
     Open(Lines(1000));
     EXPECT_EQ(View.verticalScrollBar()->maximum(), 1001 - View.Rows());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "programs/editors/frmEditInp.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 
 #include <QLineEdit>
@@ -198,6 +199,24 @@ TEST_F(frmEditInpTest, TellsWhatIsUsedNoMoreAndLeavesItOutIfAsked) {
     EXPECT_THAT(Rows("trvPoints"), ElementsAre("P7", "P8", "P9+", "ST2"));
 }
 
+TEST_F(frmEditInpTest, NamesTwentyOfTheUnusedAndCountsTheRest) {
+    std::string points = "Object Points\r\n";
+    std::string rows = "Distances\r\n";
+    for (int i = 1; i <= 25; ++i) {
+        points += fmt::format("P{}\r\n\r\n", i);
+        rows += fmt::format("A         P{:<8}     10.00000   0.00100\r\n", i);
+    }
+    PutFile(Folder + "NET.INP", "Theodolite Stations\r\nA\r\n\r\nB\r\n\r\nEND\r\n" + points + "END\r\n" +
+                                    rows + "B         P1           10.00000   0.00100\r\nEND\r\n");
+    Open("NET.INP");
+    Tick("trvDistance", "A");
+    Desktop.ExpectMessageTitled("Edit Input File", Answer::Cancel);
+    Click(*Form, "cmdSaveNew");
+    const std::string& asked = Desktop.Shown.back().Text;
+    EXPECT_NE(asked.find("\r\n\r\nA, P2, P3, "), std::string::npos) << asked;
+    EXPECT_NE(asked.find(", P20 and 5 more\r\n\r\n"), std::string::npos) << asked;
+}
+
 TEST_F(frmEditInpTest, SavesNothingWithoutAnObservation) {
     Open("NET.INP");
     Tick("trvStations", "ST1");
@@ -217,7 +236,9 @@ TEST_F(frmEditInpTest, EditsAVersionOverItself) {
     EXPECT_EQ(TextOf(*Form, "lblVersion"), "Version 01 :");
     EXPECT_EQ(Control<QPlainTextEdit>(*Form, "txtComment").toPlainText(), "why");
     Tick("trvHeight", "P7");
+    Control<QLineEdit>(*Form, "txtFind").setText("p8");
     Click(*Form, "cmdSave");
+    EXPECT_THAT(Rows("trvPoints"), ElementsAre("P8")) << "what is looked for stays";
     EXPECT_EQ(TextOf(*Form, "lblSummary"), "Version 01 was saved.");
     EXPECT_EQ(Tab(6), "Height (0)");
     EXPECT_EQ(FileContent(Folder + "NET_v01.VER"),
@@ -238,6 +259,12 @@ TEST_F(frmEditInpTest, AsksBeforeChangesAreLost) {
     Desktop.ExpectMessage("Edit Input File", "The changes are not saved.  Leave all the same?", Answer::Yes);
     QTest::keyClick(Form.data(), Qt::Key_Escape);
     HandleEvents();
+    EXPECT_TRUE(Form.isNull());
+
+    Open("NET.INP");
+    Control<QPlainTextEdit>(*Form, "txtComment").setPlainText("why");
+    Desktop.ExpectMessageTitled("Edit Input File", Answer::Yes);
+    Click(*Form, "cmdClose");
     EXPECT_TRUE(Form.isNull());
 }
 

@@ -105,6 +105,17 @@ TEST_F(frmEditTextFind, ReplacesOneByOneAndAll) {
     EXPECT_TRUE(IsEnabled(*Form, "mnuRedo"));
 }
 
+TEST_F(frmEditTextFind, ReplacesNothingThatIsOnlySelected) {
+    Open("abc one\r\n");
+    View().Select({0, 3});
+    Choose(*Form, "mnuReplace");
+    Seek("one");
+    Control<QLineEdit>(*Form, "txtReplace").setText(QStringLiteral("two"));
+    Click(*Form, "cmdReplace");
+    EXPECT_EQ(Content(), "abc one\r\n");
+    EXPECT_EQ(Selected(), (Selection{4, 7}));
+}
+
 TEST_F(frmEditTextFind, ReplacesNothingInWhatIsReadOnly) {
     Open("one", true);
     Choose(*Form, "mnuReplace");

@@ -81,6 +81,7 @@ TEST_F(frmEditTextTest, StaysWithItsTextWhenItCannotBeSaved) {
     Desktop.ExpectMessageTitled("Program Error", Answer::Cancel);
     Choose(*Form, "mnuClose");
     ASSERT_FALSE(Form.isNull());
+    EXPECT_EQ(TextOf(*Form, "lblMessage"), "");
     EXPECT_TRUE(Form->isVisible());
     EXPECT_EQ(Content(), "xtext");
     EXPECT_TRUE(Form->isWindowModified());
@@ -213,6 +214,9 @@ TEST_F(frmEditTextTest, TellsPlaceLineEndsAndTheWayOfTyping) {
     EXPECT_EQ(TextOf(*Form, "lblTyping"), "Overwrite");
     Type("X");
     EXPECT_EQ(Content(), "Xne\ntwo\r\nthr\tee");
+    Choose(*Form, "mnuSave");
+    Choose(*Form, "mnuReload");  // the way of typing is the operator's, not the text's
+    EXPECT_EQ(TextOf(*Form, "lblTyping"), "Overwrite");
 }
 
 TEST_F(frmEditTextTest, PrintsTheTextOrWhatIsSelected) {
