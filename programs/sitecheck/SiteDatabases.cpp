@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <set>
 
 #include "core/Drives.h"
@@ -109,6 +110,11 @@ void CheckBias(SiteReport& report, const std::string& location) {
         {file, 0, "has no bias values for " + location, Mend::AddBias, "", {"", location, "", ""}});
 }
 
+bool HasFiles(const std::string& folder, const std::vector<std::string>& files) {
+    return std::all_of(files.begin(), files.end(),
+                       [&](const std::string& file) { return FileExists(folder + file); });
+}
+
 bool IsRecord(const DatabaseType& type, const std::string& line, const std::string& path) {
     if (static_cast<int>(line.size()) != type.RecordLength - 2 || line.front() == ' ' ||
         line.find_first_of(std::string_view("\0\x1A", 2)) != std::string::npos)
@@ -174,18 +180,18 @@ void CheckDatabase(SiteReport& report, const std::string& location) {
     if (Global().Coord_path.empty() || !LookAt(report, folder))
         return;
     CheckBias(report, location);
-    if (!IsFolder(folder) || LacksCoordFiles(folder, location)) {
+    if (!IsFolder(folder) || LacksCoordFiles(folder, location))
         report.Findings.push_back({folder,
                                    0,
                                    "lacks files of the coordinate database",
                                    Mend::MakeDatabaseFiles,
                                    folder,
                                    {"", location, "", ""}});
-        return;
-    }
     for (const DatabaseType& type : DatabaseTypes)
-        CheckType(report, folder, type);
-    CheckReference(report, folder, location);
+        if (HasFiles(folder, {type.DataFile(), type.IndexFile(), type.ListFile()}))
+            CheckType(report, folder, type);
+    if (HasFiles(folder, {location + ".REF"}))
+        CheckReference(report, folder, location);
 }
 
 DatabaseRepair RebuildDatabase(const std::string& folder, int typeCode) {

@@ -77,6 +77,7 @@ bool frmCheckSite::Check() {
     QElapsedTimer shown;
     shown.start();
     Report = {};
+    ShowFindings();
     StopWanted = false;
     Report.Looking = [&](const std::string& path) {
         if (shown.elapsed() < Pause)
@@ -138,14 +139,14 @@ std::vector<Finding> frmCheckSite::Ticked() const {
     std::vector<Finding> ticked;
     for (int i = 0; i < Form->trvFindings->topLevelItemCount(); ++i)
         if (Form->trvFindings->topLevelItem(i)->checkState(FileColumn) == Qt::Checked)
-            ticked.push_back(Report.Findings[static_cast<std::size_t>(i)]);
+            ticked.push_back(Report.Findings.at(static_cast<std::size_t>(i)));
     return ticked;
 }
 
 bool frmCheckSite::MayMend(const std::vector<Finding>& findings) const {
     return TheDesktop().ShowMessage({.Text = "Mend " + Counted(findings.size(), "thing", "things") +
-                                             "? A copy of each file that is changed goes below " +
-                                             Global().Work_path + "SITECHK\\.",
+                                             "? A copy of each file that is changed goes below\r\n" +
+                                             Global().Work_path + "SITECHK\\",
                                      .Title = Title,
                                      .Picture = Icon::Question,
                                      .Choices = Buttons::YesNo}) == Answer::Yes;
@@ -169,7 +170,7 @@ void frmCheckSite::cmdMend_Click() {
         for (const std::string& failure : mended.Failed)
             text += "\r\n" + failure;
         if (!mended.Copies.empty())
-            text += "\r\n\r\nWhat was there before lies in " + mended.Copies;
+            text += "\r\n\r\nWhat was there before lies in\r\n" + mended.Copies;
         TheDesktop().ShowMessage({.Text = text,
                                   .Title = Title,
                                   .Picture = mended.Failed.empty() ? Icon::Information : Icon::Exclamation});

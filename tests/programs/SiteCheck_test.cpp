@@ -114,6 +114,7 @@ TEST_F(CheckedSite, ReadsEveryFileOfADatabase) {
                             Database + "NORTH.REF: is damaged: its header line is not of 31 characters"));
     std::filesystem::remove(Drives::HostPath(Database + "IDEALS.DAT"));
     EXPECT_EQ(Found()[1], Database + ": lacks files of the coordinate database");
+    EXPECT_EQ(Found().size(), 5U) << "the others are read all the same";
 }
 
 TEST_F(CheckedSite, GoesOnBehindWhatCannotBeRead) {

@@ -80,14 +80,14 @@ TEST_F(frmCheckSiteTest, ListsWhatIsWrongAndMendsWhatIsTicked) {
     EXPECT_THAT(Rows(), ElementsAre("+D:\\TARVEX\\INIT\\DAM.PTH|3|is blank|Take the line out", ofIndex));
     EXPECT_NE(Summary().find("2 things are wrong, 1 of them can be mended."), std::string::npos);
     const std::string question =
-        "Mend 1 thing? A copy of each file that is changed goes below C:\\TARVEX\\WORK\\SITECHK\\.";
+        "Mend 1 thing? A copy of each file that is changed goes below\r\nC:\\TARVEX\\WORK\\SITECHK\\";
     Desktop.ExpectMessage("Check the Site", question, Answer::No);
     Click(*Form, "cmdMend");
     EXPECT_EQ(FileLines(Init + "DAM.PTH").size(), 3U);
     Desktop.ExpectMessage("Check the Site", question, Answer::Yes);
     Desktop.ExpectMessageTitled("Check the Site");
     Click(*Form, "cmdMend");
-    EXPECT_EQ(Desktop.Shown.back().Text.find("1 mended.\r\n\r\nWhat was there before lies in "
+    EXPECT_EQ(Desktop.Shown.back().Text.find("1 mended.\r\n\r\nWhat was there before lies in\r\n"
                                              "C:\\TARVEX\\WORK\\SITECHK\\"),
               0U)
         << Desktop.Shown.back().Text;
