@@ -33,10 +33,14 @@ bool ReadNumbers(std::string_view& text, char separator, std::array<int, count>&
     return true;
 }
 
+constexpr int LastYear = 9999;
+
 long long DaysOf(const std::string& date) {
     std::string_view rest = date;
     std::array<int, 3> part{};
-    if (!ReadNumbers(rest, '/', part) || !rest.empty())
+    // The calendar's own parts are narrower than the numbers of a text: a month of 257 would be January.
+    const bool read = ReadNumbers(rest, '/', part) && rest.empty();
+    if (!read || part[0] > 12 || part[1] > 31 || part[2] > LastYear)
         throw RunTimeError(TypeMismatch, date);
     const std::chrono::year_month_day day{std::chrono::year(part[2]),
                                           std::chrono::month(static_cast<unsigned>(part[0])),

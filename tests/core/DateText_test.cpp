@@ -45,7 +45,8 @@ TEST(SecondsOf, CountsFromTheDayZeroOfDateNumbers) {
 }
 
 TEST(SecondsOf, RaisesTypeMismatchForAnythingElse) {
-    for (const char* date : {"yesterday", "13/1/2026", "2/30/2026", "1/2", "1/2/2026x", "-1/2/2026"})
+    for (const char* date : {"yesterday", "13/1/2026", "2/30/2026", "1/2", "1/2/2026x", "-1/2/2026",
+                             "257/1/2026", "1/257/2026", "1/2/67562", "1/2/10000"})
         EXPECT_THROW(SecondsOf(date, ""), RunTimeError) << date;
     for (const char* time : {"noon", "25:00:00", "13:00:00 PM", "1:60:00", "1:2"})
         EXPECT_THROW(SecondsOf("", time), RunTimeError) << time;
