@@ -13,6 +13,13 @@ if(DORVANE_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+if(DORVANE_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(DORVANE_ODR)
+  add_compile_options(-O0 -flto)
+endif()
 
 # dorvane_room(NAME USES libs...): the logic of one folder as a static library dorvane_NAME.
 function(dorvane_room name)
