@@ -110,7 +110,11 @@ TEST_F(Help, OpensAtItsContentsOnTheFirstPage) {
 TEST_F(Help, OpensAtItsIndexReadyToType) {
     ShowHelpIndex("Main");
     EXPECT_EQ(Tab(), QStringLiteral("&Index"));
-    EXPECT_EQ(Viewer().focusWidget(), &Control<QLineEdit>(Viewer(), "txtIndex"));
+    auto& field = Control<QLineEdit>(Viewer(), "txtIndex");
+    EXPECT_EQ(Viewer().focusWidget(), &field);
+    QTest::keyClicks(&field, QStringLiteral("bias"));
+    ShowHelpIndex("Main");
+    EXPECT_EQ(field.selectedText(), QStringLiteral("bias"));  // what is typed next takes its place
 }
 
 TEST_F(Help, FindsAPageByItsIndex) {
@@ -292,6 +296,9 @@ TEST_F(Help, UsesItsWindowAgain) {
     ShowHelpContents("Main");
     EXPECT_EQ(&Viewer(), first);
     EXPECT_TRUE(Viewer().isVisible());
+    Viewer().showMinimized();
+    ShowHelpContents("Main");
+    EXPECT_FALSE(Viewer().isMinimized());
 }
 
 TEST_F(Help, StaysWithinReachBesideAModalScreen) {

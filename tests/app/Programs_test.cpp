@@ -3,6 +3,7 @@
 
 #include <QtTest/qtestspontaneevent.h>
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -150,15 +151,18 @@ TEST_F(AwaitedPrograms, LetTheWindowsBehindThemBePainted) {
 
 TEST_F(AwaitedPrograms, AreNamedInTheLowerCornerOfTheScreen) {
     Behind.move(0, 0);
+    QString named;
     QRect place;
     QRect room;
     WhenReady([&] {
         EXPECT_TRUE(QTest::qWaitFor([] { return Offer() != nullptr; }, 60000));
+        named = Offer()->findChild<QLabel*>()->text();
         place = Offer()->frameGeometry();
         room = Offer()->screen()->availableGeometry();
         Drives::DeleteFile(Go);
     });
     RunChild(Impatient);
+    EXPECT_EQ(named, QStringLiteral("CHILD.EXE is running ..."));
     EXPECT_TRUE(room.contains(place));
     EXPECT_LT(room.bottom() - place.bottom(), 60);
     EXPECT_LT(room.right() - place.right(), 60);

@@ -10,6 +10,7 @@
 
 #include "app/QtDesktop.h"
 #include "app/SharedWaitWindow.h"
+#include "core/widgets/Later.h"
 #include "core/widgets/ScreenText.h"
 #include "tests/support/ScreenTest.h"
 #include "tests/support/TestSite.h"
@@ -57,6 +58,20 @@ TEST_F(SharedWaits, AreLeftByTheirButtonAndByEscape) {
         EXPECT_FALSE(wait->GoOn("held"));
     }
     EXPECT_EQ(Window(), nullptr);
+}
+
+TEST_F(SharedWaits, HoldBackWhatWasToComeNextUntilTheyAreOver) {
+    bool came = false;
+    {
+        const std::unique_ptr<SharedWait> wait = Screen.BeginSharedWait();
+        EXPECT_TRUE(wait->GoOn("held"));
+        QTimer::singleShot(0, qApp, [&] { CallLater(qApp, [&] { came = true; }); });
+        for (int i = 0; i < 3; ++i)
+            EXPECT_TRUE(wait->GoOn("held"));
+        EXPECT_FALSE(came);
+    }
+    HandleEvents();
+    EXPECT_TRUE(came);
 }
 
 TEST_F(SharedWaits, KeepTheOtherWindowsOutOfReach) {

@@ -24,6 +24,8 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     const QTemporaryDir settings;
     QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
+    // The toolkit's own dialogs keep theirs in the native format.
+    for (const QSettings::Format format : {QSettings::IniFormat, QSettings::NativeFormat})
+        QSettings::setPath(format, QSettings::UserScope, settings.path());
     return RUN_ALL_TESTS();
 }
