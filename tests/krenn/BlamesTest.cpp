@@ -215,6 +215,15 @@ TEST(Blames, FewIterationsAreNotTakenForConvergence) {
     EXPECT_THAT(run.unbroken,
                 ContainsRegex("After 2 iterations the largest correction is still [-0-9.e]+ m"));
     EXPECT_THAT(run.unbroken, HasSubstr("The worst residuals at the last iteration"));
+    constexpr std::string_view Mark = "v/sigma = ";
+    std::vector<double> worst;
+    for (std::size_t place = run.unbroken.find(Mark); place != std::string::npos;
+         place = run.unbroken.find(Mark, place + 1))
+        worst.push_back(std::stod(run.unbroken.substr(place + Mark.size())));
+    ASSERT_GT(worst.size(), 5U);
+    EXPECT_LT(*std::min_element(worst.begin(), worst.end()), 0) << "the sign tells nothing of the size";
+    EXPECT_TRUE(std::is_sorted(worst.begin(), worst.end(),
+                               [](double a, double b) { return std::abs(a) > std::abs(b); }));
 }
 
 // Two targets booked for each other at a station that nothing else holds in place.
