@@ -99,9 +99,56 @@ std::string Above(const std::string& host, const std::string& start) {
     return host.size() <= start.size() || slash == std::string::npos ? start : host.substr(0, slash + 1);
 }
 
+bool LiesBelow(const std::string& path, const std::string& root) {
+    return path.compare(0, root.size(), root) == 0 &&
+           (path.size() == root.size() || path[root.size()] == '/');
+}
+
+std::string WithoutTrailingSlash(std::string path) {
+    while (path.size() > 1 && path.back() == '/')
+        path.pop_back();
+    return path;
+}
+
+bool BeginsWith(const std::string& path, const std::string& folder) {
+    return EqualIgnoringCase(Left(path, static_cast<int>(folder.size())), folder);
+}
+
+// A link on the way to a folder that the profile names is the site's own, and so is one in a folder that the
+// profile frees.
+bool IsAllowed(const std::string& link) {
+    const Globals& global = Global();
+    for (const std::string* folder :
+         {&global.Data_drive, &global.Calib_path, &global.Coord_path, &global.Init_path, &global.Param_path,
+          &global.Temp_path, &global.Work_path, &global.Download_path})
+        if (BeginsWith(*folder, link))
+            return true;
+    return std::any_of(global.LinkFolders->begin(), global.LinkFolders->end(),
+                       [&](const std::string& folder) { return BeginsWith(link, folder); });
+}
+
+// Raises where a part is a link that leads nowhere or out of `root`, that of the drive or of the last link on
+// the way, and the profile does not allow it. What lies behind such a link belongs to somebody else.
+void CheckLink(const std::string& host, std::string& root) {
+    if (!Global().LinkFolders || Host::LinkTarget(host).empty())
+        return;
+    const std::string target = WithoutTrailingSlash(Host::RealPath(host));
+    root = WithoutTrailingSlash(Host::RealPath(root));
+    if (root == "/" || (Host::Inspect(host).Exists && LiesBelow(target, root)))
+        return;
+    const std::string link = DrivePath(host);
+    if (!IsAllowed(link + "\\")) {
+        RunTimeError error(PermissionDenied);
+        error.Description = link + " is a link that leads nowhere or out of its drive.";
+        throw error;
+    }
+    root = target;
+}
+
 // `path` with "/" for its links, found part by part. Parts that are not there stand as given.
 std::string FindParts(std::string host, std::string_view path) {
     const std::string start = host;
+    std::string root = host;
     bool there = true;
     while (!path.empty()) {
         const std::size_t end = path.find('\\');
@@ -115,8 +162,10 @@ std::string FindParts(std::string host, std::string_view path) {
             continue;
         }
         const std::optional<std::string> found = there ? HostNameIn(host, part) : std::nullopt;
-        there = found.has_value();
         host += found.value_or(Utf8FromText(part));
+        if (there)
+            CheckLink(host, root);
+        there = found.has_value();
         if (end != std::string_view::npos)
             host += '/';
     }
@@ -128,11 +177,6 @@ struct DrivePlace {
     char Letter = 'Z';
     std::size_t Length = 0;
 };
-
-bool LiesBelow(const std::string& path, const std::string& root) {
-    return path.compare(0, root.size(), root) == 0 &&
-           (path.size() == root.size() || path[root.size()] == '/');
-}
 
 // The drive whose link the path goes through as it stands, which also tells where a file is to be that is not
 // there yet. The drive of the host's root names no place of its own.
@@ -186,12 +230,6 @@ bool MatchesFrom(std::string_view name, std::string_view pattern) {
 
 Entry EntryOf(std::string name, const Host::FileInfo& info) {
     return {std::move(name), info.IsFolder, info.Size, info.Modified};
-}
-
-std::string WithoutTrailingSlash(std::string path) {
-    while (path.size() > 1 && path.back() == '/')
-        path.pop_back();
-    return path;
 }
 
 void LayOutDrives(const std::string& folder) {

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "core/Desktop.h"
 #include "core/List1.h"
@@ -44,7 +46,9 @@ struct Globals {
 
     std::string ProgramFolder;  // the program's folder as a drive path; empty: where the executable lies
     std::string DrivesFolder;   // host folder of the drive links
-    char CurrentDrive = 0;      // letter of the current drive; 0: where the process was started
+    // Folders in which links may lead out of their drive; not set, as before the profile is read: anywhere.
+    std::optional<std::vector<std::string>> LinkFolders;
+    char CurrentDrive = 0;                 // letter of the current drive; 0: where the process was started
     std::string InstanceName = "dorvane";  // what a second copy is known by
     std::intptr_t InstanceClaim = -1;      // the claim on it, -1 while there is none
     Desktop* OwnDesktop = nullptr;         // not owned

@@ -55,11 +55,27 @@ void InstallProfile(const Profile& profile, const std::string& windowsPath) {
         Drives::CopyFile(AppPath() + "system\\" + profile.Name, installed);
 }
 
+// The program's own folders, and those that the profile names: key "Folders" of section "Links", with ";"
+// between them.
+std::vector<std::string> ReadLinkFolders() {
+    std::vector<std::string> folders{GetWindowsPath(), AppPath()};
+    std::string names = IniReadString(MainProfile, "Links", "Folders") + ";";
+    for (std::size_t end = names.find(';'); end != std::string::npos; end = names.find(';')) {
+        std::string folder = Trim(names.substr(0, end));
+        if (!folder.empty())
+            folders.push_back(folder.back() == '\\' ? folder : folder + "\\");
+        names.erase(0, end + 1);
+    }
+    std::erase(folders, "");
+    return folders;
+}
+
 void ReadGlobals() {
     for (const PathKey& path : PathKeys)
         Global().*path.Value = IniReadString(MainProfile, InfoSection, path.Key);
     // Any other value than the two, one beyond 16 bits as well, stands for the managed tree.
     Global().Path_type = std::nearbyint(IniReadNumber(MainProfile, InfoSection, "Path_type")) == 2 ? 2 : 1;
+    Global().LinkFolders = ReadLinkFolders();
 }
 
 // A path that leads nowhere becomes empty; every one is tested, whatever the others gave.

@@ -150,6 +150,42 @@ TEST_F(DrivesTest, KeepsAFolderThatLeadsOutOfTheDriveOnTheDrive) {
     EXPECT_EQ(Drives::DrivePath(Site.HostFolder() + "d:/LINK/A.TXT"), "D:\\LINK\\A.TXT");
 }
 
+TEST_F(DrivesTest, FollowsNoLinkOutOfADriveUnlessThatIsAllowed) {
+    const std::string elsewhere = Site.HostFolder() + "elsewhere";
+    std::filesystem::create_directory(elsewhere);
+    PutFile("D:\\OWN\\A.TXT", "own");
+    std::filesystem::create_directory_symlink(elsewhere, Site.HostFolder() + "d:/OUT");
+    std::filesystem::create_directory_symlink(Site.HostFolder() + "d:/OWN", Site.HostFolder() + "d:/IN");
+    std::filesystem::create_symlink(elsewhere + "/NEW.TXT", Site.HostFolder() + "d:/NEW.TXT");
+    Drives::WriteFile("D:\\OUT\\B.TXT", "before the profile is read");
+    Global().LinkFolders.emplace();
+    for (const char* path : {"D:\\OUT\\B.TXT", "d:\\out\\C.TXT", "D:\\OUT\\", "D:\\NEW.TXT"})
+        EXPECT_EQ(NumberRaised([&] { Drives::HostPath(path); }), PermissionDenied) << path;
+    EXPECT_EQ(NumberRaised([] { Drives::WriteFile("D:\\NEW.TXT", "x"); }), PermissionDenied);
+    EXPECT_FALSE(std::filesystem::exists(elsewhere + "/NEW.TXT"));
+    EXPECT_FALSE(FileExists("D:\\OUT\\B.TXT"));
+    EXPECT_EQ(Drives::List("D:\\").size(), 3U) << "a link to what is there is listed as it is";
+    EXPECT_EQ(FileContent("D:\\IN\\A.TXT"), "own");
+    EXPECT_TRUE(Drives::IsThere("Z:" + std::string("\\proc\\self\\exe")));
+    Global().LinkFolders = {"D:\\OUT\\"};
+    EXPECT_EQ(FileContent("D:\\OUT\\B.TXT"), "before the profile is read");
+    EXPECT_EQ(NumberRaised([] { Drives::WriteFile("D:\\NEW.TXT", "x"); }), PermissionDenied);
+}
+
+TEST_F(DrivesTest, FollowsTheLinksOnTheWayToAFolderOfTheProfile) {
+    const std::string site = Site.HostFolder() + "site";
+    std::filesystem::create_directories(site + "/DATA/OWN");
+    std::filesystem::create_directory(Site.HostFolder() + "elsewhere");
+    std::filesystem::create_directory_symlink(site, Site.HostFolder() + "d:/SITE");
+    std::filesystem::create_directory_symlink(site + "/DATA/OWN", site + "/DATA/IN");
+    std::filesystem::create_directory_symlink(Site.HostFolder() + "elsewhere", site + "/DATA/OUT");
+    Global().LinkFolders.emplace();
+    Global().Data_drive = "D:\\SITE\\DATA\\";
+    EXPECT_TRUE(Drives::IsThere("D:\\site\\DATA\\OWN"));
+    EXPECT_TRUE(Drives::IsThere("D:\\SITE\\DATA\\IN")) << "it stays behind the link before it";
+    EXPECT_EQ(NumberRaised([] { Drives::HostPath("D:\\SITE\\DATA\\OUT\\A.TXT"); }), PermissionDenied);
+}
+
 TEST_F(DrivesTest, ListsTheDrivesThatAreThere) {
     EXPECT_EQ(Drives::DriveLetters(), "CDPZ");
 }

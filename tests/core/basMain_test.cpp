@@ -92,6 +92,16 @@ TEST_F(StartUp, ReadsTheGlobalsAndAppendsTheBackslash) {
     EXPECT_TRUE(Global().PrinterPresent);
 }
 
+TEST_F(StartUp, ReadsWhereLinksMayLeadOutOfTheirDrive) {
+    EXPECT_FALSE(Global().LinkFolders);
+    InitializeGolbals();
+    EXPECT_EQ(Global().LinkFolders, (std::vector<std::string>{"C:\\WINDOWS\\", "P:\\DORVANE\\"}));
+    IniWriteString("dv_tarvex.ini", "Links", "Folders", "D:\\ARCHIVE ; E:\\;;");
+    InitializeGolbals();
+    EXPECT_EQ(Global().LinkFolders,
+              (std::vector<std::string>{"C:\\WINDOWS\\", "P:\\DORVANE\\", "D:\\ARCHIVE\\", "E:\\"}));
+}
+
 TEST_F(StartUp, RunsWithOneForAnyOtherPathTypeAndKeepsTheFile) {
     Site.LayOut();
     for (const char* value : {"7", "3", "", "x", "0"}) {
