@@ -41,8 +41,8 @@ std::string IndexWith(const UploadJob& job) {
                      SurveyIndexLine(base, Mid(job.TargetName, point + 1), base, job.FileDate));
 }
 
-// The target and its index line, which come together or not at all.
-std::vector<FileChange> ChangesOf(const UploadJob& job, bool extends, bool listed) {
+// The target and its index line.
+std::vector<FileChange> ChangesOf(const UploadJob& job, bool extends) {
     const std::string source = job.FromPath + job.FileName;
     const std::string target = job.ToPath + job.TargetName;
     std::vector<FileChange> changes;
@@ -50,8 +50,7 @@ std::vector<FileChange> ChangesOf(const UploadJob& job, bool extends, bool liste
         changes.push_back({target, WithLines(Drives::ReadFile(target), LinesOf(source), AppendTo::LastLine)});
     else
         changes.push_back({target, Drives::ReadFile(source), source});
-    if (listed)
-        changes.push_back({job.ToPath + job.SurveyIndexName, IndexWith(job)});
+    changes.push_back({job.ToPath + job.SurveyIndexName, IndexWith(job)});
     return changes;
 }
 
@@ -60,21 +59,54 @@ void TellExistingTarget(const UploadJob& job) {
                 "File already exists");
 }
 
+bool MayExtend(const UploadJob& job, const UploadKeys& keys) {
+    return keys.Append && job.TargetName == job.FileName;
+}
+
+// Places the file and its index line in one change, so that whatever ends the program leaves both or neither.
+// Where that cannot be done nothing is: the single steps tell which of them fails, and leave what is done.
+UploadedFile PlaceListed(const UploadJob& job, const UploadKeys& keys) {
+    UploadedFile file;
+    const bool exists = FileExists(job.ToPath + job.TargetName);
+    if (!keys.InSurveyIndex || (exists && !MayExtend(job, keys)))
+        return file;
+    try {
+        ReplaceInOrder(ChangesOf(job, exists));
+        file.Placed = exists ? UploadedFile::Placing::Appended : UploadedFile::Placing::Copied;
+        file.Listed = true;
+    } catch (const RunTimeError&) {
+    }
+    return file;
+}
+
+bool ListInIndex(const UploadJob& job) {
+    const int point = InStr(job.TargetName, ".");
+    if (point == 0)
+        throw RunTimeError(InvalidProcedureCall);
+    const std::string base = Left(job.TargetName, point - 1);
+    return UpdateSrvIdx(job.ToPath, job.SurveyIndexName, base, Mid(job.TargetName, point + 1), base,
+                        job.FileDate);
+}
+
 // Holds the target folder as long as it looks and writes, and not while the operator reads a message.
-UploadedFile::Placing Place(const UploadJob& job, const UploadKeys& keys, Guard& guard) {
+UploadedFile Place(const UploadJob& job, const UploadKeys& keys, Guard& guard) {
     using Placing = UploadedFile::Placing;
-    Placing placed = Placing::Failed;
-    guard.Run([&] {
+    UploadedFile file;
+    bool exists = false;
+    const bool looked = guard.Run([&] {
         const FolderLock lock(job.ToPath);
-        const bool exists = FileExists(job.ToPath + job.TargetName);
-        if (exists && (!keys.Append || job.TargetName != job.FileName)) {
-            placed = Placing::Refused;
+        file = PlaceListed(job, keys);
+        exists = file.Placed == Placing::Failed && FileExists(job.ToPath + job.TargetName);
+        if (file.Placed != Placing::Failed || exists)
             return;
-        }
-        ReplaceInOrder(ChangesOf(job, exists, keys.InSurveyIndex));
-        placed = exists ? Placing::Appended : Placing::Copied;
+        Drives::CopyFile(job.FromPath + job.FileName, job.ToPath + job.TargetName);
+        file.Placed = Placing::Copied;
     });
-    return placed;
+    if (looked && exists && !MayExtend(job, keys))
+        file.Placed = Placing::Refused;
+    else if (looked && exists && AppendDataFile(job.FromPath, job.ToPath, job.TargetName))
+        file.Placed = Placing::Appended;
+    return file;
 }
 
 bool PrintUploaded(const std::string& printProgram, const std::string& fromPath, const std::string& toPath,
@@ -101,12 +133,16 @@ UploadedFile UploadOneFile(const UploadJob& job) {
     UploadedFile file;
     Guarded("basUpload-UploadFile", [&](Guard& guard) {
         const UploadKeys keys = ReadUploadKeys(job.DataTypeName, BehindFirstPoint(job.FileName));
-        file.Placed = Place(job, keys, guard);
+        file = Place(job, keys, guard);
         if (file.Placed == UploadedFile::Placing::Refused)
             TellExistingTarget(job);
         if (file.Placed != UploadedFile::Placing::Copied && file.Placed != UploadedFile::Placing::Appended)
             return;
-        file.Listed = keys.InSurveyIndex;
+        if (keys.InSurveyIndex && !file.Listed) {
+            file.Listed = ListInIndex(job);
+            if (!file.Listed)
+                return;
+        }
         if (job.Print && !keys.PrintProgram.empty() &&
             !PrintUploaded(keys.PrintProgram, job.FromPath, job.ToPath, job.FileName, job.TargetName))
             return;

@@ -18,8 +18,9 @@ namespace Dorvane {
 ///
 /// True when all was done. False when the target exists and may not be extended: a message says so, and
 /// nothing is touched. False also when a step failed, which was reported as "basUpload-UploadFile" or by the
-/// step's own name. The target and its line in the index come together or not at all; a failure behind them
-/// leaves the source under its old name. A source is never renamed unless its copy is whole on disk.
+/// step's own name: what was done before it stays, and the source keeps its old name. A program that is ended
+/// leaves the target with its line in the index, or neither. A source is never renamed unless its copy is
+/// whole on disk.
 bool UploadFile(const std::string& fromPath, const std::string& toPath, const std::string& fileName,
                 const std::string& fileDate, const std::string& surveyIndexName, std::int16_t printFlag,
                 const std::string& dataTypeName);

@@ -62,6 +62,35 @@ void ExpectShape(Sketch& sketch, double bound = 0.05, double scale = 1) {
     }
 }
 
+// Between heights that nothing determines a slope is as good as the plan distance below it, whose standard
+// error is larger: d h = s / h d s.
+TEST(ReduceToHeldHeights, CarriesTheStandardErrorToThePlan) {
+    Network network;
+    network.points.resize(3);
+    Structure structure;
+    structure.roles.resize(3);
+    for (auto& role : structure.roles)
+        role.heightGroup = -1;
+    structure.roles[2].heightGroup = 0;
+    State state;
+    state.at = {{0, 0, 0}, {3, 0, 4}, {0, 0, 5}};
+    Measure slope;
+    slope.kind = MeasureKind::SlopeDistance;
+    slope.from = 0;
+    slope.to = 1;
+    slope.value = 5;
+    slope.sigma = 0.003;
+    Measure steep = slope;
+    steep.to = 2;
+    structure.measures = {slope, steep};
+    ReduceToHeldHeights(structure, network, state);
+    EXPECT_EQ(structure.measures[0].kind, MeasureKind::HorizontalDistance);
+    EXPECT_DOUBLE_EQ(structure.measures[0].value, 3);
+    EXPECT_DOUBLE_EQ(structure.measures[0].sigma, 0.005);
+    EXPECT_EQ(structure.measures[1].kind, MeasureKind::SlopeDistance) << "nothing of it lies in plan";
+    EXPECT_EQ(structure.measures[1].sigma, 0.003);
+}
+
 TEST(Crossings, MeetKnownGeometry) {
     const Locus north{Locus::Shape::Ray, {0, 0}, 0, 0};
     const Locus circle{Locus::Shape::Circle, {3, 0}, 0, 5};

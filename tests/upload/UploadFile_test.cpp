@@ -124,7 +124,7 @@ TEST_F(UploadFileTest, ReportsTheIndexLineOfANameWithoutPoint) {
                           "Error : 5\r\n\r\nDescription : Invalid procedure call or argument\r\n\r\nSource : "
                           "Dorvane-basUpload-UploadFile");
     EXPECT_FALSE(Upload("README"));
-    EXPECT_EQ(AllFiles(To), Names{Index});
+    EXPECT_EQ(FileContent(To + "README"), "x");
     EXPECT_EQ(FileContent(To + Index), IndexHead);
     EXPECT_EQ(AllFiles(From), Names{"README"});
 }

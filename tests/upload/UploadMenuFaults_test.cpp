@@ -26,7 +26,7 @@ TEST_F(UploadMenuFaults, AFullDiskInTheMiddleOfARunKeepsEverySourceThatHasNoWhol
     for (const char* name : {"A.LEV", "B.LEV", "C.LEV", "D.LEV", "E.LEV"})
         PutSource(name, content + name);
     InFreshProcess([&] {
-        OnSmallDisk(To, 80, [&] {
+        OnSmallDisk(To, 64, [&] {
             ScriptedDesktop desktop;
             PutFile(To + Index, IndexHead);
             frmUploadMenu& screen = Open();
