@@ -53,7 +53,7 @@ TEST(FullNumber, TakesWholeNumbersOnly) {
 }
 
 TEST(UpperCase, FollowsCodePage1252) {
-    EXPECT_EQ(UpperCase("ab1\xE4\xFF\xF7\x9A"), "AB1\xC4\x9F\xF7\x8A");
+    EXPECT_EQ(UpperCase("ab1\xE4\xFF\xF7\x9A\x9C\x9E\xDF"), "AB1\xC4\x9F\xF7\x8A\x8C\x8E\xDF");
 }
 
 TEST(SameText, IgnoresCaseAndBlanksAround) {
