@@ -89,8 +89,10 @@ std::string FormatStructure(const StructureText& structure) {
     for (std::size_t i = 0; i < structure.Groups.size(); ++i) {
         if (i > 0)
             text += "\r\n";
+        const bool last = i + 1 == structure.Groups.size();
+        // An empty line would end the group.
         for (const CodeEntry& entry : structure.Groups[i])
-            text += EntryLine(entry);
+            text += !last && entry == CodeEntry{} ? " \r\n" : EntryLine(entry);
     }
     return text;
 }

@@ -84,4 +84,14 @@ TEST(StructureTextTest, ShowsALineOfBlanksAsAnEntryWithoutName) {
     EXPECT_THAT(structure.Groups[2], ElementsAre(CodeEntry{}));
 }
 
+TEST(StructureTextTest, WritesAnEntryWithoutNameSoThatItsGroupGoesOn) {
+    StructureText structure;
+    EXPECT_EQ(ParseStructure("DAM\r\n\r\n   \r\nNORTH\r\n\r\nLEVEL\r\n\r\n\r\n", 3, structure), "");
+    const std::string written = FormatStructure(structure);
+    EXPECT_EQ(written, "DAM\r\n\r\n \r\nNORTH\r\n\r\nLEVEL\r\n\r\n\r\n");
+    StructureText again;
+    EXPECT_EQ(ParseStructure(written, 3, again), "");
+    EXPECT_EQ(again, structure);
+}
+
 }  // namespace Dorvane::Testing
