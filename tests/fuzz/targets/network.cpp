@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Whole adjustments of small networks. The bytes choose points, rows and settings, mostly well formed and
 // true to a layout of points in space, now and then false, doubled or in nobody's columns.
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "krenn/input/ParameterKeys.h"
 #include "tests/fuzz/targets/AdjustmentRun.h"
@@ -13,18 +15,18 @@ using namespace KrennTest;
 
 namespace {
 
-constexpr std::array<Place, 10> Places10{{{0, 0, 0},
-                                          {100, 3, 2},
-                                          {95, 104, 5},
-                                          {-4, 98, -3},
-                                          {50, 52, 1},
-                                          {150, 50, 40},
-                                          {48, -60, 4},
-                                          {100, 3, 12},     // above the second
-                                          {200, 6, 4},      // in line with the first two
-                                          {0, 0.002, 0}}};  // beside the first
-const std::array<std::string, 10> Names{"A", "B", "C", "D", "E", "F", "G", "ABOVE", "INLINE", "LONGPOINT9"};
-constexpr std::array Sigmas{0.001, 0.0005, 0.01, 0.1, 0.00001, 10.0};
+constexpr std::array<Place, 10> Layout{{{0, 0, 0},
+                                        {100, 3, 2},
+                                        {95, 104, 5},
+                                        {-4, 98, -3},
+                                        {50, 52, 1},
+                                        {150, 50, 40},
+                                        {48, -60, 4},
+                                        {100, 3, 12},     // above the second
+                                        {200, 6, 4},      // in line with the first two
+                                        {0, 0.002, 0}}};  // beside the first
+const std::array<std::string, 10> Names{"A", "B", "C", "D", "E", "F", "G", "ABOVE", "INLINE", "LONGPOINT"};
+constexpr std::array Sigmas{0.001, 0.0005, 0.01, 0.1, 0.00001, 1.0};
 constexpr std::array Sizes{1.0, 1.0, 1.0, 0.01, 1000.0};
 constexpr std::array Types{Krenn::Type::SparseInverse, Krenn::Type::Sparse, Krenn::Type::Dense,
                            Krenn::Type::L1Norm};
@@ -36,7 +38,7 @@ struct Site {
     InputText text;
 
     Place At(unsigned i) const {
-        Place place = Places10[i];
+        Place place = Layout[i];
         for (double& coordinate : place)
             coordinate *= size;
         return place;
@@ -57,30 +59,60 @@ void TakePoint(Site& site, Choices& choices, unsigned i) {
         site.text.fixed.push_back(Names[i]);
 }
 
+// Mostly of the size of the standard error, now and then gross.
 double Error(Choices& choices, double sigma) {
-    const double part = choices.Part();
-    return choices.Rarely(16) ? 1000 * part * sigma : 2 * part * sigma;
+    const unsigned byte = choices.Byte();
+    return (static_cast<double>(byte) / 64 - 2) * sigma * (byte > 250 ? 100 : 1);
+}
+
+double Gons(double angle) {
+    const double gons = std::remainder(angle, 400);
+    return gons < 0 ? gons + 400 : gons;
+}
+
+void TakeDistance(Site& site, Choices& choices, unsigned from, unsigned to, double sigma, bool isTracker) {
+    const double length = SlopeLength(site.At(from), site.At(to)) + Error(choices, sigma);
+    site.text.Distance(Names[from], Names[to], std::max(length, 0.0), sigma, isTracker);
+}
+
+void TakeAngles(Site& site, Choices& choices, unsigned from, unsigned to, double sigma, bool hasZenith) {
+    const double direction = AzimuthGons(site.At(from), site.At(to)) - 50 * from + Error(choices, sigma);
+    const double zenith = ZenithGons(site.At(from), site.At(to)) + Error(choices, sigma);
+    site.text.Angles(Names[from], Names[to], Gons(direction), hasZenith ? std::clamp(zenith, 0.0, 199.9) : 0,
+                     sigma);
+}
+
+// All that a station sees of the points behind it in the list, or of all.
+void TakeSetUp(Site& site, Choices& choices, unsigned from) {
+    const unsigned what = choices.Byte();
+    const double sigma = choices.OneOf(Sigmas);
+    for (unsigned to = (what & 1) != 0 ? 0 : from + 1; to < site.points; ++to) {
+        if (to == from)
+            continue;
+        TakeAngles(site, choices, from, to, sigma, (what & 6) != 0);
+        if ((what & 8) != 0)
+            TakeDistance(site, choices, from, to, sigma, (what & 0x30) == 0x30);
+    }
 }
 
 void TakeRow(Site& site, Choices& choices) {
-    const unsigned kind = choices.Below(8);
+    const unsigned kind = choices.Below(10);
     const unsigned from = choices.Below(site.points);
     unsigned to = choices.Below(site.points);
-    if (from == to && !choices.Rarely(32))
+    if (from == to && !choices.Rarely(200))
         to = (to + 1) % site.points;
     const double sigma = choices.OneOf(Sigmas);
-    const double error = Error(choices, sigma);
-    const Place a = site.At(from);
-    const Place b = site.At(to);
     if (kind < 2)
-        site.text.Distance(Names[from], Names[to], SlopeLength(a, b) + error, sigma, choices.Rarely(4));
+        TakeDistance(site, choices, from, to, sigma, choices.Rarely(4));
     else if (kind < 3)
-        site.text.Height(Names[from], Names[to], b[2] - a[2] + error, sigma);
-    else if (kind < 4)
+        site.text.Height(Names[from], Names[to], site.At(to)[2] - site.At(from)[2] + Error(choices, sigma),
+                         sigma);
+    else if (kind < 4 && from != to)
         site.text.pairs.push_back(Names[from] + "   " + Names[to]);
+    else if (kind < 7)
+        TakeAngles(site, choices, from, to, sigma, !choices.Rarely(4));
     else
-        site.text.Angles(Names[from], Names[to], AzimuthGons(a, b) + error,
-                         choices.Rarely(4) ? 0 : ZenithGons(a, b) + error / 2, sigma);
+        TakeSetUp(site, choices, from);
 }
 
 std::string Settings(Choices& choices) {
@@ -116,7 +148,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Choices choices(data, size);
     const Krenn::Type type = choices.OneOf(Types);
     const std::string settings = Settings(choices);
-    const bool spoilt = choices.Rarely(8);
+    const bool spoilt = choices.Rarely(16);
     Site site{2 + choices.Below(Names.size() - 1), choices.OneOf(Sizes), {}};
     for (unsigned i = 0; i < site.points; ++i)
         TakePoint(site, choices, i);
