@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "programs/sitecheck/SiteMend.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>

@@ -12,6 +12,7 @@
 #include "core/ReportError.h"
 #include "core/widgets/Pictures.h"
 #include "core/widgets/ScreenText.h"
+#include "programs/sitecheck/SiteCheck.h"
 #include "ui_frmCheckSite.h"
 
 namespace Dorvane {

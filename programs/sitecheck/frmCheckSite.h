@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/widgets/Screen.h"
-#include "programs/sitecheck/SiteCheck.h"
+#include "programs/sitecheck/SiteMend.h"
 
 class QTreeWidgetItem;
 
