@@ -11,6 +11,7 @@
 #include "adjustment/InputHeader.h"
 #include "adjustment/OutputReader.h"
 #include "adjustment/Versions.h"
+#include "core/FileThere.h"
 #include "core/Globals.h"
 #include "core/ReportError.h"
 #include "core/basGeneral.h"
@@ -75,7 +76,7 @@ std::optional<std::string> AskTarget(const ExportKind& kind, std::string folder,
 }
 
 bool MayWrite(const std::string& path) {
-    if (!FileExists(path))
+    if (!Drives::IsFile(path))
         return true;
     Message question{"File " + path + " already exists!  Do you wish to overwrite?", "Project Exists",
                      Icon::Question, Buttons::YesNo, Answer::No};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "adjustment/InputHeader.h"
 
+#include "core/FileThere.h"
 #include "core/Globals.h"
 #include "core/basGeneral.h"
 
@@ -20,7 +21,7 @@ KeywordLine ReadKeywordLine(LineReader& reader) {
 int ReadInputHeader(const std::string& folder, const std::string& fileName, std::string& project,
                     std::string& task, std::string& date) {
     const std::string path = folder + fileName;
-    if (!FileExists(path)) {
+    if (!Drives::IsFile(path)) {
         TheDesktop().ShowMessage({"File " + path + " does not exist!", "File Not Found", Icon::Stop});
         return 0;
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/LineWriter.h"
 
+#include "core/FileThere.h"
 #include "core/FolderLock.h"
 #include "core/LineReader.h"
 #include "core/basGeneral.h"
@@ -38,7 +39,7 @@ std::string WithLines(const std::string& former, const std::string& lines, Appen
 
 void LineAppender::Close() {
     const FolderLock lock(Drives::FolderPart(Path));
-    const std::string former = FileExists(Path) && !Buffer.empty() ? Drives::ReadFile(Path) : "";
+    const std::string former = Buffer.empty() ? "" : Drives::ReadFileIfThere(Path);
     const std::string text = WithLines(former, Buffer, Begin);
     // Old programs read no further than an end-of-file mark, so lines behind it would be lost to them.
     if (text.compare(0, former.size(), former) == 0)

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/Drives.h"
+#include "core/FileThere.h"
 #include "core/FolderLock.h"
 #include "core/LineReader.h"
 #include "core/LineWriter.h"
@@ -54,7 +55,7 @@ std::string WithoutQuotes(const std::string& value) {
 
 std::vector<std::string> LinesOf(const std::string& path) {
     std::vector<std::string> lines;
-    if (!FileExists(path))
+    if (!Drives::IsFile(path))
         return lines;
     LineReader reader(path);
     while (!reader.AtEnd())
@@ -88,7 +89,7 @@ void SetKey(std::vector<std::string>& lines, std::string_view section, std::stri
 
 std::optional<std::string> FindValue(const std::string& path, std::string_view section,
                                      std::string_view key) {
-    if (!FileExists(path))
+    if (!Drives::IsFile(path))
         return std::nullopt;
     LineReader reader(path);
     bool inside = false;
@@ -106,6 +107,18 @@ std::optional<std::string> FindValue(const std::string& path, std::string_view s
     return std::nullopt;
 }
 
+// Where the drive cannot tell whether there is such a folder this raises: a profile is read and written
+// nowhere else for that.
+std::string ProfileFolder() {
+    const std::string folder = "C:\\WINDOWS\\";
+    return Drives::HasDrive('C') && Drives::IsThere(folder) ? folder : "";
+}
+
+std::optional<std::string> FindText(std::string_view file, std::string_view section, std::string_view key) {
+    const std::optional<std::string> value = FindValue(ProfileFolder() + std::string(file), section, key);
+    return value ? std::optional(StripAtNul(Left(*value, LongestValue))) : std::nullopt;
+}
+
 }  // namespace
 
 std::string IniReadString(std::string_view file, std::string_view section, std::string_view key) {
@@ -115,12 +128,14 @@ std::string IniReadString(std::string_view file, std::string_view section, std::
 std::optional<std::string> IniFindString(std::string_view file, std::string_view section,
                                          std::string_view key) {
     try {
-        const std::optional<std::string> value =
-            FindValue(GetWindowsPath() + std::string(file), section, key);
-        return value ? std::optional(StripAtNul(Left(*value, LongestValue))) : std::nullopt;
+        return FindText(file, section, key);
     } catch (const RunTimeError&) {
         return std::nullopt;  // the profile layer reports nothing: what cannot be read is absent
     }
+}
+
+std::string IniReadStringOrRaise(std::string_view file, std::string_view section, std::string_view key) {
+    return FindText(file, section, key).value_or("");
 }
 
 double IniReadNumber(std::string_view file, std::string_view section, std::string_view key) {
@@ -140,8 +155,9 @@ void IniWriteString(std::string_view file, std::string_view section, std::string
 
 void IniWriteSettings(std::string_view file, const std::vector<IniSetting>& settings) {
     try {
-        const FolderLock lock(GetWindowsPath());
-        const std::string path = GetWindowsPath() + std::string(file);
+        const std::string folder = ProfileFolder();
+        const FolderLock lock(folder);
+        const std::string path = folder + std::string(file);
         std::vector<std::string> lines = LinesOf(path);
         const std::vector<std::string> former = lines;
         for (const IniSetting& setting : settings)

@@ -18,6 +18,10 @@ std::string IniReadString(std::string_view file, std::string_view section, std::
 std::optional<std::string> IniFindString(std::string_view file, std::string_view section,
                                          std::string_view key);
 
+/// The same value as IniReadString gives, but a profile that cannot be read is raised: for keys that decide
+/// what becomes of files.
+std::string IniReadStringOrRaise(std::string_view file, std::string_view section, std::string_view key);
+
 /// The leading number of such a value, 0 when it has none. Raises nothing: a number beyond the range of a
 /// double is the largest of its sign.
 double IniReadNumber(std::string_view file, std::string_view section, std::string_view key);

@@ -7,6 +7,7 @@
 #include <array>
 
 #include "core/Drives.h"
+#include "core/FileThere.h"
 #include "core/FolderLock.h"
 #include "core/Globals.h"
 #include "core/ReportError.h"
@@ -50,6 +51,8 @@ std::string Question(const std::string& databaseFolder, const std::string& locat
 
 void Restore(Guard& guard, const std::string& location, const UpdateView& view) {
     const std::string databaseFolder = Global().Coord_path + location + "\\";
+    // What another one began there is finished before the operator reads what the backup holds.
+    { const FolderLock lock(databaseFolder); }
     if (!HasBackup(databaseFolder)) {
         TheDesktop().ShowMessage(
             {"There is no complete backup of " + location + ".", "No Backup", Icon::Information});
@@ -79,7 +82,7 @@ std::vector<FileChange> RestoringChanges(const std::string& databaseFolder) {
         const std::string original = databaseFolder + file;
         const std::string backup = databaseFolder + BackupPrefix + file;
         restored.push_back({original, Drives::ReadFile(backup), backup});
-        if (FileExists(original))
+        if (Drives::IsFile(original))
             backups.push_back({backup, Drives::ReadFile(original), original});
     }
     // An index may be behind its data, never before it: on the way to fewer values it goes first.

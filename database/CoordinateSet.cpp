@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "core/Drives.h"
+#include "core/FileThere.h"
 #include "core/LineReader.h"
 #include "core/Text.h"
 #include "core/basGeneral.h"
@@ -171,7 +172,7 @@ std::string CoordinateSet::IndexOf(const std::vector<std::string>& lines) const 
 
 std::optional<FileChange> CoordinateSet::ListWith(const std::vector<std::string>& lines) const {
     FileChange list{Folder + OwnType.ListFile(), ""};
-    const bool exists = FileExists(list.Path);
+    const bool exists = Drives::IsFile(list.Path);
     if (exists)
         list.Content = Drives::ReadFile(list.Path);
     if (!list.Content.empty() && list.Content.back() == EndOfFileMark)

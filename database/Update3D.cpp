@@ -5,6 +5,7 @@
 
 #include <optional>
 
+#include "core/FolderLock.h"
 #include "core/Globals.h"
 #include "core/ReportError.h"
 #include "core/basGeneral.h"
@@ -74,6 +75,8 @@ bool ChoicesAreGood(const UpdateForm& form) {
 // of, or for a file without points.
 std::optional<UpdateOverview> Compared(const std::string& databaseFolder, const std::string& updateFile,
                                        Dbs3DFile& file) {
+    // What another one began there is finished first.
+    const FolderLock lock(databaseFolder);
     try {
         const std::optional<Dbs3DFile> read = PeekDbs3DFile(updateFile);
         if (!read || read->Points.Empty())

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/Drives.h"
+#include "core/FileThere.h"
 #include "core/FolderLock.h"
 #include "core/Globals.h"
 #include "core/LineReader.h"
@@ -79,8 +80,25 @@ std::vector<FileChange> NewCoordFiles(const std::string& folder, const std::stri
 
 std::vector<FileChange> MissingCoordFiles(const std::string& folder, const std::string& location) {
     std::vector<FileChange> files = NewCoordFiles(folder, location);
-    std::erase_if(files, [](const FileChange& file) { return FileExists(file.Path); });
+    std::erase_if(files, [](const FileChange& file) { return Drives::IsFile(file.Path); });
     return files;
+}
+
+// Adds the standard where there is neither it nor the location's own; false after a failure, which is told.
+bool HasBiasBehind(const std::string& location) {
+    if (Global().Init_path.empty())
+        return true;
+    const std::string path = Global().Init_path + BiasFile;
+    bool stands = false;
+    Guarded("basDatabase-AddStandardBias", [&](Guard& guard) {
+        const FolderLock lock(Global().Init_path);
+        List1<double> values;
+        stands = Drives::IsFile(path) && FindBiasOf(guard, location, values);
+        if (!stands)
+            stands = guard.Run(
+                [&] { Drives::WriteFile(path, WithLine(Drives::ReadFileIfThere(path), StandardBias)); });
+    });
+    return stands;
 }
 
 }  // namespace
@@ -94,27 +112,15 @@ bool LacksCoordFiles(const std::string& folder, const std::string& location) {
 }
 
 void WriteLocationNew(const std::string& folder, const std::string& location) {
-    {
-        const FolderLock lock(folder);
-        ReplaceInOrder(MissingCoordFiles(folder, location));
-    }
-    AddStandardBias(location);
+    // The files come last: what lacks them is completed by the next making.
+    if (!HasBiasBehind(location))
+        return;
+    const FolderLock lock(folder);
+    ReplaceInOrder(MissingCoordFiles(folder, location));
 }
 
 void AddStandardBias(const std::string& location) {
-    if (Global().Init_path.empty())
-        return;
-    const std::string path = Global().Init_path + BiasFile;
-    Guarded("basDatabase-AddStandardBias", [&](Guard& guard) {
-        const FolderLock lock(Global().Init_path);
-        List1<double> values;
-        if (FileExists(path) && FindBiasOf(guard, location, values))
-            return;
-        guard.Run([&] {
-            const std::string former = FileExists(path) ? Drives::ReadFile(path) : "";
-            Drives::WriteFile(path, WithLine(former, StandardBias));
-        });
-    });
+    HasBiasBehind(location);
 }
 
 bool MakeCoordBackups(const std::string& folder, std::int32_t typeCode) {

@@ -17,8 +17,9 @@ void WriteCoordNew(const std::string& folder, const std::string& location);
 /// True when one of these files is missing.
 bool LacksCoordFiles(const std::string& folder, const std::string& location);
 
-/// Makes those of a location's files that are missing, and then AddStandardBias: what a new location needs,
-/// or one whose making was broken off.
+/// What a new location needs, or one whose making was broken off: AddStandardBias, and those of its files
+/// that are missing. Where the former fails there are no files: what lacks is then seen, and made by the next
+/// try.
 void WriteLocationNew(const std::string& folder, const std::string& location);
 
 /// Sees to it that a retrieval finds bias values: where BIAS.STR of Init_path is missing, or ReadBiasFile

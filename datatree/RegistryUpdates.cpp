@@ -2,6 +2,7 @@
 #include <initializer_list>
 
 #include "core/ColumnLine.h"
+#include "core/FileThere.h"
 #include "core/FolderLock.h"
 #include "core/LineWriter.h"
 #include "core/Text.h"
@@ -83,7 +84,7 @@ void UpdateHisFileAdd(const std::string& system, const std::string& location, co
         const std::string path = Global().Init_path + system + ".HIS";
         const std::string heading = system + "\\" + location + "\\" + type + "\\" + epoch;
         const std::string event = ColumnLine().At(5, "Created").At(17, date).At(31, usage).Text();
-        if (!FileExists(path)) {
+        if (!Drives::IsFile(path)) {
             const List1<std::string> lines{"             DATA FILESYSTEM HISTORY",
                                            "",
                                            "Subdirectory                  Usage",

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "input/CreateInput.h"
 
+#include "core/FileThere.h"
 #include "core/PathType.h"
 #include "core/ReportError.h"
 #include "core/Text.h"
@@ -124,7 +125,7 @@ std::string GetInputFileName(const std::string& folder) {
         name = BeforeFirstPoint(UpperCase(Trim(answer.value_or(""))));
         if (name.empty())
             return "";
-        if (!FileExists(folder + name + ".INP") || MayOverwrite(name))
+        if (!Drives::IsFile(folder + name + ".INP") || MayOverwrite(name))
             return name + ".INP";
     }
 }

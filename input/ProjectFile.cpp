@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/Drives.h"
+#include "core/FileThere.h"
 #include "core/ProfileStore.h"
 #include "core/ReportError.h"
 #include "core/Text.h"
@@ -121,7 +122,7 @@ bool SaveProject(InputScreen& screen, const InputServices& services) {
         const std::optional<std::string> path = AskProject(FileDialog::Kind::Save);
         if (!path || path->empty())
             return;
-        if ((FileExists(*path) && !MayOverwrite(*path)) || !MayLose(ListsOf(screen))) {
+        if ((Drives::IsFile(*path) && !MayOverwrite(*path)) || !MayLose(ListsOf(screen))) {
             services.ShowStatus("Project " + *path + " NOT saved");
             return;
         }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/Drives.h"
+#include "core/FileThere.h"
 #include "core/Globals.h"
 #include "core/LineWriter.h"
 #include "core/ReportError.h"
@@ -27,9 +28,10 @@ void AngleLines(const Parameters& p, std::vector<std::string>& lines) {
 }
 
 void ProvideHeights(const std::string& folder, Guard& guard) {
-    if (!FileExists(folder + "HEIGHTS.DAT"))
-        guard.Run(
-            [&] { Drives::CopyFile(AppPath() + "samples\\temp\\HEIGHTS.DAT", folder + "HEIGHTS.DAT"); });
+    guard.Run([&] {
+        if (!Drives::IsFile(folder + "HEIGHTS.DAT"))
+            Drives::CopyFile(AppPath() + "samples\\temp\\HEIGHTS.DAT", folder + "HEIGHTS.DAT");
+    });
 }
 
 void DistanceLines(const Parameters& p, std::vector<std::string>& lines) {

@@ -39,8 +39,8 @@ int FindDataType(const List1<DataType>& types, const std::string& path) {
 
 std::string ReadTypeKey(const std::string& dataTypeName, const std::string& extension,
                         const std::string& suffix) {
-    const std::string value = IniReadString(DataTypeProfile, dataTypeName, extension + suffix);
-    return value.empty() ? IniReadString(DataTypeProfile, "File Types", extension + suffix) : value;
+    const std::string value = IniReadStringOrRaise(DataTypeProfile, dataTypeName, extension + suffix);
+    return value.empty() ? IniReadStringOrRaise(DataTypeProfile, "File Types", extension + suffix) : value;
 }
 
 UploadKeys ReadUploadKeys(const std::string& dataTypeName, const std::string& extension) {

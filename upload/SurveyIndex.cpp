@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/ColumnLine.h"
+#include "core/FileThere.h"
 #include "core/FolderLock.h"
 #include "core/Globals.h"
 #include "core/LineReader.h"
@@ -35,7 +36,7 @@ std::string OfferNewIndex(const std::string& folder, bool& created) {
     created = true;
     std::string name = IndexNameFor(folder);
     const FolderLock lock(folder);
-    if (!FileExists(folder + name))
+    if (!Drives::IsFile(folder + name))
         WriteSrvNew(folder, name);
     return name;
 }

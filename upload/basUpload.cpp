@@ -6,6 +6,7 @@
 #include <set>
 
 #include "core/Drives.h"
+#include "core/FileThere.h"
 #include "core/FolderLock.h"
 #include "core/LineReader.h"
 #include "core/LineWriter.h"
@@ -20,10 +21,6 @@ namespace Dorvane {
 
 namespace {
 
-std::string ContentOf(const std::string& path) {
-    return FileExists(path) ? Drives::ReadFile(path) : "";
-}
-
 std::string LinesOf(const std::string& path) {
     std::string lines;
     LineReader source(path);
@@ -37,7 +34,7 @@ std::string IndexWith(const UploadJob& job) {
     if (point == 0)
         throw RunTimeError(InvalidProcedureCall);
     const std::string base = Left(job.TargetName, point - 1);
-    return WithLines(ContentOf(job.ToPath + job.SurveyIndexName),
+    return WithLines(Drives::ReadFileIfThere(job.ToPath + job.SurveyIndexName),
                      SurveyIndexLine(base, Mid(job.TargetName, point + 1), base, job.FileDate));
 }
 
@@ -67,7 +64,7 @@ bool MayExtend(const UploadJob& job, const UploadKeys& keys) {
 // Where that cannot be done nothing is: the single steps tell which of them fails, and leave what is done.
 UploadedFile PlaceListed(const UploadJob& job, const UploadKeys& keys) {
     UploadedFile file;
-    const bool exists = FileExists(job.ToPath + job.TargetName);
+    const bool exists = Drives::IsFile(job.ToPath + job.TargetName);
     if (!keys.InSurveyIndex || (exists && !MayExtend(job, keys)))
         return file;
     try {
@@ -96,7 +93,7 @@ UploadedFile Place(const UploadJob& job, const UploadKeys& keys, Guard& guard) {
     const bool looked = guard.Run([&] {
         const FolderLock lock(job.ToPath);
         file = PlaceListed(job, keys);
-        exists = file.Placed == Placing::Failed && FileExists(job.ToPath + job.TargetName);
+        exists = file.Placed == Placing::Failed && Drives::IsFile(job.ToPath + job.TargetName);
         if (file.Placed != Placing::Failed || exists)
             return;
         Drives::CopyFile(job.FromPath + job.FileName, job.ToPath + job.TargetName);
@@ -180,7 +177,7 @@ bool AppendDataFile(const std::string& fromPath, const std::string& toPath, cons
         appended = guard.Run([&] {
             const FolderLock lock(toPath);
             const std::string target = toPath + fileName;
-            const std::string former = ContentOf(target);
+            const std::string former = Drives::ReadFileIfThere(target);
             Drives::WriteFile(target, WithLines(former, LinesOf(fromPath + fileName), AppendTo::LastLine));
         });
     });

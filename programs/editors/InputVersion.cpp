@@ -6,6 +6,7 @@
 
 #include "adjustment/Versions.h"
 #include "core/Drives.h"
+#include "core/FileThere.h"
 #include "core/FolderLock.h"
 #include "core/RunTimeError.h"
 #include "core/Text.h"
@@ -29,10 +30,6 @@ std::string VersionPath(const std::string& folder, const std::string& base, cons
 
 std::string TwoDigits(int number) {
     return Right("0" + std::to_string(number), 2);
-}
-
-std::string ReadIfThere(const std::string& path) {
-    return FileExists(path) ? Drives::ReadFile(path) : "";
 }
 
 std::string NoteOf(const InputVersion& input, const std::vector<Fate>& fates, const std::string& comment) {
@@ -69,7 +66,7 @@ InputVersion OpenInputVersion(const std::string& path) {
     if (!input.File.Exists)
         throw RunTimeError(FileNotFound, input.File.Path);
     input.Problem = ReadInputRows(input.File.Content, input.Text);
-    input.Kinds = KindsOf(input.Text, ReadIfThere(input.Folder + input.Base + ".ORG"));
+    input.Kinds = KindsOf(input.Text, Drives::ReadFileIfThere(input.Folder + input.Base + ".ORG"));
     if (input.Version.empty())
         return input;
     input.Note = OpenEditedFile(VersionPath(input.Folder, input.Base, input.Version, "VER"));

@@ -10,6 +10,7 @@
 
 #include "core/Desktop.h"
 #include "core/Drives.h"
+#include "core/FileThere.h"
 #include "core/Globals.h"
 #include "core/ReportError.h"
 #include "core/basGeneral.h"
@@ -214,7 +215,7 @@ bool frmEditText::SaveAs() {
         const std::optional<std::string> path = TheDesktop().AskFile(dialog);
         if (!path || path->empty())
             return;
-        if (*path != File.Path && FileExists(*path) &&
+        if (*path != File.Path && Drives::IsFile(*path) &&
             !ConfirmText(*path + " is there already. Replace it?", Answer::No))
             return;
         saved = guard.Run([&] { SaveTextFileAs(File, *path); });

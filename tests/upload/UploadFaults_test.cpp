@@ -53,6 +53,21 @@ TEST_F(UploadFaults, AFullDiskLeavesNoCopyNoIndexLineAndTheSource) {
     });
 }
 
+TEST_F(UploadFaults, AProfileThatCannotBeReadUploadsNothing) {
+    PutSource("DAY1.LEV", "day 1");
+    SetAccess("C:\\WINDOWS\\dv_datatype.ini", 0600);
+    SetAccess(To, 0777);
+    SetAccess(From, 0777);
+    AsNobody([] {
+        ScriptedDesktop desktop;
+        desktop.ExpectMessageTitled("Program Error");
+        EXPECT_FALSE(Upload("DAY1.LEV"));
+        EXPECT_EQ(LastReport(desktop), "70 Dorvane-basUpload-UploadFile");
+    });
+    EXPECT_EQ(AllFiles(To), Names{Index});
+    EXPECT_EQ(AllFiles(From), Names{"DAY1.LEV"});
+}
+
 TEST_F(UploadFaults, YesAtAFullDiskCopiesAgainOnceThereIsRoom) {
     const std::string content(40'000, 'x');
     PutSource("DAY1.LEV", content);
