@@ -68,20 +68,25 @@ std::int16_t CallPackage(VarnState& state, AdjustmentPackage& package, std::stri
     return result;
 }
 
-// Shows which files are there as soon as the package has done, however it came back.
-struct FileCheck {
-    FileCheck(VarnState& state, const RunFiles& files) : State(state), Files(files) {}
-    ~FileCheck() {
-        if (Files.IsNew())
-            State.MadeListing = Files.Listing;
-        ShowFilesPresent(State);
-    }
-    FileCheck(const FileCheck&) = delete;
-    FileCheck& operator=(const FileCheck&) = delete;
+void ShowFiles(VarnState& state, const RunFiles& files) {
+    if (files.IsNew())
+        state.MadeListing = files.Listing;
+    ShowFilesPresent(state);
+}
 
-    VarnState& State;
-    const RunFiles& Files;
-};
+// Which files are there is shown as soon as the package has done, however it came back.
+std::int16_t CallAndShow(VarnState& state, AdjustmentPackage& package, const VarnRunView& view,
+                         const RunFiles& files) {
+    std::int16_t result = 0;
+    try {
+        result = CallPackage(state, package, files.Input, view);
+    } catch (...) {
+        ShowFiles(state, files);
+        throw;
+    }
+    ShowFiles(state, files);
+    return result;
+}
 
 // Ends the look of waiting however the run is left.
 struct Waiting {
@@ -111,11 +116,7 @@ void FinishGood(const VarnState& state, const RunFiles& files) {
 }
 
 void Run(VarnState& state, AdjustmentPackage& package, const VarnRunView& view, const RunFiles& files) {
-    std::int16_t result = 0;
-    {
-        const FileCheck check(state, files);
-        result = CallPackage(state, package, files.Input, view);
-    }
+    const std::int16_t result = CallAndShow(state, package, view, files);
     if (result == 0)
         FinishGood(state, files);
     else if (files.IsOlder())

@@ -29,6 +29,7 @@ constexpr milliseconds LongestPause{40};
 constexpr milliseconds Patience{400};
 
 struct HeldFolder {
+    std::string LockPath;  // made when it is taken: what lets it go must not fail
     std::intptr_t Handle = -1;
     int Times = 0;
 };
@@ -114,11 +115,14 @@ FolderLock::~FolderLock() {
 }
 
 void FolderLock::Take(const std::string& hostFolder, const std::string& folder) {
+    Held.reserve(Held.size() + 1);
+    std::string own = hostFolder;
     HeldFolder& held = HeldFolders()[hostFolder];
     Host::LockTry taken;
     if (held.Times == 0) {
         try {
-            taken = WaitForLock(hostFolder + LockName, folder);
+            held.LockPath = hostFolder + LockName;
+            taken = WaitForLock(held.LockPath, folder);
         } catch (...) {
             HeldFolders().erase(hostFolder);
             throw;
@@ -126,7 +130,7 @@ void FolderLock::Take(const std::string& hostFolder, const std::string& folder) 
         held.Handle = taken.Handle;
     }
     ++held.Times;
-    Held.push_back(hostFolder);
+    Held.push_back(std::move(own));
     if (taken.State == Host::LockState::Held)
         ClearUp(folder, hostFolder, !taken.Holder.empty());
 }
@@ -137,7 +141,7 @@ void FolderLock::Release() {
         if (--held->second.Times > 0)
             continue;
         if (held->second.Handle != -1)
-            Host::Unlock(held->second.Handle, held->first + LockName);
+            Host::Unlock(held->second.Handle, held->second.LockPath);
         HeldFolders().erase(held);
     }
 }

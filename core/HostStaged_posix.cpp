@@ -36,10 +36,16 @@ int OpenNew(const std::string& staged, const std::string& target) {
         const int file = open(staged.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
         if (file >= 0) {
             // Another one may have taken it for remains before it was locked.
-            if (LockWhole(file) != Locking::Busy && IsStill(staged, file))
+            const bool locked = LockWhole(file) != Locking::Busy;
+            errno = 0;
+            if (locked && IsStill(staged, file))
                 return file;
+            const int failure = errno;
             close(file);
-            return -1;
+            if (!locked || failure == 0 || failure == ENOENT)
+                return -1;
+            unlink(staged.c_str());
+            Raise(failure, HostAction::Write, target);
         }
         if (errno != EEXIST)
             Raise(errno == ENOENT ? ENOTDIR : errno, HostAction::Write, target);

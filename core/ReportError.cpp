@@ -49,7 +49,7 @@ ActionCode CodeOf(Answer answer) {
 std::string HelpFileIfThere() {
     try {
         return HelpFile();
-    } catch (const RunTimeError&) {
+    } catch (const std::exception&) {
         return "";
     }
 }
@@ -100,7 +100,7 @@ ActionCode ReportError(const RunTimeError& error, std::string_view procedure) {
     const Answer answer = TheDesktop().ShowMessage(MessageFor(error, source));
     try {
         AppendToLog(error, source);
-    } catch (const RunTimeError&) {
+    } catch (const std::exception&) {
         // A program folder that cannot be written must not turn one failure into two: the dialog has told it.
     }
     return KnownText(error.Number).empty() ? UnknownError : CodeOf(answer);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <new>
 #include <stdexcept>
 
 #include "core/Drives.h"
@@ -63,6 +64,21 @@ TEST_F(ReportErrorTest, MapsTheAnswersToTheActionCodes) {
     for (const auto& [answer, code] : answers) {
         Screen.ExpectMessageTitled("Program Error", answer);
         EXPECT_EQ(ReportError(RunTimeError(DiskFull), "basRead-X"), code);
+    }
+}
+
+TEST_F(ReportErrorTest, TellsALackOfMemoryAsError7AndLeavesTheProcedure) {
+    const std::string text = "Error : 7\r\n\r\nDescription : Out of memory\r\n\r\nSource : Dorvane-basRead-X";
+    for (const bool asStatement : {false, true}) {
+        Screen.ExpectMessage("Program Error", text);
+        bool wentOn = false;
+        EXPECT_FALSE(Guarded("basRead-X", [&](Guard& guard) {
+            if (!asStatement)
+                throw std::bad_alloc();
+            guard.Run([] { throw std::bad_alloc(); });
+            wentOn = true;
+        }));
+        EXPECT_FALSE(wentOn);
     }
 }
 
