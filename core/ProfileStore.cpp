@@ -111,7 +111,13 @@ std::optional<std::string> FindValue(const std::string& path, std::string_view s
 // nowhere else for that.
 std::string ProfileFolder() {
     const std::string folder = "C:\\WINDOWS\\";
-    return Drives::HasDrive('C') && Drives::IsThere(folder) ? folder : "";
+    try {
+        return Drives::IsThere(folder) ? folder : "";
+    } catch (const RunTimeError& error) {
+        if (error.Number != DeviceUnavailable)
+            throw;
+        return "";
+    }
 }
 
 std::optional<std::string> FindText(std::string_view file, std::string_view section, std::string_view key) {
