@@ -185,6 +185,8 @@ TEST_F(StructureEdit, WarnsOfNamesThatMisleadUploads) {
     choices.Systems = {levels};
     EXPECT_THAT(ChoiceWarnings(choices),
                 ElementsAre(HasSubstr("Systems: LEVELS holds the name of data type")));
+    EXPECT_EQ(SaveChoices(choices), "");
+    EXPECT_THAT(ChoiceWarnings(choices), IsEmpty()) << "it cannot be renamed any more";
 }
 
 }  // namespace Dorvane::Testing

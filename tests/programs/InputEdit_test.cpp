@@ -206,6 +206,12 @@ TEST(InputRemoval, LeavesWhatIsFixedWithoutEverHavingHadCoordinates) {
     EXPECT_THAT(LostWith(text, {}), IsEmpty());
 }
 
+TEST(InputRemoval, TakesByHandNoRowThatOnlyGoesWithOthers) {
+    const InputText text = Read(SampleInput);
+    for (const char* row : {"40 fixed", "43 pair"})
+        EXPECT_EQ(Left(text, {row}), SampleInput);
+}
+
 TEST(InputRemoval, LeavesThePairsOfATargetThatNoListHolds) {
     const InputText text =
         Read("Theodolite Stations\nA\n\nB\n\nDistances\nA C 10 1\nRelative error point pairs\nA C\n");
@@ -418,6 +424,19 @@ TEST_F(InputVersionTest, NeverWritesOverTheMaster) {
 TEST_F(InputVersionTest, OpensTheInputFileOfTaggedRows) {
     for (const char* name : {"NET.ORG", "net.org"})
         EXPECT_EQ(UpperCase(OpenInputVersion(Folder + name).File.Path), UpperCase(Folder + "NET.INP"));
+}
+
+TEST_F(InputVersionTest, TakesTheKindsOfAVersionFromTheTaggedRowsOfItsMaster) {
+    PutFile(Folder + "NET.ORG", "DST ST1        P8             80.00000   0.00100\r\n");
+    PutFile(Folder + "NET_v01.INP", SampleInput);
+    for (const char* name : {"NET.INP", "NET_v01.INP"}) {
+        const InputVersion input = OpenInputVersion(Folder + name);
+        for (std::size_t i = 0; i < input.Text.Rows.size(); ++i) {
+            if (input.Text.Rows[i].Line == 27) {
+                EXPECT_EQ(input.Kinds[i], NoteKind::Distance) << name;
+            }
+        }
+    }
 }
 
 TEST_F(InputVersionTest, TakesANameWithADifferentEndingForAMaster) {

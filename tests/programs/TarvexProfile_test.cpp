@@ -104,4 +104,10 @@ TEST_F(TarvexProfileTest, ListsEachMissingFolderOnce) {
     MakeFolderPath("D:\\NEW\\A\\");
 }
 
+TEST_F(TarvexProfileTest, EndsAFolderInABackslashAndLeavesNoneEmpty) {
+    EXPECT_EQ(WithBackslash("D:\\A"), "D:\\A\\");
+    EXPECT_EQ(WithBackslash("D:\\A\\"), "D:\\A\\");
+    EXPECT_EQ(WithBackslash(""), "");
+}
+
 }  // namespace Dorvane::Testing

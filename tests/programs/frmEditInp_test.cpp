@@ -138,6 +138,18 @@ TEST_F(frmEditInpTest, TakesAStationWithItsObservationsAndGivesThemBack) {
     EXPECT_EQ(TextOf(*Form, "lblSummary"), "Nothing is left out.");
 }
 
+TEST_F(frmEditInpTest, CountsTheOneRowThatGoesWithAPoint) {
+    PutFile(Folder + "NET.INP",
+            "Object Points\r\nP1        1.0 2.0 3.0\r\nP2\r\n\r\nEND\r\nDistances\r\n"
+            "P2        P1           10.00000   0.00100\r\nEND\r\nFixed Coordinates\r\nP1\r\nEND\r\n");
+    Open("NET.INP");
+    Tick("trvPoints", "P1");
+    EXPECT_EQ(
+        TextOf(*Form, "lblSummary"),
+        "Left out: 0 stations, 1 point, 1 row of observations and 1 row of fixed points or pairs that go "
+        "with them");
+}
+
 TEST_F(frmEditInpTest, TakesAllRowsOfAStationByItsOwnTick) {
     Open("NET.INP");
     Tick("trvTotal", "ST1", "P8");

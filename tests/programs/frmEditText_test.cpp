@@ -269,7 +269,12 @@ TEST_F(frmEditTextTest, ZoomsAndKeepsTheSize) {
     Choose(*Form, "mnuClose");
     Open("x");
     EXPECT_EQ(View().FontPoints(), points + 2);
-    Choose(*Form, "mnuZoomOut");
+    for (int i = 0; i < 60; ++i)
+        Choose(*Form, "mnuZoomOut");
+    EXPECT_EQ(View().FontPoints(), 5);
+    for (int i = 0; i < 60; ++i)
+        Choose(*Form, "mnuZoomIn");
+    EXPECT_EQ(View().FontPoints(), 48);
     Choose(*Form, "mnuZoomReset");
     EXPECT_EQ(View().FontPoints(), points);
 }
