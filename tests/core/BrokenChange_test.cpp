@@ -106,7 +106,9 @@ TEST_F(BrokenChanges, WithADamagedNoteChangeNothing) {
     for (const std::string& content :
          {std::string(), std::string("DORVANE CHANGE 1\r\nFILE\t\\A.TXT"),
           "DORVANE CHANGE 1\r\nFILE\t\\A.TXT.dv~\t\\A.TXT\t" + SumOf("new a") + "\r\n",
-          std::string("something else\r\nEND\r\n"), std::string(3, '\0')}) {
+          std::string("something else\r\nEND\r\n"),
+          "DORVANE CHANGE 9\r\nFILE\t\\A.TXT.dv~\t\\A.TXT\t" + SumOf("new a") + "\r\nEND\r\n",
+          std::string(3, '\0')}) {
         PutFile(ChangeNotePath(Folder), content);
         Hold();
         EXPECT_EQ(FileContent(Folder + "A.TXT"), "old a");

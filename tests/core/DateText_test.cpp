@@ -7,6 +7,18 @@
 
 namespace Dorvane {
 
+TEST(DateText, KnowsNoHourZeroOfTwelve) {
+    EXPECT_EQ(SecondsOf("", "12:00:00 AM"), 0);
+    for (const char* time : {"0:00:00 PM", "0:30:00 AM", "13:00:00 PM"}) {
+        try {
+            SecondsOf("", time);
+            ADD_FAILURE() << time;
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.Number, TypeMismatch);
+        }
+    }
+}
+
 TEST(DateText, ShowsTheFormatsOfTheSystem) {
     const DateTime moment{2026, 3, 7, 15, 4, 5};
     EXPECT_EQ(ShortDate(moment), "3/7/2026");

@@ -231,6 +231,15 @@ TEST_F(General, PauseForYieldsUntilItsTime) {
     screen.OnYield = [&] { ++screen.Clock.Second; };
     EXPECT_EQ(PauseFor(0, 3), 0);
     EXPECT_EQ(screen.Yields, 3);
+    screen.Yields = 0;
+    screen.Clock.Second = 0;
+    screen.OnYield = [&] {
+        screen.Clock.Second += 30;
+        screen.Clock.Minute += screen.Clock.Second / 60;
+        screen.Clock.Second %= 60;
+    };
+    EXPECT_EQ(PauseFor(2, 30), 0);
+    EXPECT_EQ(screen.Yields, 5);
 }
 
 TEST_F(General, PauseForEndsWhenItIsCancelledAndTakesTheFlagBack) {
