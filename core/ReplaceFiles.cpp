@@ -2,6 +2,7 @@
 #include "core/ReplaceFiles.h"
 
 #include <list>
+#include <new>
 #include <optional>
 
 #include "core/ChangeNote.h"
@@ -45,6 +46,10 @@ class Work {
         } catch (RunTimeError& error) {
             TakeBack(error);
             throw;
+        } catch (const std::bad_alloc&) {
+            RunTimeError error(OutOfMemory);
+            TakeBack(error);
+            throw error;
         }
         DropNote();
     }

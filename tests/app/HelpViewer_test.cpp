@@ -197,8 +197,10 @@ TEST_F(Help, OpensAtThePageAboutAScreenAndAtThePlaceOnIt) {
     EXPECT_EQ(url.fileName(), QStringLiteral("input.html"));
     EXPECT_EQ(url.fragment(), QStringLiteral("weights"));
     EXPECT_TRUE(Viewer().isVisible());
+    ShowHelpIndex("Main");
     ShowHelpOf("frmVarn");
     EXPECT_EQ(Page(), QStringLiteral("adjustment.html"));
+    EXPECT_EQ(Tab(), QStringLiteral("&Contents"));
 }
 
 TEST_F(Help, ClosesTheFindBarByEscapeAndThenItself) {

@@ -59,16 +59,16 @@ bool OwnListing(const std::string& content, const std::string& after) {
 const StepPromise Promises[] = {
     {"survey", EachByItself, AllButRegistries, All},
     {"location", DatabaseAndBias, All, All},
-    {"profile", AllTogether, All, All, nullptr, false, true, true},
+    {"profile", AllTogether, All, All, nullptr, false},
     {"upload", ByDrive, All, OnTheDataDrive, nullptr, true, false},
     {"upload more", ByDrive, All, OnTheDataDrive, nullptr, true, false},
-    {"append", AllTogether, All, All, nullptr, true, false, true},
-    {"parameters", AllTogether, All, All, BeginningOf, true, true, true},
+    {"append", AllTogether, All, All, nullptr, true, false},
+    {"parameters", AllTogether, All, All, BeginningOf},
     {"input", ByDrive, All, OnTheDataDrive},
-    {"xyz", AllTogether, All, All, nullptr, true, true, true},
-    {"inu", AllTogether, All, All, nullptr, true, true, true},
-    {"dbs", AllTogether, All, All, nullptr, true, true, true},
-    {"adjust", AllTogether, All, All, OwnListing, true, true, true, 3},
+    {"xyz", AllTogether, All, All},
+    {"inu", AllTogether, All, All},
+    {"dbs", AllTogether, All, All},
+    {"adjust", AllTogether, All, All, OwnListing, true, true, 3},
     {"update", AllTogether, All, All, nullptr, true, false},
     {"update click", BackupAndDatabase, All, All},
     {"backup", AllTogether, All, All},
@@ -88,7 +88,7 @@ const KindOfFault Kinds[] = {{"write", ENOSPC}, {"sync", EIO},  {"rename", EIO},
 class EachStep : public testing::TestWithParam<StepPromise> {
   protected:
     void Try(const Fault& fault) {
-        for (const std::string& blame : JudgesFiles ? Step.Run(fault) : Step.RunToItsEnd(fault))
+        for (const std::string& blame : Step.Run(fault))
             ADD_FAILURE() << blame;
         Met += Step.WasMet() ? 1 : 0;
     }
@@ -102,7 +102,6 @@ class EachStep : public testing::TestWithParam<StepPromise> {
     }
 
     Trials Step{GetParam()};
-    bool JudgesFiles = true;
     int Met = 0;
 };
 
@@ -133,10 +132,7 @@ TEST_P(EachStep, IsCompletedByItsRepeatWhereverItWasKilled) {
 
 // A sanitizer has a memory of its own, which never runs out here.
 #ifndef __SANITIZE_ADDRESS__
-// A change of several files that memory fails in its middle is not taken back; one of a single file needs not
-// be.
 TEST_P(EachStep, GoesOnWhereMemoryRunsOutAndTellsIt) {
-    JudgesFiles = GetParam().OfOneFile;
     TryCalls("memory", ENOMEM);
     EXPECT_GT(Met, 0);
 }

@@ -197,10 +197,6 @@ std::vector<std::string> Trials::Run(const Fault& fault) {
     return BlamesOf(fault, outcome);
 }
 
-std::vector<std::string> Trials::RunToItsEnd(const Fault& fault) {
-    return BlamesOf(fault, Begin(fault));
-}
-
 std::vector<std::string> Trials::BlamesOf(const Fault& fault, const Outcome& outcome) {
     std::vector<std::string> blames = std::move(Blames);
     for (std::string& blame : blames) {

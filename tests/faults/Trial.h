@@ -46,8 +46,7 @@ struct StepPromise {
     bool (*MayLeave)(const std::string& content, const std::string& after) = nullptr;
     bool TellsFailures = true;
     bool MayBeRepeated = true;  // when it is done already
-    bool OfOneFile = false;
-    long MostCalls = 8;  // of a kind that are tried by default
+    long MostCalls = 8;         // of a kind that are tried by default
 };
 
 /// By which the test runner names it.
@@ -65,9 +64,6 @@ class Trials {
 
     /// What was not as it should be; empty when all was.
     std::vector<std::string> Run(const Fault& fault);
-
-    /// The same without a look at the files: only how the program ended and what it told.
-    std::vector<std::string> RunToItsEnd(const Fault& fault);
 
     /// Calls of an undisturbed run.
     const std::map<std::string, long>& Calls() const { return Undisturbed.Calls; }
