@@ -86,6 +86,7 @@ TEST_F(Navigation, ANoticeIsFollowedByWhatWaitsForItsEnd) {
     Navigator.OpenConstruct("Title", "Text", [&] { followed = true; });
     HandleEvents();
     EXPECT_FALSE(followed);
+    EXPECT_EQ(TextOf(Only("frmConstruct")), "Title");
     Click(Only("frmConstruct"), "cmdHome");
     HandleEvents();
     EXPECT_TRUE(followed);

@@ -40,6 +40,7 @@ TEST_F(SharedWaits, SayForWhomIsWaitedAndMoveTheMeter) {
     EXPECT_TRUE(wait->GoOn("D:\\A\\ is being changed by m\xE4yer <b> on ws3"));
     ASSERT_NE(Window(), nullptr);
     EXPECT_EQ(TextOf(*Window(), "lblHolder"), "D:\\A\\ is being changed by m\xE4yer <b> on ws3");
+    EXPECT_EQ(Control<QLabel>(*Window(), "lblHolder").textFormat(), Qt::PlainText);
     EXPECT_EQ(Window()->findChild<QProgressBar*>()->maximum(), 0);
     EXPECT_TRUE(wait->GoOn("D:\\A\\ is being changed by another workstation"));
     EXPECT_EQ(TextOf(*Window(), "lblHolder"), "D:\\A\\ is being changed by another workstation");

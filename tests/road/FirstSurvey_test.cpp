@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "core/Drives.h"
 #include "core/Globals.h"
 #include "core/Host.h"
 #include "core/ProfileStore.h"
@@ -128,6 +129,18 @@ TEST_F(NewWorkstation, OffersNoEpochTwiceAndSharesTheProjectFolder) {
     EXPECT_THAT(FileLines("D:\\TARVEX\\INIT\\DAM.PTH"),
                 ElementsAre(" *       DAM       NORTH     TOTAL     SRV01"));
     Click(Screen("frmTree"), "cmdHome");
+}
+
+TEST_F(NewWorkstation, CompletesADatabaseWithTheNextSurvey) {
+    Start();
+    LayDownStructures();
+    AddSurvey("NORTH", {"TOTAL"}, "SRV01", "First");
+    const std::string data = FileContent("D:\\TARVEX\\COORD\\NORTH\\3DIM.DAT");
+    for (const char* file : {"3DIM.DAT", "NORTH.REF"})
+        Drives::DeleteFile(std::string("D:\\TARVEX\\COORD\\NORTH\\") + file);
+    AddSurvey("NORTH", {"TOTAL"}, "SRV02", "Second");
+    EXPECT_EQ(FileContent("D:\\TARVEX\\COORD\\NORTH\\3DIM.DAT"), data);
+    EXPECT_TRUE(FileExists("D:\\TARVEX\\COORD\\NORTH\\NORTH.REF"));
 }
 
 TEST_F(NewWorkstation, RefusesASecondCopyInWordsAndTouchesNothing) {
