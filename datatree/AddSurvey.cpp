@@ -22,11 +22,15 @@ bool MakeMissingFolder(Guard& guard, const std::string& path) {
     return true;
 }
 
+// What a survey that broke off has entered already is not entered again.
 void Register(const SurveyAnswer& survey, const List1<std::string>& types) {
     const std::string today = DashedDate(TheDesktop().Now());
     for (const std::string& type : types) {
-        UpdatePthFileAdd(survey.Root, survey.Location, type, survey.Epoch);
-        UpdateHisFileAdd(survey.Root, survey.Location, type, survey.Epoch, survey.NewHistory, today);
+        const bool registered = IsRegistered(survey, type);
+        if (!registered)
+            UpdatePthFileAdd(survey.Root, survey.Location, type, survey.Epoch);
+        if (!registered || !IsInHistory(survey, type))
+            UpdateHisFileAdd(survey.Root, survey.Location, type, survey.Epoch, survey.NewHistory, today);
     }
 }
 

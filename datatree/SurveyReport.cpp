@@ -33,6 +33,21 @@ std::int64_t CountLines(const std::string& path) {
     }
 }
 
+// Whether a file has a line of which the test is true.
+template <class Test>
+bool HasLine(const std::string& path, const Test& test) {
+    try {
+        if (!FileExists(path))
+            return false;
+        LineReader file(path);
+        while (!file.AtEnd())
+            if (test(file.ReadLine()))
+                return true;
+    } catch (const RunTimeError&) {
+    }
+    return false;
+}
+
 std::vector<std::string> FilesIn(const std::string& folder) {
     std::vector<std::string> names;
     try {
@@ -69,8 +84,26 @@ std::string SurveyName(const SurveyAnswer& survey) {
 
 }  // namespace
 
+bool IsRegistered(const SurveyAnswer& survey, const std::string& type) {
+    return HasLine(Global().Init_path + survey.Root + ".PTH", [&](std::string_view line) {
+        const auto name = [&](int column) { return UpperCase(Trim(Mid(line, column, 8))); };
+        return name(10) == survey.Root && name(20) == survey.Location && name(30) == type &&
+               name(40) == survey.Epoch;
+    });
+}
+
+bool IsInHistory(const SurveyAnswer& survey, const std::string& type) {
+    const std::string heading = survey.Root + "\\" + survey.Location + "\\" + type + "\\" + survey.Epoch;
+    return HasLine(Global().Init_path + survey.Root + ".HIS",
+                   [&](std::string_view line) { return UpperCase(Trim(line)) == heading; });
+}
+
 SurveyStock::SurveyStock(const SurveyAnswer& survey, const List1<std::string>& types)
-    : Types(types.Count()),
+    : Survey(survey),
+      Names(types),
+      Types(types.Count()),
+      Registered(static_cast<int>(std::count_if(
+          types.begin(), types.end(), [&](const std::string& type) { return IsRegistered(survey, type); }))),
       Registry(Global().Init_path + survey.Root + ".PTH"),
       History(Global().Init_path + survey.Root + ".HIS"),
       RegistryLines(CountLines(Registry)),
@@ -104,6 +137,7 @@ SurveyReport SurveyStock::Compare() const {
     SurveyReport report;
     CompareLines(report, Registry, RegistryLines, true);
     CompareLines(report, History, HistoryLines, false);
+    CompareHistory(report);
     for (const Thing& thing : Things) {
         const bool isThere = thing.Path.back() == '\\' ? IsFolder(thing.Path) : FileExists(thing.Path);
         if (thing.WasThere)
@@ -121,8 +155,19 @@ void SurveyStock::CompareLines(SurveyReport& report, const std::string& path, st
     const std::int64_t added = CountLines(path) - before;
     if (added > 0)
         report.Made.push_back(fmt::format("{} line{} in {}", added, added == 1 ? "" : "s", FileNameOf(path)));
-    if (ofEachType && added < Types)
-        report.Lacking.push_back(fmt::format("{} of {} lines in {}", Types - added, Types, FileNameOf(path)));
+    if (ofEachType && Registered > 0)
+        report.Found.push_back(
+            fmt::format("{} line{} in {}", Registered, Registered == 1 ? "" : "s", FileNameOf(path)));
+    const int needed = Types - Registered;
+    if (ofEachType && added < needed)
+        report.Lacking.push_back(
+            fmt::format("{} of {} lines in {}", needed - added, needed, FileNameOf(path)));
+}
+
+void SurveyStock::CompareHistory(SurveyReport& report) const {
+    for (const std::string& type : Names)
+        if (!IsInHistory(Survey, type))
+            report.Lacking.push_back("the entry of " + type + " in " + FileNameOf(History));
 }
 
 void SurveyStock::CompareCoordinateFiles(SurveyReport& report) const {

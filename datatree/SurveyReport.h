@@ -19,6 +19,11 @@ struct SurveyReport {
     std::vector<std::string> Lacking;
 };
 
+/// True when the registry of the survey's system has its line for a data type, or its history the heading. A
+/// file that cannot be read has neither: the step that writes it tells that.
+bool IsRegistered(const SurveyAnswer& survey, const std::string& type);
+bool IsInHistory(const SurveyAnswer& survey, const std::string& type);
+
 /// Takes stock of what a survey needs, before it is added.
 class SurveyStock {
   public:
@@ -37,9 +42,13 @@ class SurveyStock {
     void NeedFile(const std::string& kind, const std::string& path);
     void CompareLines(SurveyReport& report, const std::string& path, std::int64_t before,
                       bool ofEachType) const;
+    void CompareHistory(SurveyReport& report) const;
     void CompareCoordinateFiles(SurveyReport& report) const;
 
+    SurveyAnswer Survey;
+    List1<std::string> Names;  // of the types
     int Types = 0;
+    int Registered = 0;  // of them
     std::string Registry;
     std::string History;
     std::int64_t RegistryLines = 0;

@@ -55,6 +55,28 @@ TEST_F(AddSurvey, RegistersTwoTypesOfOneEpoch) {
               "    Created     11-20-26      First survey\r\n");
 }
 
+TEST_F(AddSurvey, CompletesOneThatBrokeOffWithoutASecondLine) {
+    Add(TwoTypes);
+    const std::string registry = FileContent(Init("DAM.PTH"));
+    const std::string history = FileContent(Init("DAM.HIS"));
+    const SurveyReport again = Add(TwoTypes);
+    EXPECT_EQ(FileContent(Init("DAM.PTH")), registry);
+    EXPECT_EQ(FileContent(Init("DAM.HIS")), history);
+    EXPECT_EQ(again.Found.front(), "2 lines in DAM.PTH");
+    EXPECT_TRUE(again.Lacking.empty());
+
+    // Broken off behind the second line of the registry, and behind the first.
+    PutFile(Init("DAM.HIS"), history.substr(0, history.find("DAM\\NORTH\\TOTAL")));
+    EXPECT_EQ(Add(TwoTypes).Made.front(), "2 lines in DAM.HIS");
+    EXPECT_EQ(FileContent(Init("DAM.PTH")), registry);
+    EXPECT_EQ(FileContent(Init("DAM.HIS")), history);
+    PutFile(Init("DAM.PTH"), registry.substr(0, registry.size() / 2));
+    PutFile(Init("DAM.HIS"), history.substr(0, history.find("DAM\\NORTH\\LEVEL")));
+    EXPECT_TRUE(Add(TwoTypes).Lacking.empty());
+    EXPECT_EQ(FileContent(Init("DAM.PTH")), registry);
+    EXPECT_EQ(FileContent(Init("DAM.HIS")), history);
+}
+
 TEST_F(AddSurvey, ShowsNothingButItsFoldersWhereTheRegistriesEndInAnEndOfFileMark) {
     PutFile(Init("DAM.PTH"), " *       DAM       NORTH     LEVEL     SRV11\r\n\x1A");
     PutFile(Init("DAM.HIS"),
@@ -178,6 +200,15 @@ TEST_F(AddSurvey, TellsWhatCouldNotBeMade) {
     EXPECT_EQ(Desk.Shown.back().Picture, Icon::Exclamation);
     EXPECT_NE(Desk.Shown.back().Text.find("Could not be made:\r\n    2 of 2 lines in DAM.PTH"),
               std::string::npos);
+}
+
+TEST_F(AddSurvey, TellsTheEntriesThatTheHistoryLacks) {
+    MakeFolders(Init("DAM.HIS\\"));
+    Desk.ExpectMessageTitled("Program Error");
+    Desk.ExpectMessageTitled("Program Error");
+    const SurveyReport report = Add(TwoTypes);
+    EXPECT_EQ(report.Lacking,
+              (std::vector<std::string>{"the entry of LEVEL in DAM.HIS", "the entry of TOTAL in DAM.HIS"}));
 }
 
 TEST_F(AddSurvey, TellsNothingWhereNothingWasDone) {

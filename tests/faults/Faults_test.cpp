@@ -41,7 +41,7 @@ bool OnTheDataDrive(const std::string& path) {
     return path.starts_with("data/");
 }
 
-// A survey that is added again gets its lines again.
+// Where one of their lines fails the others come all the same, and the repeat adds it behind them.
 bool AllButRegistries(const std::string& path) {
     return !path.ends_with(".PTH") && !path.ends_with(".HIS");
 }
