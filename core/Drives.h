@@ -33,9 +33,9 @@ void Open();
 void Open(const std::string& hostFolder);
 
 /// The host's name of a drive path, in the host's encoding. Each part is found ignoring case; parts that do
-/// not exist stand as given; ".." never leaves the drive, and a link does only in one of Globals::LinkFolders.
-/// Error 68 for a drive that is not there, 52 for a path with an illegal character or the name of a device, 70
-/// for such a link.
+/// not exist stand as given; ".." never leaves the drive, and a link does only in one of
+/// Globals::LinkFolders. Error 68 for a drive that is not there, 52 for a path with an illegal character or
+/// the name of a device, 70 for such a link.
 std::string HostPath(std::string_view path);
 
 /// The drive path of a host path, which need not exist: by the drive link that it goes through, or by the
