@@ -11,6 +11,7 @@
 #include "core/RunTimeError.h"
 #include "core/Text.h"
 #include "core/basGeneral.h"
+#include "datatree/RegistryLine.h"
 
 namespace Dorvane {
 
@@ -86,9 +87,8 @@ std::string SurveyName(const SurveyAnswer& survey) {
 
 bool IsRegistered(const SurveyAnswer& survey, const std::string& type) {
     return HasLine(Global().Init_path + survey.Root + ".PTH", [&](std::string_view line) {
-        const auto name = [&](int column) { return UpperCase(Trim(Mid(line, column, 8))); };
-        return name(10) == survey.Root && name(20) == survey.Location && name(30) == type &&
-               name(40) == survey.Epoch;
+        return RegistryName(line, 0) == survey.Root && RegistryName(line, 1) == survey.Location &&
+               RegistryName(line, 2) == type && RegistryName(line, 3) == survey.Epoch;
     });
 }
 

@@ -3,27 +3,22 @@
 
 #include <vector>
 
-#include "core/ColumnLine.h"
 #include "core/Drives.h"
 #include "core/Globals.h"
 #include "core/LineReader.h"
 #include "core/Text.h"
 #include "core/basGeneral.h"
-#include "programs/editors/CodeEntry.h"
+#include "datatree/RegistryLine.h"
 
 namespace Dorvane {
 
 namespace {
 
-constexpr int FirstColumn = 10;
-constexpr int ColumnStep = 10;
-
 // The names of a line of a registry, from the system down.
 std::vector<std::string> NamesOf(std::string_view line, std::size_t depth) {
     std::vector<std::string> names;
     for (std::size_t i = 0; i < depth; ++i)
-        names.push_back(
-            UpperCase(Trim(Mid(line, FirstColumn + static_cast<int>(i) * ColumnStep, LongestCode))));
+        names.push_back(RegistryName(line, static_cast<int>(i)));
     return names;
 }
 

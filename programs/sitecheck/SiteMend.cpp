@@ -130,11 +130,7 @@ void Register(const Finding& finding) {
     if (IsCalibration(names.System))
         return UpdateCalibPthFileAdd(names.System, names.Type, names.Epoch);
     UpdatePthFileAdd(names.System, names.Location, names.Type, names.Epoch);
-    const std::string history = InitFile(names.System, ".HIS");
-    const std::string heading = names.System + "\\" + names.Location + "\\" + names.Type + "\\" + names.Epoch;
-    const std::vector<std::string> lines =
-        FileExists(history) ? LinesOf(history) : std::vector<std::string>();
-    if (std::find(lines.begin(), lines.end(), heading) == lines.end())
+    if (!IsInHistory({names.System, names.Location, "", names.Epoch, ""}, names.Type))
         EnterHistory(names, finding.File);
 }
 

@@ -10,15 +10,13 @@
 #include "core/LineReader.h"
 #include "core/Text.h"
 #include "core/basGeneral.h"
+#include "datatree/RegistryLine.h"
 #include "datatree/basRead.h"
 
 namespace Dorvane {
 
 namespace {
 
-constexpr int FirstColumn = 10;
-constexpr int ColumnStep = 10;
-constexpr int CodeLength = 8;
 constexpr int HistoryHead = 4;
 
 std::string RegistryOf(const SiteSystem& system) {
@@ -197,9 +195,7 @@ std::vector<std::string> LinesOf(const std::string& path) {
 }
 
 SurveyNames NamesOfLine(const std::string& line, bool isCalibration) {
-    const auto code = [&](int place) {
-        return UpperCase(Trim(Mid(line, FirstColumn + place * ColumnStep, CodeLength)));
-    };
+    const auto code = [&](int level) { return RegistryName(line, level); };
     if (isCalibration)
         return {code(0), "", code(1), code(2)};
     return {code(0), code(1), code(2), code(3)};
